@@ -1,0 +1,187 @@
+# shellcheck shell=bash
+# To be sourced by the scripts that run Windows programs: where Wine is, which folder plays the part of the
+# Windows installation ("prefix"), and a display that nobody else types on.
+# The prefixes lie in build/, so the developer's own Wine settings are never touched:
+#   build/wineprefix-base   as Wine made it, never used itself
+#   build/wineprefix        the tests' one, a copy of the base
+#   build/wineprefix-NAME   others (VANDREL_PREFIX=NAME), likewise copies
+
+vandrel_root=$(dirname -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")")
+vandrel_say() { printf '%s: %s\n' "$(basename -- "$0")" "$*" >&2; }
+
+# Wine's loader itself: the `wine` command of Debian is a wrapper that complains about the 32-bit part.
+wine64=
+for wine64_candidate in /usr/lib/wine/wine64 /usr/lib/*/wine/wine64 /usr/bin/wine64 /usr/bin/wine; do
+    if [[ -x $wine64_candidate ]]; then
+        wine64=$wine64_candidate
+        break
+    fi
+done
+wineserver=
+for wine64_candidate in /usr/lib/wine/wineserver64 /usr/lib/*/wine/wineserver64 /usr/lib/*/wine/wineserver /usr/bin/wineserver; do
+    if [[ -x $wine64_candidate ]]; then
+        wineserver=$wine64_candidate
+        break
+    fi
+done
+unset wine64_candidate
+
+VANDREL_PREFIX=${VANDREL_PREFIX-}
+WINEPREFIX=$vandrel_root/build/wineprefix${VANDREL_PREFIX:+-$VANDREL_PREFIX}
+WINEARCH=win64
+WINEDEBUG=${WINEDEBUG--all}
+# No .NET, no HTML engine, no menu entries in the developer's desktop, and a crash ends the program at once
+# instead of starting a debugger that waits for ever.
+WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winedbg.exe=d"
+# The locale decides the ANSI code page, the form of dates and how names on the disk are read: C.UTF-8 is code
+# page 1252, 11/16/2002 and any letter (plain C would take the eighth bit off every letter of a file name).
+LC_ALL=${VANDREL_LC:-C.UTF-8}
+export VANDREL_PREFIX WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LC_ALL
+
+# wait_until SECONDS COMMAND... : try the command until it succeeds, at most so long
+wait_until() {
+    local deadline=$((SECONDS + $1))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        ((SECONDS < deadline)) || return 1
+        sleep 0.05
+    done
+}
+
+# Ends every Wine program of our prefix.
+wine_stop() {
+    [[ -d $WINEPREFIX ]] || return 0
+    timeout -k 5 20 "$wineserver" -k >/dev/null 2>&1 || true
+    timeout -k 5 20 "$wineserver" -w >/dev/null 2>&1 || true
+}
+
+# A server that outlives each program by two minutes: the next program starts in 0.04 s instead of 0.5 s.
+# Wine's own processes are started here, with their output cut off from ours: a program that started them would
+# hand them its output, and whoever reads that (ctest does) would wait until they end.
+wine_server_start() {
+    (
+        flock 9
+        timeout -k 5 20 "$wineserver" -p120 </dev/null >/dev/null 2>&1 9>&- || exit 0 # there is one already
+        if [[ -n ${DISPLAY-} ]]; then
+            timeout -k 5 60 "$wine64" rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1 9>&- || true
+        else
+            timeout -k 5 60 "$wine64" cmd /c exit </dev/null >/dev/null 2>&1 9>&- || true
+        fi
+    ) 9>"$vandrel_root/build/wineprefix.lock"
+}
+
+# Makes the prefix when it is not there. Two callers do not collide: the second waits for the first.
+wine_prefix() {
+    [[ -e $WINEPREFIX/.ready ]] && return
+    if [[ -z $wine64 || -z $wineserver ]]; then
+        vandrel_say "Wine is missing; scripts/setup.sh installs it"
+        return 1
+    fi
+    mkdir -p "$vandrel_root/build"
+    (
+        flock -w 300 9 || { vandrel_say "another caller holds build/wineprefix.lock for too long"; exit 1; }
+        wine_prefix_base 9>&- && wine_prefix_copy 9>&-
+    ) 9>"$vandrel_root/build/wineprefix.lock"
+}
+
+wine_prefix_base() {
+    local base=$vandrel_root/build/wineprefix-base log=$vandrel_root/build/wineprefix.log
+    [[ -e $base/.ready ]] && return
+    rm -rf -- "$base"
+    mkdir -p "$base/home"
+    # HOME is set so that "Documents" and its like do not become links to the developer's own.
+    if ! HOME=$base/home WINEPREFIX=$base timeout -k 5 240 "$wine64" wineboot -i </dev/null >"$log" 2>&1; then
+        vandrel_say "Wine could not set itself up (wineboot -i failed or took over 240 s); see build/wineprefix.log"
+        WINEPREFIX=$base wine_stop
+        return 1
+    fi
+    # The registry is on disk when the server has ended; left alone it ends within seconds.
+    WINEPREFIX=$base timeout -k 5 60 "$wineserver" -w </dev/null >/dev/null 2>&1 || WINEPREFIX=$base wine_stop
+    local link
+    for link in "$base"/drive_c/users/*/*; do
+        [[ ! -L $link ]] || { rm -- "$link" && mkdir -- "$link"; }
+    done
+    touch "$base/.ready"
+}
+
+# Windows' own files (700 MB, which no program changes) are shared by hard links, all else is copied.
+wine_prefix_copy() {
+    local base=$vandrel_root/build/wineprefix-base new=$WINEPREFIX.new
+    [[ -e $WINEPREFIX/.ready ]] && return
+    rm -rf -- "$WINEPREFIX" "$new"
+    mkdir -p "$new/drive_c"
+    cp -al -- "$base/drive_c/windows" "$new/drive_c/windows"
+    tar -C "$base" --exclude=./drive_c/windows -cf - . | tar -C "$new" -xf -
+    mv -- "$new" "$WINEPREFIX"
+}
+
+# As Wine made it: no setting of an earlier run is left.
+wine_prefix_fresh() {
+    wine_stop
+    rm -rf -- "$WINEPREFIX"
+    wine_prefix
+}
+
+# A display of our own when there is none, or when VANDREL_VIRTUAL=1 asks for it; it ends with the calling
+# script (VANDREL_KEEP_DISPLAY=1: it stays). Sets DISPLAY, display_pids and display_is_virtual.
+# shellcheck disable=SC2034 # for the scripts that source this file
+display_is_virtual=0
+display_pids=()
+display_start() {
+    if [[ ${VANDREL_VIRTUAL-} != 1 && -n ${DISPLAY-} ]] && timeout 10 xdpyinfo >/dev/null 2>&1; then
+        return
+    fi
+    local state=$vandrel_root/build/display number with_us=()
+    mkdir -p "$state"
+    state=$(mktemp -d -- "$state/XXXXXX")
+    trap display_stop EXIT
+    trap 'exit 130' INT
+    trap 'exit 143' TERM HUP
+    [[ ${VANDREL_KEEP_DISPLAY-} == 1 ]] || with_us=(setpriv --pdeathsig TERM --)
+    # Xvfb takes the first free number itself and writes it down when it is ready.
+    setsid "${with_us[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset \
+        </dev/null >"$state/xvfb.log" 2>&1 3>"$state/number" &
+    display_pids=("$!")
+    if ! wait_until 20 grep -q . "$state/number"; then
+        tail -n 5 "$state/xvfb.log" >&2 || true
+        vandrel_say "the virtual display did not start within 20 s"
+        return 1
+    fi
+    number=$(<"$state/number")
+    export DISPLAY=:$number
+    unset WAYLAND_DISPLAY XAUTHORITY
+    setsid "${with_us[@]}" env HOME="$state" XDG_CONFIG_HOME="$state" XDG_CACHE_HOME="$state" XDG_DATA_HOME="$state" \
+        openbox --sm-disable --config-file "$vandrel_root/scripts/openbox.xml" </dev/null >"$state/openbox.log" 2>&1 &
+    display_pids=("$!" "${display_pids[@]}")
+    if ! wait_until 20 display_is_managed; then
+        tail -n 5 "$state/openbox.log" >&2 || true
+        vandrel_say "the window manager did not start within 20 s"
+        return 1
+    fi
+    # shellcheck disable=SC2034
+    display_is_virtual=1
+    display_state=$state
+}
+display_is_managed() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+
+display_stop() {
+    local pid
+    for pid in "${display_pids[@]}"; do
+        kill "$pid" 2>/dev/null || true
+        wait_until 5 display_is_gone "$pid" || kill -9 "$pid" 2>/dev/null || true
+    done
+    display_pids=()
+    [[ -z ${display_state-} ]] || rm -rf -- "$display_state"
+}
+display_is_gone() { ! kill -0 "$1"; }
+
+# A picture of the display, once two in a row are alike (at most about five seconds).
+display_picture() { # FILE
+    local last='' now try
+    for ((try = 0; try < 25; try++)); do
+        now=$(import -silent -window root "$1" && identify -format '%#' "$1") || return 1
+        [[ $now == "$last" ]] && return
+        last=$now
+        sleep 0.2
+    done
+}
