@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/dialog.h"
+#include "platform/simple_controls.h"
+#include "shared/options_state.h"
+#include "shared/site_hand_off.h"
+
+namespace vandrel {
+
+// The site editor: name, address and description of one site, new or stored. It talks to its caller through the
+// hand-off alone and stores nothing.
+class frmInput : public Dialog {
+  public:
+    // Loads the dialog. In add mode it takes what it shows from IncomingLink, in edit mode from the SiteEdit
+    // texts; IncomingLink is empty afterwards either way.
+    frmInput(HWND owner, SiteHandOff& handOff, const DisplayFont& font);
+
+    std::vector<Control*> controls() override;
+
+  protected:
+    void layOut() override;
+    void onOk() override { cmdOK_Click(); }
+    void onCancel() override { cmdCancel_Click(); }
+
+  private:
+    void Form_Load(const DisplayFont& font);
+    void cmdBrowse_Click();
+    void cmdOK_Click();
+    void cmdCancel_Click() { unload(); }
+
+    SiteHandOff& handOff_;
+    // Made in the order in which Tab goes through them; each label stands before its box, for screen readers.
+    Label lblName_;
+    TextBox txtName_;
+    Label lblAddress_;
+    TextBox txtAddress_;
+    Label lblDescription_;
+    TextBox txtDescription_;
+    Button cmdOK_;
+    Button cmdCancel_;
+    Button cmdBrowse_;
+    Frame Frame1_;
+};
+
+} // namespace vandrel

@@ -1,0 +1,29 @@
+#include "mainwindow/frm_main.h"
+#include "platform/clock.h"
+#include "platform/folder.h"
+#include "platform/guarded.h"
+#include "platform/program.h"
+
+#include <commctrl.h>
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
+{
+    using namespace vandrel;
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&classes);
+
+    return static_cast<int>(guarded(nullptr, 1, [&]() -> LRESULT {
+        frmMain window({.dataFolder = programFolder(),
+                        .commandLine = std::wstring(argumentsOf(GetCommandLineW())),
+                        .settings = SettingsStore(programTitle),
+                        .today = todayAsText});
+        guarded(window.handle(), 0, [&]() -> LRESULT {
+            window.Form_Load();
+            return 0;
+        });
+        window.show(showCommand);
+        MessageLoop::current().run();
+        return 0;
+    }));
+}

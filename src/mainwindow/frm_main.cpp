@@ -1,0 +1,168 @@
+#include "mainwindow/frm_main.h"
+
+#include "mainwindow/off2000.h"
+#include "platform/program.h"
+#include "platform/scope_exit.h"
+
+namespace vandrel {
+namespace {
+
+constexpr UINT_PTR tmrClipboard = 1;
+constexpr UINT timerMilliseconds = 1;
+
+enum ControlId { idCategories = 201, idSites };
+
+IconHandle programIcon(int metric) { return loadIcon(L"a-vandrel", GetSystemMetrics(metric)); }
+
+} // namespace
+
+frmMain::frmMain(Startup startup)
+    : Window({.className = L"Vandrel.Main", .style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN}),
+      preferences_(std::move(startup.settings)),
+      commandLine_(std::move(startup.commandLine)),
+      lstCategory_(handle(), idCategories, ListView::Selection::one, true,
+                   {{L"Category", layout_.categoryColumn}}),
+      lstInfo_(handle(), idSites, ListView::Selection::many, false,
+               {{L"Site Name", layout_.infoColumns[0]},
+                {L"URL", layout_.infoColumns[1]},
+                {L"Description", layout_.infoColumns[2]},
+                {L"Date", layout_.infoColumns[3]}}),
+      picSepBar_(handle()),
+      picSearch_(handle()),
+      Toolbar1_(handle(), toolBarTable()),
+      StatusBar1_(handle()),
+      PB_(handle()),
+      menus_(menuTable()),
+      mnuMove_(menus_.submenu(mnuMoveTo), firstMoveEntry),
+      accelerators_(menus_.accelerators()),
+      workspace_{.window = handle(),
+                 .lstCategory = lstCategory_,
+                 .lstInfo = lstInfo_,
+                 .StatusBar1 = StatusBar1_,
+                 .PB = PB_,
+                 .mnuMove = mnuMove_,
+                 .dataFolder = std::move(startup.dataFolder),
+                 .today = std::move(startup.today)},
+      rename_(workspace_),
+      availability_(lstCategory_, lstInfo_, menus_, Toolbar1_, picSearch_),
+      keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); })
+{
+    setCaption(programTitle);
+    workspace_.keepOnTop.window = handle();
+    SendMessageW(handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(programIcon(SM_CXICON).release()));
+    SendMessageW(handle(), WM_SETICON, ICON_SMALL,
+                 reinterpret_cast<LPARAM>(programIcon(SM_CXSMICON).release()));
+    Toolbar1_.setButtonMenu(scanButton, scanButtonMenu());
+    for (Control* const control : controls()) control->setFont({});
+    drawForDpi();
+    SetMenu(handle(), menus_.bar());
+    bindEvents();
+    bindCommands();
+    SetTimer(handle(), tmrClipboard, timerMilliseconds, nullptr);
+}
+
+frmMain::~frmMain()
+{
+    KillTimer(handle(), tmrClipboard);
+    SetMenu(handle(), nullptr); // the menus have an owner of their own
+    for (const WPARAM kind : {ICON_BIG, ICON_SMALL}) {
+        DestroyIcon(reinterpret_cast<HICON>(SendMessageW(handle(), WM_SETICON, kind, 0)));
+    }
+}
+
+std::vector<Control*> frmMain::controls()
+{
+    return {&lstCategory_, &lstInfo_, &picSearch_.cmbSearch, &picSearch_.cmdSearch, &Toolbar1_,
+            &StatusBar1_,  &PB_};
+}
+
+void frmMain::show(int showCommand)
+{
+    ShowWindow(handle(), showCommand);
+    UpdateWindow(handle());
+    lstCategory_.setFocus();
+}
+
+void frmMain::close()
+{
+    // Closing is never cancelled, whatever keeps the preferences from being written.
+    const ScopeExit end([this] { destroy(); });
+    Form_QueryUnload();
+}
+
+LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_TIMER: availability_.tmrClipboard_Timer(); return 0;
+    case WM_SIZE: Form_Resize(); return 0;
+    case WM_GETMINMAXINFO: {
+        auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
+        limits.ptMinTrackSize = {pixels(smallestWidth), pixels(smallestHeight)};
+        return 0;
+    }
+    case WM_COMMAND:
+        if (lParam == 0) {
+            run(LOWORD(wParam));
+            return 0;
+        }
+        return Window::onMessage(message, wParam, lParam);
+    case WM_ACTIVATE:
+        // Back where the user was is the list; the system would leave the focus with the window itself.
+        if (LOWORD(wParam) != WA_INACTIVE && GetFocus() == handle()) lstCategory_.setFocus();
+        return Window::onMessage(message, wParam, lParam);
+    case WM_SETFOCUS: lstCategory_.setFocus(); return 0;
+    case WM_DPICHANGED: dpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
+    case WM_CLOSE: close(); return 0;
+    case WM_ENDSESSION:
+        if (wParam != 0) Form_QueryUnload();
+        return 0;
+    case WM_DESTROY: PostQuitMessage(0); return 0;
+    default: return Window::onMessage(message, wParam, lParam);
+    }
+}
+
+// ---- keys
+
+bool frmMain::filterMessage(MSG& message)
+{
+    if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+    if (message.hwnd != handle() && !IsChild(handle(), message.hwnd)) return false;
+    if (!IsWindowEnabled(handle())) return false;
+    const bool editing = picSearch_.cmbSearch.hasFocus() || lstCategory_.editingLabel();
+    if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 &&
+        !lstCategory_.editingLabel()) {
+        return moveFocus(GetKeyState(VK_SHIFT) < 0);
+    }
+    if (editing) {
+        // Only what neither edits text nor acts on the lists; the keys of the others belong to the text.
+        for (const MenuRow& row : menuTable()) {
+            const bool control = GetKeyState(VK_CONTROL) < 0;
+            const bool shift = GetKeyState(VK_SHIFT) < 0;
+            if (row.shortcut.key != message.wParam || control != ((row.shortcut.modifiers & FCONTROL) != 0) ||
+                shift != ((row.shortcut.modifiers & FSHIFT) != 0)) {
+                continue;
+            }
+            if (!worksWhileEditing(static_cast<MenuEntry>(row.id))) return false;
+        }
+    }
+    return TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
+}
+
+bool frmMain::moveFocus(bool backwards)
+{
+    const std::array<Control*, 4> stops{&lstCategory_, &lstInfo_, &picSearch_.cmbSearch,
+                                        &picSearch_.cmdSearch};
+    std::size_t at = 0;
+    while (at < stops.size() && !stops[at]->hasFocus()) ++at;
+    const std::size_t step = backwards ? stops.size() - 1 : 1;
+    for (std::size_t tries = 0; tries < stops.size(); ++tries) {
+        at = (at + step) % stops.size();
+        if (stops[at]->enabled()) {
+            stops[at]->setFocus();
+            return true;
+        }
+    }
+    return true;
+}
+
+} // namespace vandrel

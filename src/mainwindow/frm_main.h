@@ -1,0 +1,124 @@
+#pragma once
+
+#include "mainwindow/availability.h"
+#include "mainwindow/command_tables.h"
+#include "mainwindow/layout.h"
+#include "mainwindow/preferences.h"
+#include "mainwindow/search_panel.h"
+#include "mainwindow/splitter_bar.h"
+#include "platform/form.h"
+#include "platform/list_view.h"
+#include "platform/menu.h"
+#include "platform/message_loop.h"
+#include "platform/status_bar.h"
+#include "platform/tool_bar.h"
+#include "shared/workspace.h"
+#include "store/category_operations.h"
+
+#include <map>
+
+namespace vandrel {
+
+// The main window: it owns every control, says which entry runs which procedure, starts up, lays out and shuts
+// down. It lives until the program ends; closing it ends the program.
+class frmMain : public Window, public Form {
+  public:
+    struct Startup {
+        std::wstring dataFolder;  // no backslash at its end
+        std::wstring commandLine; // what stands behind the program's name; a link for the site editor
+        SettingsStore settings;
+        std::function<std::wstring()> today;
+    };
+    // Makes the window and its controls, unseen and empty.
+    explicit frmMain(Startup startup);
+    ~frmMain() override;
+
+    // Start-up: categories, preferences, place, menus, and the site editor for a link on the command line.
+    void Form_Load();
+    void show(int showCommand);
+
+    Workspace& workspace() { return workspace_; }
+    MenuTree& menus() { return menus_; }
+    ToolBar& toolBar() { return Toolbar1_; }
+    SearchPanel& searchPanel() { return picSearch_; }
+    const MainLayout& layout() const { return layout_; }
+    // Runs the procedure of a menu entry, as choosing it does.
+    void run(int entry);
+
+    std::vector<Control*> controls() override;
+    void fontsChanged() override;
+
+  protected:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    // Start-up and shutdown.
+    void LoadPos();
+    void SavePos(const long& iLeft, const long& iTop, const long& iWidth, const long& iHeight,
+                 const long& col1Width, const long& col2Width, const long& col3Width);
+    void Form_QueryUnload();
+    void readSettings();
+    void bringOnScreen();
+    void moveEdgesOnScreen();
+    void sinkProgressBar();
+    void close();
+
+    // Layout.
+    void Form_Resize();
+    void readLayout();
+    void applyLayout();
+    void picSepBar_MouseDown(Twips x);
+    void picSepBar_MouseMove(Twips x);
+    void picSepBar_MouseUp();
+    void dpiChanged(const RECT& suggested);
+    void drawForDpi();
+    int pixels(Twips length) const { return toPixels(length, dpi()); }
+
+    // Commands.
+    void bindCommands();
+    void bindEvents();
+    void lstInfo_ItemClick();
+    void lstInfo_ColumnClick(std::size_t column);
+    void lstCategory_ColumnClick();
+    void lstInfo_RightClick(POINT screen);
+    void lstCategory_RightClick(POINT screen);
+    void mnuGridlines_Click();
+    void mnuHoverSelect_Click();
+    void mnuKeepTop_Click();
+    void mnuRenameCat_Click();
+    void mnuQuit_Click();
+    void Toolbar1_ButtonClick(int position);
+    void Toolbar1_ButtonMenuClick(const std::wstring& key);
+
+    // Keys that no control answers.
+    bool filterMessage(MSG& message);
+    bool moveFocus(bool backwards);
+
+    Preferences preferences_;
+    std::wstring commandLine_;
+    MainLayout layout_;
+    bool resizing_ = false;
+
+    ImageListHandle ilSmall_;
+    ListView lstCategory_;
+    ListView lstInfo_;
+    SplitterBar picSepBar_;
+    SearchPanel picSearch_;
+    ToolBar Toolbar1_;
+    StatusBar StatusBar1_;
+    ProgressBar PB_;
+    MenuTree menus_;
+    MenuFamily mnuMove_;
+    AcceleratorHandle accelerators_;
+    Workspace workspace_;
+    CategoryRename rename_;
+    Availability availability_;
+    std::map<int, std::function<void()>> procedures_;
+    int gridLines_ = 0;
+    int hoverSelect_ = 0;
+    long splitterAnchor_ = 0; // twips from the bar's left edge
+    std::size_t sortColumn_ = 0;
+    MessageLoop::Registration keys_;
+};
+
+} // namespace vandrel

@@ -1,0 +1,125 @@
+#include "mainwindow/frm_main.h"
+#include "platform/drawing_freeze.h"
+#include "platform/number_text.h"
+#include "platform/scope_exit.h"
+
+namespace vandrel {
+namespace {
+
+constexpr std::array<const wchar_t*, 5> listPictures{L"site", L"site", L"folder", L"folder-open", L"dead"};
+constexpr Twips listPicture{240};
+constexpr Twips toolBarPicture{360};
+constexpr Twips firstPanel{2700};
+constexpr Twips searchHeight{540};
+
+} // namespace
+
+void frmMain::drawForDpi()
+{
+    ImageListHandle images = loadImages(listPictures, pixels(listPicture));
+    lstCategory_.setImages(images.get());
+    lstInfo_.setImages(images.get());
+    ilSmall_ = std::move(images);
+    Toolbar1_.drawFor(toolBarPicture);
+    picSearch_.drawForDpi();
+}
+
+void frmMain::readLayout()
+{
+    RECT outer{};
+    RECT client{};
+    GetWindowRect(handle(), &outer);
+    GetClientRect(handle(), &client);
+    layout_.outerWidth = toTwips(outer.right - outer.left, dpi());
+    layout_.outerHeight = toTwips(outer.bottom - outer.top, dpi());
+    layout_.clientWidth = toTwips(client.right, dpi());
+    layout_.clientHeight = toTwips(client.bottom, dpi());
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        layout_.infoColumns[column] = lstInfo_.columnWidth(column);
+    }
+    layout_.categoryColumn = lstCategory_.columnWidth(0);
+}
+
+void frmMain::applyLayout()
+{
+    const int top = pixels(listTop);
+    const int searchTop = (top - pixels(searchHeight)) / 2;
+    lstCategory_.place(0, top, pixels(layout_.categoryWidth), pixels(layout_.categoryHeight));
+    lstCategory_.setColumnWidth(0, layout_.categoryColumn);
+    SetWindowPos(picSepBar_.handle(), nullptr, pixels(layout_.barLeft), top, pixels(layout_.barWidth),
+                 pixels(layout_.barHeight), SWP_NOZORDER | SWP_NOACTIVATE);
+    lstInfo_.place(pixels(layout_.infoLeft), top, pixels(layout_.infoWidth), pixels(layout_.infoHeight));
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        lstInfo_.setColumnWidth(column, layout_.infoColumns[column]);
+    }
+    picSearch_.place(pixels(layout_.searchLeft), searchTop, pixels(layout_.searchWidth),
+                     pixels(searchHeight));
+    const int barHeight = Toolbar1_.height();
+    Toolbar1_.place(0, std::max(0, (top - barHeight) / 2), std::max(0, pixels(layout_.searchLeft)),
+                    barHeight);
+    StatusBar1_.dock();
+    const int first = pixels(firstPanel);
+    StatusBar1_.setPanelEdges(first, first + (pixels(layout_.clientWidth) - first) * 2 / 5);
+}
+
+void frmMain::Form_Resize()
+{
+    if (resizing_ || IsIconic(handle())) return;
+    resizing_ = true;
+    const ScopeExit done([this] { resizing_ = false; });
+    const DrawingFreeze freeze(handle());
+    readLayout();
+    const Twips width = layout_.outerWidth;
+    const Twips height = layout_.outerHeight;
+    keepSmallestSize(layout_);
+    if (layout_.outerWidth != width || layout_.outerHeight != height) {
+        SetWindowPos(handle(), nullptr, 0, 0, pixels(layout_.outerWidth), pixels(layout_.outerHeight),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        readLayout();
+    }
+    layOut(layout_);
+    applyLayout();
+}
+
+void frmMain::picSepBar_MouseDown(Twips x)
+{
+    splitterAnchor_ = roundedHalfEven(x.value, -1'000'000, 1'000'000);
+}
+
+void frmMain::picSepBar_MouseMove(Twips x)
+{
+    const DrawingFreeze freeze(handle());
+    readLayout();
+    dragBar(layout_, splitterAnchor_, x);
+    applyLayout();
+}
+
+void frmMain::picSepBar_MouseUp()
+{
+    readLayout();
+    if (!releaseBar(layout_)) return;
+    const DrawingFreeze freeze(handle());
+    applyLayout();
+}
+
+void frmMain::fontsChanged()
+{
+    Form_Resize();
+    if (GetParent(PB_.handle()) == StatusBar1_.handle()) sinkProgressBar();
+}
+
+void frmMain::dpiChanged(const RECT& suggested)
+{
+    for (Control* const control : controls()) control->renewFont();
+    drawForDpi();
+    // Their pixels are those of the DPI before; their lengths are what stays.
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        lstInfo_.setColumnWidth(column, layout_.infoColumns[column]);
+    }
+    lstCategory_.setColumnWidth(0, layout_.categoryColumn);
+    SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    fontsChanged();
+}
+
+} // namespace vandrel

@@ -1,0 +1,155 @@
+#include "mainwindow/frm_main.h"
+#include "mainwindow/off2000.h"
+#include "mainwindow/registry_module.h"
+#include "platform/number_text.h"
+#include "shared/apply_font.h"
+#include "store/category_files.h"
+#include "store/site_operations.h"
+
+#include <limits>
+
+namespace vandrel {
+namespace {
+
+constexpr std::array<Twips, 3> columnFallbacks{Twips{2160}, Twips{2880}, Twips{2880}};
+
+RECT windowArea(HWND window)
+{
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+long wholeTwips(int pixels, unsigned dpi)
+{
+    return roundedHalfEven(toTwips(pixels, dpi).value, std::numeric_limits<long>::min(),
+                           std::numeric_limits<long>::max());
+}
+
+long wholeTwips(Twips length)
+{
+    return roundedHalfEven(length.value, std::numeric_limits<long>::min(), std::numeric_limits<long>::max());
+}
+
+} // namespace
+
+void frmMain::Form_Load()
+{
+    for (Control* const control : controls()) {
+        if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
+    }
+    listCategories(workspace_);
+    if (!lstCategory_.empty()) selectCategory(workspace_, 0);
+    readSettings();
+    LoadPos();
+    moveEdgesOnScreen();
+    bringOnScreen();
+    DoMoveMenus(workspace_);
+    availability_.tmrClipboard_Timer();
+    if (!commandLine_.empty()) {
+        // The editor asks what to add to which category, so what it asks about is there to be seen.
+        show(SW_SHOWDEFAULT);
+        workspace_.site.IncomingLink = commandLine_;
+        AddURL(workspace_);
+    }
+    sinkProgressBar();
+    ApplyFont(*this, workspace_.options.font);
+}
+
+void frmMain::readSettings()
+{
+    gridLines_ = preferences_.flag(L"GridLines") == 1 ? 1 : 0;
+    lstInfo_.setGridLines(gridLines_ == 1);
+    menus_.setChecked(mnuGridlines, gridLines_ == 1);
+    hoverSelect_ = preferences_.flag(L"HoverSel") == 1 ? 1 : 0;
+    lstInfo_.setHoverSelection(hoverSelect_ == 1);
+    menus_.setChecked(mnuHoverSelect, hoverSelect_ == 1);
+    workspace_.options = preferences_.options();
+}
+
+void frmMain::LoadPos()
+{
+    workspace_.favoritesFolder = Registry_Module::favoritesFolder();
+    const Twips left = preferences_.length(L"Left");
+    const Twips top = preferences_.length(L"Top");
+    const Twips width = preferences_.length(L"Width");
+    const Twips height = preferences_.length(L"Height");
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        lstInfo_.setColumnWidth(column, preferences_.length(L"Col" + std::to_wstring(column + 1)));
+    }
+    workspace_.keepOnTop.flag = preferences_.flag(L"KeepTop") == 1 ? 1 : 0;
+    if (workspace_.keepOnTop.flag == 1) {
+        setTopmost(handle(), true);
+        menus_.setChecked(mnuKeepTop, true);
+    }
+    for (std::size_t column = 0; column < columnFallbacks.size(); ++column) {
+        if (lstInfo_.columnWidth(column) == Twips{0})
+            lstInfo_.setColumnWidth(column, columnFallbacks[column]);
+    }
+    SetWindowPos(handle(), nullptr, pixels(left), pixels(top), pixels(width), pixels(height),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmMain::moveEdgesOnScreen()
+{
+    const RECT area = windowArea(handle());
+    if (area.top >= 0 && area.left >= 0) return;
+    SetWindowPos(handle(), nullptr, std::max<int>(area.left, 0), std::max<int>(area.top, 0), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// A place that no monitor shows any more, and a size that none can hold.
+void frmMain::bringOnScreen()
+{
+    RECT area = windowArea(handle());
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromRect(&area, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT& work = monitor.rcWork;
+    const LONG width = std::min(area.right - area.left, work.right - work.left);
+    const LONG height = std::min(area.bottom - area.top, work.bottom - work.top);
+    const bool visible = MonitorFromRect(&area, MONITOR_DEFAULTTONULL) != nullptr;
+    const LONG left = visible ? area.left : work.left;
+    const LONG top = visible ? area.top : work.top;
+    const bool fits = width == area.right - area.left && height == area.bottom - area.top;
+    if (visible && fits) return;
+    SetWindowPos(handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmMain::sinkProgressBar()
+{
+    SetParent(PB_.handle(), StatusBar1_.handle());
+    const RECT panel = StatusBar1_.panelArea(1);
+    PB_.place(panel.left, pixels(50_twips), panel.right - panel.left - pixels(65_twips),
+              StatusBar1_.height() - pixels(60_twips));
+}
+
+void frmMain::Form_QueryUnload()
+{
+    preferences_.saveOptions(workspace_.options);
+    const RECT area = windowArea(handle());
+    const long left = wholeTwips(area.left, dpi());
+    const long top = wholeTwips(area.top, dpi());
+    const long width = wholeTwips(area.right - area.left, dpi());
+    const long height = wholeTwips(area.bottom - area.top, dpi());
+    SavePos(left, top, width, height, wholeTwips(lstInfo_.columnWidth(0)),
+            wholeTwips(lstInfo_.columnWidth(1)), wholeTwips(lstInfo_.columnWidth(2)));
+}
+
+// The column widths are taken from the list as it saves; the arguments only come along.
+void frmMain::SavePos(const long& iLeft, const long& iTop, const long& iWidth, const long& iHeight,
+                      const long&, const long&, const long&)
+{
+    const bool minimised = IsIconic(handle()) != 0;
+    preferences_.saveWhole(L"Left", minimised ? 0 : iLeft);
+    preferences_.saveWhole(L"Top", minimised ? 0 : iTop);
+    preferences_.saveWhole(L"Width", iWidth);
+    preferences_.saveWhole(L"Height", iHeight);
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        preferences_.saveLength(L"Col" + std::to_wstring(column + 1), lstInfo_.columnWidth(column));
+    }
+    preferences_.saveFlag(L"GridLines", gridLines_);
+    preferences_.saveFlag(L"HoverSel", hoverSelect_);
+}
+
+} // namespace vandrel

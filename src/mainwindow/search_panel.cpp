@@ -1,0 +1,49 @@
+#include "mainwindow/search_panel.h"
+
+#include "platform/image_list.h"
+
+namespace vandrel {
+namespace {
+
+enum ControlId { idSearchText = 301, idSearchButton };
+
+constexpr Twips pictureSize{240};
+constexpr Twips openListHeight{3000};
+
+} // namespace
+
+SearchPanel::SearchPanel(HWND parent)
+    : Window({.className = L"Vandrel.SearchPanel",
+              .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+              .extendedStyle = WS_EX_CONTROLPARENT,
+              .parent = parent}),
+      cmbSearch(handle(), idSearchText),
+      cmdSearch(handle(), idSearchButton, L"Quick Search")
+{
+    cmbSearch.setText(L"Quick Search");
+    drawForDpi();
+}
+
+void SearchPanel::drawForDpi() { cmdSearch.setIcon(loadIcon(L"search", cmdSearch.pixels(pictureSize))); }
+
+void SearchPanel::setEnabled(bool on)
+{
+    EnableWindow(handle(), on);
+    // A disabled panel keeps its controls from being used; these make them look it.
+    cmbSearch.setEnabled(on);
+    cmdSearch.setEnabled(on);
+}
+
+void SearchPanel::place(int left, int top, int width, int height)
+{
+    SetWindowPos(handle(), HWND_TOP, left, top, width, height, SWP_NOACTIVATE);
+    const int boxHeight = cmbSearch.height();
+    const int boxTop = (height - boxHeight) / 2;
+    const int buttonWidth = boxHeight + 2;
+    const int gap = cmbSearch.pixels(45_twips);
+    cmbSearch.place(0, boxTop, width - buttonWidth - gap, boxHeight + cmbSearch.pixels(openListHeight));
+    cmbSearch.clearTextSelection();
+    cmdSearch.place(width - buttonWidth, boxTop, buttonWidth, boxHeight);
+}
+
+} // namespace vandrel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/simple_controls.h"
+#include "platform/window.h"
+
+namespace vandrel {
+
+// picSearch: the quick-search box and its button, at the right end of the toolbar.
+class SearchPanel : public Window {
+  public:
+    explicit SearchPanel(HWND parent);
+
+    ComboBox cmbSearch;
+    Button cmdSearch;
+
+    bool enabled() const { return IsWindowEnabled(handle()) != 0; }
+    void setEnabled(bool on);
+    // Pixels, from the parent's client area.
+    void place(int left, int top, int width, int height);
+    // The button's picture for the DPI that the panel now has.
+    void drawForDpi();
+};
+
+} // namespace vandrel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/twips.h"
+#include "platform/window.h"
+
+#include <functional>
+
+namespace vandrel {
+
+// picSepBar: the bar between the two lists. It only tells what the mouse does to it.
+class SplitterBar : public Window {
+  public:
+    explicit SplitterBar(HWND parent);
+
+    // `x` is the mouse's place from the bar's left edge; it may lie outside of the bar.
+    std::function<void(Twips x)> MouseDown;
+    std::function<void(Twips x)> MouseMove; // with the left button down and no other
+    std::function<void()> MouseUp;
+
+  protected:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    Twips mouseX(LPARAM lParam) const;
+};
+
+} // namespace vandrel

@@ -1,0 +1,176 @@
+#include "platform/ansi_text.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+
+namespace vandrel {
+namespace {
+
+constexpr wchar_t byteEscape = 0xDC00; // a low surrogate; alone it stands for a byte that spelled nothing
+
+bool isByteEscape(wchar_t unit) { return unit >= byteEscape + 0x80 && unit <= byteEscape + 0xFF; }
+bool isHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isLowSurrogate(wchar_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+int wideLength(std::string_view bytes)
+{
+    return MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, bytes.data(), static_cast<int>(bytes.size()),
+                               nullptr, 0);
+}
+
+// What the code page is, found out once.
+struct CodePage {
+    bool singleByte = false;
+    bool utf8 = GetACP() == CP_UTF8;
+    int longestLetter = 1;
+    std::array<wchar_t, 256> letters{}; // of a single-byte code page
+
+    CodePage()
+    {
+        CPINFO info{};
+        if (GetCPInfo(CP_ACP, &info)) longestLetter = static_cast<int>(info.MaxCharSize);
+        singleByte = longestLetter == 1;
+        for (std::size_t byte = 0; singleByte && byte < letters.size(); ++byte) {
+            const char letter = static_cast<char>(byte);
+            wchar_t unit = 0;
+            const bool spells = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, &letter, 1, &unit, 1) == 1;
+            letters[byte] = spells ? unit : static_cast<wchar_t>(byteEscape + byte);
+        }
+    }
+};
+
+const CodePage& codePage()
+{
+    static const CodePage page;
+    return page;
+}
+
+// Letter by letter, for the text around bytes that spell nothing.
+void decodeDamaged(std::string_view bytes, std::wstring& text)
+{
+    while (!bytes.empty()) {
+        std::array<wchar_t, 4> units{};
+        int got = 0;
+        std::size_t used = 0;
+        const std::size_t longest = std::min(bytes.size(),
+                                             static_cast<std::size_t>(codePage().longestLetter));
+        // Longest first, but two letters of one byte each are not one letter of two bytes.
+        for (used = longest; used > 0; --used) {
+            if (used == 2 && !codePage().utf8 && !IsDBCSLeadByte(static_cast<BYTE>(bytes[0]))) continue;
+            const std::string_view letter = bytes.substr(0, used);
+            if (wideLength(letter) < 1 ||
+                (codePage().utf8 && used > 1 && wideLength(bytes.substr(0, 1)) == 1))
+                continue;
+            got = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, letter.data(), static_cast<int>(used),
+                                      units.data(), static_cast<int>(units.size()));
+            break;
+        }
+        if (got > 0) {
+            text.append(units.data(), static_cast<std::size_t>(got));
+            bytes.remove_prefix(used);
+        } else {
+            const auto byte = static_cast<unsigned char>(bytes[0]);
+            text.push_back(byte < 0x80 ? static_cast<wchar_t>(byte)
+                                       : static_cast<wchar_t>(byteEscape + byte));
+            bytes.remove_prefix(1);
+        }
+    }
+}
+
+std::wstring decodeMultiByte(std::string_view bytes)
+{
+    std::wstring text;
+    const int length = wideLength(bytes);
+    if (length > 0) {
+        text.resize(static_cast<std::size_t>(length));
+        MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, bytes.data(), static_cast<int>(bytes.size()),
+                            text.data(), length);
+        return text;
+    }
+    // A letter never spans a line end, so only the lines that hold the damage are read letter by letter.
+    while (!bytes.empty()) {
+        const std::size_t end = bytes.find('\n');
+        const std::string_view line = bytes.substr(0, end == bytes.npos ? end : end + 1);
+        bytes.remove_prefix(line.size());
+        const int lineLength = wideLength(line);
+        if (lineLength > 0) {
+            const std::size_t before = text.size();
+            text.resize(before + static_cast<std::size_t>(lineLength));
+            MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, line.data(), static_cast<int>(line.size()),
+                                text.data() + before, lineLength);
+        } else {
+            decodeDamaged(line, text);
+        }
+    }
+    return text;
+}
+
+void encodeUnits(std::wstring_view units, std::string& bytes)
+{
+    const DWORD flags = codePage().utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const char* const instead = codePage().utf8 ? nullptr : "?";
+    const std::size_t before = bytes.size();
+    const std::size_t most = units.size() * static_cast<std::size_t>(std::max(codePage().longestLetter, 2));
+    bytes.resize(before + most);
+    const int written = WideCharToMultiByte(CP_ACP, flags, units.data(), static_cast<int>(units.size()),
+                                            bytes.data() + before, static_cast<int>(most), instead, nullptr);
+    bytes.resize(before + static_cast<std::size_t>(std::max(written, 0)));
+}
+
+// A byte that spelled nothing goes back as it was, unless with the byte behind it it would now spell a letter and
+// swallow a separator.
+void encodeByteEscape(wchar_t unit, wchar_t following, std::string& bytes)
+{
+    const std::array<char, 2> pair{static_cast<char>(unit - byteEscape), static_cast<char>(following)};
+    const bool swallows = following < 0x80 && !codePage().singleByte && wideLength({pair.data(), 2}) == 1;
+    bytes.push_back(swallows ? '?' : pair[0]);
+}
+
+// Everything from the first letter outside ASCII up to the next one inside it. `following` is the unit behind.
+void encodeForeign(std::wstring_view text, wchar_t following, std::string& bytes)
+{
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool paired = i > 0 && isHighSurrogate(text[i - 1]) && isLowSurrogate(text[i]);
+        if (!isByteEscape(text[i]) || paired) continue;
+        if (i > start) encodeUnits(text.substr(start, i - start), bytes);
+        encodeByteEscape(text[i], i + 1 < text.size() ? text[i + 1] : following, bytes);
+        start = i + 1;
+    }
+    if (start < text.size()) encodeUnits(text.substr(start), bytes);
+}
+
+} // namespace
+
+std::wstring decodeAnsi(std::string_view bytes)
+{
+    if (bytes.empty()) return {};
+    if (!codePage().singleByte) return decodeMultiByte(bytes);
+    std::wstring text(bytes.size(), L'\0');
+    const auto& letters = codePage().letters;
+    std::ranges::transform(bytes, text.begin(),
+                           [&](char byte) { return letters[static_cast<unsigned char>(byte)]; });
+    return text;
+}
+
+void encodeAnsi(std::wstring_view text, std::string& bytes)
+{
+    const auto isAscii = [](wchar_t unit) { return unit < 0x80; };
+    const auto isForeign = [](wchar_t unit) { return unit >= 0x80; };
+    const wchar_t* at = text.data();
+    const wchar_t* const end = at + text.size();
+    while (at != end) {
+        const wchar_t* const foreign = std::find_if(at, end, isForeign);
+        const std::size_t before = bytes.size();
+        bytes.resize(before + static_cast<std::size_t>(foreign - at));
+        std::transform(at, foreign, bytes.begin() + static_cast<std::ptrdiff_t>(before),
+                       [](wchar_t unit) { return static_cast<char>(unit); });
+        at = std::find_if(foreign, end, isAscii);
+        if (at != foreign)
+            encodeForeign({foreign, static_cast<std::size_t>(at - foreign)}, at == end ? L'|' : *at, bytes);
+    }
+}
+
+} // namespace vandrel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vandrel {
+
+class FileLayer;
+
+// A text file in the ANSI code page, read and written whole: nothing stays open between two calls.
+class AnsiTextFile {
+  public:
+    explicit AnsiTextFile(std::wstring path) : path_(std::move(path)) {}
+
+    // The decoded content. While another program keeps the file to itself it tries again for a moment. Throws
+    // RuntimeError (53 or 76 where there is no such file, 70, 75 and others where it cannot be read).
+    std::wstring read() const;
+
+    // Puts encoded bytes in place of the content, all or nothing; see replaceFile.
+    void write(const std::string& bytes) const;
+    void write(const std::string& bytes, FileLayer& files) const;
+
+  private:
+    std::wstring path_;
+};
+
+} // namespace vandrel

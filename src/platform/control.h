@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/font.h"
+#include "platform/twips.h"
+
+#include <optional>
+
+namespace vandrel {
+
+// A native control. The object owns its window; the parent sends what the window reports back to the object
+// (reflect). Neither copied nor moved.
+class Control {
+  public:
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control();
+
+    HWND handle() const { return window_; }
+    unsigned dpi() const { return GetDpiForWindow(window_); }
+    int pixels(Twips length) const { return toPixels(length, dpi()); }
+
+    // Pixels, from the parent's client area.
+    void place(int left, int top, int width, int height);
+    // Each changes the window only when it is not so already.
+    void setEnabled(bool on);
+    bool enabled() const { return IsWindowEnabled(window_) != 0; }
+    void setVisible(bool on);
+    bool visible() const { return (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0; }
+    bool hasFocus() const;
+    void setFocus() { SetFocus(window_); }
+
+    virtual std::wstring text() const;
+    virtual void setText(const std::wstring& text);
+
+    // The font again at the window's own DPI, after that has changed.
+    void renewFont() { applyFont(); }
+    const FontDescription& font() const { return font_; }
+    void setFont(const FontDescription& font);
+    // 0x00BBGGRR; a control that has no text colour of its own ignores it.
+    virtual void setForeColor(COLORREF color);
+    COLORREF foreColor() const { return foreColor_; }
+
+    static Control* of(HWND window);
+
+    // What the parent was told about this control; no value leaves the message to the parent.
+    virtual std::optional<LRESULT> onNotify(NMHDR&) { return std::nullopt; }
+    virtual void onCommand(WORD /*code*/, WORD /*id*/) {}
+    virtual std::optional<LRESULT> onColor(HDC context, UINT message);
+
+  protected:
+    // `style` gets WS_CHILD and WS_VISIBLE added.
+    Control(HWND parent, const wchar_t* className, DWORD style, DWORD extendedStyle, int id);
+
+    virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual void applyFont();
+    HFONT fontHandle() const { return fontHandle_.get(); }
+
+  private:
+    static LRESULT CALLBACK subclassProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
+
+    HWND window_ = nullptr;
+    FontDescription font_;
+    FontHandle fontHandle_;
+    COLORREF foreColor_ = 0;
+};
+
+// Hands WM_NOTIFY, WM_COMMAND and the colour messages that a parent got to the control they are about.
+std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
+
+} // namespace vandrel

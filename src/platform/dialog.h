@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/form.h"
+#include "platform/message_loop.h"
+
+#include <string>
+
+namespace vandrel {
+
+// A dialog of ours: a window of the system's dialog class with controls that the derived class owns. Making the
+// object loads it, unseen; showing comes after. Enter presses the default button, Esc cancels, Tab goes through
+// the controls in the order in which they were made.
+class Dialog : public Form {
+  public:
+    Dialog(const Dialog&) = delete;
+    Dialog& operator=(const Dialog&) = delete;
+    ~Dialog() override;
+
+    HWND handle() const { return window_; }
+    unsigned dpi() const { return GetDpiForWindow(window_); }
+
+    // Returns when the dialog was unloaded; meanwhile the owner takes no input.
+    void showModal();
+    bool unloaded() const { return unloaded_; }
+
+    void fontsChanged() override { layOut(); }
+
+  protected:
+    Dialog(HWND owner, const std::wstring& caption);
+
+    void setCaption(const std::wstring& caption) { SetWindowTextW(window_, caption.c_str()); }
+    void setClientSize(int width, int height); // pixels
+    void setFirstFocus(HWND control) { firstFocus_ = control; }
+    void unload();
+
+    // Places the controls by the size of their fonts and sets the client size.
+    virtual void layOut() = 0;
+    virtual void onOk() { unload(); }
+    virtual void onCancel() { unload(); }
+
+  private:
+    static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    INT_PTR onMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void placeOverOwner();
+
+    HWND window_ = nullptr;
+    HWND owner_;
+    HWND firstFocus_ = nullptr;
+    bool unloaded_ = false;
+};
+
+} // namespace vandrel

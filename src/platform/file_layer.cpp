@@ -1,0 +1,181 @@
+#include "platform/file_layer.h"
+
+#include "platform/handle.h"
+#include "platform/system_error.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace vandrel {
+namespace {
+
+constexpr ULONGLONG patienceMilliseconds = 2000;
+constexpr DWORD pauseMilliseconds = 25;
+
+constexpr DWORD keptAttributes = FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                                 FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
+bool copyAccessRights(const std::wstring& original, const std::wstring& copy)
+{
+    DWORD size = 0;
+    GetFileSecurityW(original.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    // A file system without access rights has none to keep.
+    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return true;
+    std::vector<BYTE> descriptor(size);
+    if (!GetFileSecurityW(original.c_str(), DACL_SECURITY_INFORMATION, descriptor.data(), size, &size))
+        return false;
+    return SetFileSecurityW(copy.c_str(), DACL_SECURITY_INFORMATION, descriptor.data()) != 0;
+}
+
+// Runs `attempt` until it succeeds or what stops it does not pass by itself.
+template <typename Attempt> bool withPatience(const std::wstring& path, Attempt attempt)
+{
+    const ULONGLONG deadline = GetTickCount64() + patienceMilliseconds;
+    while (!attempt()) {
+        const DWORD reason = GetLastError();
+        const bool held = reason == ERROR_SHARING_VIOLATION || reason == ERROR_LOCK_VIOLATION;
+        // Replacing a file that is open elsewhere is refused as a lack of access; so is replacing a folder, which
+        // no waiting mends.
+        const DWORD attributes = GetFileAttributesW(path.c_str());
+        const bool refused = reason == ERROR_ACCESS_DENIED && attributes != INVALID_FILE_ATTRIBUTES &&
+                             (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) == 0;
+        SetLastError(reason);
+        if ((!held && !refused) || GetTickCount64() >= deadline) return false;
+        Sleep(pauseMilliseconds);
+    }
+    return true;
+}
+
+// The file that is written beside the one to be saved. One name for each process, so that two running copies of
+// the program never write into the same one.
+std::wstring siblingOf(const std::wstring& path)
+{
+    return path + L"." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
+}
+
+bool writeAll(FileLayer& files, HANDLE file, const std::string& bytes)
+{
+    constexpr std::size_t mostAtOnce = 64U << 20;
+    for (std::size_t done = 0; done < bytes.size();) {
+        const std::size_t count = std::min(mostAtOnce, bytes.size() - done);
+        if (!files.write(file, bytes.data() + done, static_cast<DWORD>(count))) return false;
+        done += count;
+    }
+    return true;
+}
+
+bool writeSibling(FileLayer& files, const std::wstring& path, const std::string& bytes)
+{
+    const HANDLE file = files.createForWriting(path);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool written = writeAll(files, file, bytes) && files.flush(file);
+    const DWORD reason = GetLastError();
+    const bool closed = files.close(file);
+    if (!written) SetLastError(reason);
+    return written && closed;
+}
+
+} // namespace
+
+HANDLE FileLayer::createForWriting(const std::wstring& path)
+{
+    return CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+}
+
+bool FileLayer::write(HANDLE file, const char* bytes, DWORD count)
+{
+    DWORD written = 0;
+    if (!WriteFile(file, bytes, count, &written, nullptr)) return false;
+    if (written == count) return true;
+    SetLastError(ERROR_DISK_FULL);
+    return false;
+}
+
+bool FileLayer::flush(HANDLE file) { return FlushFileBuffers(file) != 0; }
+
+bool FileLayer::close(HANDLE file) { return CloseHandle(file) != 0; }
+
+bool FileLayer::copyIdentity(const std::wstring& original, const std::wstring& copy)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(original.c_str(), GetFileExInfoStandard, &data)) {
+        return GetLastError() == ERROR_FILE_NOT_FOUND; // a new file has nobody to take after
+    }
+    {
+        const FileHandle file(CreateFileW(copy.c_str(), FILE_WRITE_ATTRIBUTES,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                          nullptr));
+        if (!file || !SetFileTime(file.get(), &data.ftCreationTime, nullptr, nullptr)) return false;
+    }
+    const DWORD attributes = data.dwFileAttributes & keptAttributes;
+    if (!SetFileAttributesW(copy.c_str(), attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL)) return false;
+    return copyAccessRights(original, copy);
+}
+
+bool FileLayer::replace(const std::wstring& replacement, const std::wstring& target)
+{
+    return MoveFileExW(replacement.c_str(), target.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+bool FileLayer::remove(const std::wstring& path) { return DeleteFileW(path.c_str()) != 0; }
+
+FileLayer& systemFiles()
+{
+    static FileLayer files;
+    return files;
+}
+
+std::wstring extendedPath(const std::wstring& path)
+{
+    if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
+    if (path.starts_with(L"\\\\")) return L"\\\\?\\UNC\\" + path.substr(2);
+    return path.size() > 2 && path[1] == L':' && path[2] == L'\\' ? L"\\\\?\\" + path : path;
+}
+
+void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
+{
+    const std::wstring target = extendedPath(path);
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY))) {
+        throw RuntimeError(error_number::pathFileAccess); // the move below would go past a read-only mark
+    }
+    const std::wstring sibling = siblingOf(target);
+    const bool saved = withPatience(sibling, [&] { return writeSibling(files, sibling, bytes); }) &&
+                       files.copyIdentity(target, sibling) &&
+                       withPatience(target, [&] { return files.replace(sibling, target); });
+    if (saved) return;
+    const DWORD reason = GetLastError();
+    files.remove(sibling);
+    // Waited for in vain: a file that another program has open, whatever the move calls it.
+    const bool held = reason == ERROR_ACCESS_DENIED && fileExists(path);
+    throw runtimeErrorOf(held ? ERROR_SHARING_VIOLATION : reason);
+}
+
+void createEmptyFile(const std::wstring& path)
+{
+    const FileHandle file(CreateFileW(extendedPath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) raiseLastError();
+}
+
+void removeFile(const std::wstring& path)
+{
+    if (!DeleteFileW(extendedPath(path).c_str())) raiseLastError();
+}
+
+void renameFile(const std::wstring& from, const std::wstring& to)
+{
+    if (!MoveFileW(extendedPath(from).c_str(), extendedPath(to).c_str())) raiseLastError();
+}
+
+bool fileExists(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(extendedPath(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+} // namespace vandrel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/handle.h"
+
+#include <string>
+
+namespace vandrel {
+
+struct FontDescription {
+    std::wstring name = L"Arial";
+    int size = 8; // points
+    bool bold = false;
+    bool italic = false;
+
+    friend bool operator==(const FontDescription&, const FontDescription&) = default;
+};
+
+FontHandle makeFont(const FontDescription& description, unsigned dpi);
+
+// Pixels that a text takes on one line in the font; the height is that of the font's lines.
+SIZE textSize(HFONT font, const std::wstring& text);
+
+} // namespace vandrel

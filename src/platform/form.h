@@ -1,0 +1,19 @@
+#pragma once
+
+#include <vector>
+
+namespace vandrel {
+
+class Control;
+
+// A window with controls that take the display font.
+class Form {
+  public:
+    virtual ~Form() = default;
+
+    virtual std::vector<Control*> controls() = 0;
+    // The fonts of the controls have changed; sizes that follow from them are to be set again.
+    virtual void fontsChanged() {}
+};
+
+} // namespace vandrel

@@ -1,0 +1,30 @@
+#include "platform/image_list.h"
+
+namespace vandrel {
+
+IconHandle loadIcon(const wchar_t* resource, int size)
+{
+    // Scales a larger drawing down where none has the size, and not the nearest one up. The import library does
+    // not know it.
+    using ScaleDown = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
+    static const auto scaleDown = reinterpret_cast<ScaleDown>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"comctl32.dll"), "LoadIconWithScaleDown")));
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    HICON icon = nullptr;
+    if (scaleDown != nullptr && SUCCEEDED(scaleDown(program, resource, size, size, &icon)))
+        return IconHandle(icon);
+    return IconHandle(static_cast<HICON>(LoadImageW(program, resource, IMAGE_ICON, size, size, 0)));
+}
+
+ImageListHandle loadImages(std::span<const wchar_t* const> resources, int size)
+{
+    ImageListHandle images(
+        ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(resources.size()), 0));
+    for (const wchar_t* const resource : resources) {
+        const IconHandle icon = loadIcon(resource, size);
+        ImageList_AddIcon(images.get(), icon.get());
+    }
+    return images;
+}
+
+} // namespace vandrel

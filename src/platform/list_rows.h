@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vandrel {
+
+enum class SortOrder { ascending, descending };
+
+// The rows behind a list view: texts, image and a mark for the selection, in display order. No window in it.
+//
+// Texts are views. They look into the blocks that filled the list or into texts that were kept one by one; both
+// live until the rows are cleared, so a list of 100,000 rows costs one block and not 400,000 strings.
+class ListRows {
+  public:
+    static constexpr std::size_t maxColumns = 4;
+    using Texts = std::array<std::wstring_view, maxColumns>;
+
+    struct Row {
+        Texts texts;
+        std::uint8_t image = 1; // from 1, as in the image list
+        bool marked = false;    // carries the selection through a change of order
+        bool current = false;
+    };
+
+    std::size_t size() const { return rows_.size(); }
+    const Row& operator[](std::size_t row) const { return rows_[row]; }
+    Row& operator[](std::size_t row) { return rows_[row]; }
+    std::wstring_view text(std::size_t row, std::size_t column) const { return rows_[row].texts[column]; }
+    void setText(std::size_t row, std::size_t column, std::wstring text);
+
+    void clear();
+    // Puts rows whose texts look into `block` in place of all rows, in the order given, unsorted from then on.
+    void fill(std::shared_ptr<const std::wstring> block, std::vector<Row> rows);
+    // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
+    std::size_t add(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
+    void remove(std::size_t row);
+    // Removes every marked row and returns how many there were.
+    std::size_t removeMarked();
+
+    // Each setter sorts at once while sorted is on, and returns whether the rows may stand elsewhere now.
+    bool sorted() const { return sorted_; }
+    std::size_t sortKey() const { return sortKey_; }
+    SortOrder sortOrder() const { return sortOrder_; }
+    bool setSorted(bool on);
+    bool setSortKey(std::size_t column);
+    bool setSortOrder(SortOrder order);
+    // All three at once, with one sort.
+    bool sortBy(std::size_t column, SortOrder order);
+
+  private:
+    bool sort();
+    std::wstring_view keep(std::wstring text);
+
+    std::vector<Row> rows_;
+    std::deque<std::wstring> kept_;
+    std::vector<std::shared_ptr<const std::wstring>> blocks_;
+    bool sorted_ = false;
+    std::size_t sortKey_ = 0;
+    SortOrder sortOrder_ = SortOrder::ascending;
+};
+
+} // namespace vandrel

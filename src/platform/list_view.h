@@ -1,0 +1,116 @@
+#pragma once
+
+#include "platform/control.h"
+#include "platform/list_rows.h"
+
+#include <commctrl.h>
+
+#include <functional>
+#include <initializer_list>
+
+namespace vandrel {
+
+// A list view in report view that holds its rows itself; the native control asks for what it paints. Rows and
+// columns count from 0. The selection and the current row stay with their row when rows change places.
+class ListView : public Control {
+  public:
+    struct Column {
+        std::wstring caption;
+        Twips width;
+    };
+    enum class Selection {
+        one, // once a row is selected, neither keys nor mouse leave the list without one
+        many,
+    };
+    ListView(HWND parent, int id, Selection selection, bool labelEdit, std::initializer_list<Column> columns);
+
+    std::function<void(std::size_t row)> ItemClick; // the user selected the row, by mouse or by key
+    std::function<void(std::size_t column)> ColumnClick;
+    std::function<void()> DblClick;
+    std::function<void(POINT screen)> RightClick; // released, or the menu key pressed
+    std::function<void(std::size_t row)> BeforeLabelEdit;
+    std::function<bool(std::size_t row, const std::wstring& text)> AfterLabelEdit; // false keeps the old text
+
+    std::size_t count() const { return rows_.size(); }
+    bool empty() const { return rows_.size() == 0; }
+    std::wstring text(std::size_t row, std::size_t column = 0) const;
+    std::wstring_view textView(std::size_t row, std::size_t column) const { return rows_.text(row, column); }
+    void setText(std::size_t row, std::size_t column, std::wstring text);
+    int image(std::size_t row) const { return rows_[row].image; }
+    void setImage(std::size_t row, int image); // from 1; repaints only a row that changes
+    void setAllImages(int image);
+
+    void clear();
+    // Rows whose texts look into `block`, in the order given; switches sorting off. Nothing is selected then.
+    void fill(std::shared_ptr<const std::wstring> block, std::vector<ListRows::Row> rows);
+    std::size_t add(std::array<std::wstring, ListRows::maxColumns> texts, int image);
+    void remove(std::size_t row);
+    // `progress` is told the rows looked at so far.
+    std::size_t removeSelected(const std::function<void(std::size_t done)>& progress);
+    void ensureVisible(std::size_t row);
+
+    // Setting the key or the order sorts again while sorted is on.
+    bool sorted() const { return rows_.sorted(); }
+    std::size_t sortKey() const { return rows_.sortKey(); }
+    SortOrder sortOrder() const { return rows_.sortOrder(); }
+    void setSorted(bool on);
+    void setSortKey(std::size_t column);
+    void setSortOrder(SortOrder order);
+    void sortBy(std::size_t column, SortOrder order);
+
+    // The row that commands act on: the one with the focus if it is selected, else the first selected one.
+    std::optional<std::size_t> currentRow() const;
+    std::optional<std::size_t> firstSelected() const;
+    bool isSelected(std::size_t row) const;
+    std::size_t selectedCount() const;
+    void select(std::size_t row); // this row alone, and current
+    void selectAll();
+    void clearSelection();
+
+    Twips columnWidth(std::size_t column) const;
+    void setColumnWidth(std::size_t column, Twips width);
+    bool gridLines() const { return hasStyle(LVS_EX_GRIDLINES); }
+    void setGridLines(bool on) { setStyle(LVS_EX_GRIDLINES, on); }
+    bool hoverSelection() const { return hasStyle(LVS_EX_TRACKSELECT); }
+    void setHoverSelection(bool on);
+    void editLabel(std::size_t row);
+    bool editingLabel() const;
+    void setImages(HIMAGELIST images); // borrowed
+
+    void setForeColor(COLORREF color) override;
+    std::optional<LRESULT> onNotify(NMHDR& header) override;
+
+  protected:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    template <typename Change> void changeRows(Change change);
+    LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);
+    bool unselectsMany(UINT message, LPARAM lParam) const;
+    void fireItemClick();
+    void selectionGained();
+    std::optional<LRESULT> onEndLabelEdit(const NMLVDISPINFOW& info);
+    void answerDisplay(LVITEMW& item) const;
+    LRESULT findRow(const NMLVFINDITEMW& wanted) const;
+    POINT menuPoint() const;
+    void takeSelection();
+    void giveSelection();
+    void setState(int row, UINT state, UINT mask);
+    void updateCount(DWORD flags);
+    void redrawRow(std::size_t row);
+    void showSortOrder();
+    bool hasStyle(DWORD style) const;
+    void setStyle(DWORD style, bool on);
+    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
+    ListRows rows_;
+    Selection selection_;
+    std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
+    int quiet_ = 0;                   // above 0 the program itself changes the selection
+    int userMessages_ = 0;            // above 0 a message of the user is being answered
+    bool clickPending_ = false;
+    bool pressFired_ = false; // the press of the button selected a row already
+};
+
+} // namespace vandrel

@@ -1,0 +1,39 @@
+#include "platform/runtime_error.h"
+
+#include <utility>
+
+namespace vandrel {
+
+RuntimeError::RuntimeError(int number) : RuntimeError(number, runtimeErrorDescription(number)) {}
+
+RuntimeError::RuntimeError(int number, std::wstring description)
+    : number_(number), description_(std::move(description))
+{}
+
+std::wstring runtimeErrorDescription(int number)
+{
+    namespace e = error_number;
+    switch (number) {
+    case e::overflow: return L"Overflow";
+    case e::outOfMemory: return L"Out of memory";
+    case e::typeMismatch: return L"Type mismatch";
+    case e::internalError: return L"Internal error";
+    case e::badFileName: return L"Bad file name or number";
+    case e::fileNotFound: return L"File not found";
+    case e::fileAlreadyOpen: return L"File already open";
+    case e::deviceError: return L"Device I/O error";
+    case e::fileAlreadyExists: return L"File already exists";
+    case e::diskFull: return L"Disk full";
+    case e::permissionDenied: return L"Permission denied";
+    case e::diskNotReady: return L"Disk not ready";
+    case e::pathFileAccess: return L"Path/File access error";
+    case e::pathNotFound: return L"Path not found";
+    case e::objectNotSet: return L"Object variable or With block variable not set";
+    case e::noSuchFormat: return L"Specified format doesn't match format of data";
+    case e::cancelled: return L"Cancel was selected.";
+    case e::requestTimedOut: return L"Request timed out";
+    default: return L"Application-defined or object-defined error";
+    }
+}
+
+} // namespace vandrel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace vandrel {
+
+// The numbers under which users of the platform know its run-time errors.
+namespace error_number {
+inline constexpr int overflow = 6;
+inline constexpr int outOfMemory = 7;
+inline constexpr int typeMismatch = 13;
+inline constexpr int internalError = 51;
+inline constexpr int badFileName = 52;
+inline constexpr int fileNotFound = 53;
+inline constexpr int fileAlreadyOpen = 55;
+inline constexpr int deviceError = 57;
+inline constexpr int fileAlreadyExists = 58;
+inline constexpr int diskFull = 61;
+inline constexpr int permissionDenied = 70;
+inline constexpr int diskNotReady = 71;
+inline constexpr int pathFileAccess = 75;
+inline constexpr int pathNotFound = 76;
+inline constexpr int objectNotSet = 91;
+inline constexpr int noSuchFormat = 461;
+inline constexpr int cancelled = 32755;
+inline constexpr int requestTimedOut = 35761;
+} // namespace error_number
+
+// The one failure type of the program. What no command traps is shown in the run-time error box by the event
+// dispatcher, after which the program goes on.
+class RuntimeError : public std::exception {
+  public:
+    explicit RuntimeError(int number);
+    RuntimeError(int number, std::wstring description);
+
+    int number() const noexcept { return number_; }
+    const std::wstring& description() const noexcept { return description_; }
+    const char* what() const noexcept override { return "run-time error"; }
+
+  private:
+    int number_;
+    std::wstring description_;
+};
+
+// The platform's own description of a run-time error.
+std::wstring runtimeErrorDescription(int number);
+
+} // namespace vandrel

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/runtime_error.h"
+
+namespace vandrel {
+
+// The run-time error that stands for an error code of the system (GetLastError).
+RuntimeError runtimeErrorOf(unsigned long systemError);
+
+// Throws the run-time error for the calling thread's last error.
+[[noreturn]] void raiseLastError();
+
+} // namespace vandrel

@@ -1,0 +1,40 @@
+#include "platform/topmost.h"
+
+#include <vector>
+
+namespace vandrel {
+namespace {
+
+std::vector<HWND> windowsOwnedBy(HWND owner)
+{
+    struct Search {
+        HWND owner;
+        std::vector<HWND> found;
+    } search{owner, {}};
+    EnumThreadWindows(
+        GetWindowThreadProcessId(owner, nullptr),
+        [](HWND window, LPARAM param) -> BOOL {
+            auto& s = *reinterpret_cast<Search*>(param);
+            if (GetWindow(window, GW_OWNER) == s.owner) s.found.push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+} // namespace
+
+void setTopmost(HWND window, bool on)
+{
+    // Wine moves the windows that this one owns (tool tips, dialogs) and forgets the window itself. So they are
+    // let go of for the moment; on Windows this changes nothing.
+    const std::vector<HWND> owned = windowsOwnedBy(window);
+    for (const HWND other : owned) SetWindowLongPtrW(other, GWLP_HWNDPARENT, 0);
+    SetWindowPos(window, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    for (const HWND other : owned)
+        SetWindowLongPtrW(other, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(window));
+}
+
+bool isTopmost(HWND window) { return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
+
+} // namespace vandrel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <compare>
+
+namespace vandrel {
+
+// A length in twips, 1/1440 inch, the unit of all geometry above the native controls. A type of its own, so
+// that a length is never taken for a number of pixels.
+struct Twips {
+    float value = 0;
+
+    friend constexpr auto operator<=>(Twips, Twips) = default;
+    friend constexpr Twips operator+(Twips a, Twips b) { return {a.value + b.value}; }
+    friend constexpr Twips operator-(Twips a, Twips b) { return {a.value - b.value}; }
+};
+
+constexpr Twips operator""_twips(unsigned long long value) { return {static_cast<float>(value)}; }
+
+inline constexpr int twipsPerInch = 1440;
+
+// Nearest whole pixel at `dpi`. Lengths that no screen has (a damaged preference) are cut at a million pixels.
+inline int toPixels(Twips length, unsigned dpi)
+{
+    constexpr double limit = 1e6;
+    const double pixels = static_cast<double>(length.value) * dpi / twipsPerInch;
+    return std::isnan(pixels) ? 0 : static_cast<int>(std::lround(std::clamp(pixels, -limit, limit)));
+}
+
+inline Twips toTwips(int pixels, unsigned dpi)
+{
+    return {static_cast<float>(static_cast<double>(pixels) * twipsPerInch / dpi)};
+}
+
+} // namespace vandrel

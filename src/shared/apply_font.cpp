@@ -1,0 +1,17 @@
+#include "shared/apply_font.h"
+
+#include "platform/control.h"
+#include "platform/form.h"
+
+namespace vandrel {
+
+void ApplyFont(Form& form, const std::wstring& name, std::uint32_t color, int size, bool bold, bool italic)
+{
+    for (Control* const control : form.controls()) {
+        control->setFont({name, size, bold, italic});
+        control->setForeColor(color);
+    }
+    form.fontsChanged();
+}
+
+} // namespace vandrel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace vandrel {
+
+// The fields of a site in the order of its line; they look into the text they were read from.
+struct SiteRecord {
+    std::wstring_view name;
+    std::wstring_view url;
+    std::wstring_view description;
+    std::wstring_view date;
+
+    friend bool operator==(const SiteRecord&, const SiteRecord&) = default;
+};
+
+inline constexpr wchar_t fieldSeparator = L'|';
+
+// The site on one line, without its line end; none for a comment and for a line without a separator. Missing
+// fields are empty, pieces after the fourth are dropped.
+std::optional<SiteRecord> siteOfLine(std::wstring_view line);
+
+// Reads the sites of a decoded category file one after the other.
+//
+// CR LF ends a line. A CR or LF that stands alone is a character like any other, except where a line that holds
+// one is a comment or has more than four pieces: then another editor wrote it as a line end, and taking it for
+// one saves what would be dropped.
+class SiteRecordReader {
+  public:
+    explicit SiteRecordReader(std::wstring_view text) : rest_(text) {}
+
+    std::optional<SiteRecord> next();
+
+  private:
+    std::optional<SiteRecord> nextOfCut();
+
+    std::wstring_view rest_;
+    std::wstring_view cut_; // what is left of a line that is read with lone line ends
+};
+
+} // namespace vandrel
