@@ -46,7 +46,8 @@ std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8
             return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
         });
     }
-    return static_cast<std::size_t>(rows_.insert(place, row) - rows_.begin());
+    const auto inserted = rows_.insert(place, row);
+    return static_cast<std::size_t>(inserted - rows_.begin());
 }
 
 void ListRows::remove(std::size_t row) { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row)); }

@@ -30,6 +30,11 @@ class ListRows {
         bool current = false;
     };
 
+    ListRows() = default;
+    // Not copied: the views of a copy would look into the texts of the original.
+    ListRows(ListRows&&) = default;
+    ListRows& operator=(ListRows&&) = default;
+
     std::size_t size() const { return rows_.size(); }
     const Row& operator[](std::size_t row) const { return rows_[row]; }
     Row& operator[](std::size_t row) { return rows_[row]; }

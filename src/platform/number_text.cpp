@@ -1,8 +1,10 @@
 #include "platform/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace vandrel {
@@ -49,13 +51,9 @@ std::string numberAtStart(std::wstring_view text)
 double lenientNumber(std::wstring_view text)
 {
     const std::string number = numberAtStart(text);
-    double value = 0;
-    const auto [end, failure] = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (failure != std::errc::result_out_of_range) return value;
-    // Too small to hold is 0; too large is the largest number there is.
-    if (number.find("e-") != std::string::npos || number.find("E-") != std::string::npos) return 0;
-    const double largest = std::numeric_limits<double>::max();
-    return number.front() == '-' ? -largest : largest;
+    // The program never leaves the "C" locale, so the point is the point. Too large is the largest there is.
+    constexpr double largest = std::numeric_limits<double>::max();
+    return std::clamp(std::strtod(number.c_str(), nullptr), -largest, largest);
 }
 
 long roundedHalfEven(double value, long lowest, long highest)
@@ -76,7 +74,7 @@ std::wstring decimalText(long value) { return std::to_wstring(value); }
 
 std::wstring decimalText(float value)
 {
-    if (!std::isfinite(value)) return L"0";
+    if (!std::isfinite(value) || value == 0) return L"0";
     std::array<char, 64> digits{};
     const auto [end, failure] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                               std::chars_format::fixed);

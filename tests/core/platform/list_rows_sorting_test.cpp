@@ -1,0 +1,163 @@
+#include "list_rows_texts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace vandrel {
+namespace {
+
+TEST(ListRowsSorting, AddWhileSortedGoesToItsPlace)
+{
+    ListRows list = filled({{L"d"}, {L"b"}});
+    list.setSorted(true);
+    EXPECT_EQ(list.add({L"c"}, 1), 1U);
+    EXPECT_EQ(list.add({L"a"}, 1), 0U);
+    EXPECT_EQ(list.add({L"e"}, 1), 4U);
+    EXPECT_EQ(list.add({L""}, 1), 0U);
+    EXPECT_EQ(names(list), (Names{L"", L"a", L"b", L"c", L"d", L"e"}));
+}
+
+TEST(ListRowsSorting, AddWhileSortedGoesBehindItsEquals)
+{
+    for (const SortOrder order : {SortOrder::ascending, SortOrder::descending}) {
+        ListRows list = filled({{L"first", L"m"}, {L"low", L"a"}, {L"high", L"z"}, {L"second", L"m"}});
+        list.sortBy(urlColumn, order);
+        EXPECT_EQ(list.add({L"third", L"m"}, 1), 3U);
+        EXPECT_EQ(list.text(1, nameColumn), L"first");
+        EXPECT_EQ(list.text(2, nameColumn), L"second");
+        EXPECT_EQ(list.text(3, nameColumn), L"third");
+    }
+}
+
+TEST(ListRowsSorting, SwitchingSortingOnSortsByTheKeyThatWasSet)
+{
+    ListRows list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
+    EXPECT_FALSE(list.setSortKey(urlColumn));
+    EXPECT_EQ(names(list), (Names{L"a", L"b", L"c"}));
+    EXPECT_TRUE(list.setSorted(true));
+    EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
+}
+
+TEST(ListRowsSorting, SwitchingSortingOffMovesNothing)
+{
+    ListRows list = filled({{L"b"}, {L"a"}});
+    list.setSorted(true);
+    EXPECT_FALSE(list.setSorted(false));
+    EXPECT_FALSE(list.sorted());
+    EXPECT_FALSE(list.setSortOrder(SortOrder::descending));
+    EXPECT_EQ(names(list), (Names{L"a", L"b"}));
+}
+
+TEST(ListRowsSorting, SettingTheKeySortsAgain)
+{
+    ListRows list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
+    list.setSorted(true);
+    EXPECT_TRUE(list.setSortKey(urlColumn));
+    EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
+    EXPECT_TRUE(list.setSortKey(nameColumn));
+    EXPECT_EQ(names(list), (Names{L"a", L"b", L"c"}));
+}
+
+TEST(ListRowsSorting, SettingTheOrderSortsAgain)
+{
+    ListRows list = filled({{L"b"}, {L"c"}, {L"a"}});
+    list.setSorted(true);
+    EXPECT_TRUE(list.setSortOrder(SortOrder::descending));
+    EXPECT_EQ(names(list), (Names{L"c", L"b", L"a"}));
+    EXPECT_TRUE(list.setSortOrder(SortOrder::ascending));
+    EXPECT_EQ(names(list), (Names{L"a", L"b", L"c"}));
+}
+
+TEST(ListRowsSorting, SortByTakesKeyAndOrderAndSwitchesSortingOn)
+{
+    ListRows list = filled({{L"a", L"1"}, {L"b", L"3"}, {L"c", L"2"}});
+    EXPECT_TRUE(list.sortBy(urlColumn, SortOrder::descending));
+    EXPECT_TRUE(list.sorted());
+    EXPECT_EQ(list.sortKey(), urlColumn);
+    EXPECT_EQ(list.sortOrder(), SortOrder::descending);
+    EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
+}
+
+TEST(ListRowsSorting, RowsThatStandInOrderAreNotMoved)
+{
+    ListRows list = filled({{L"a", L"1"}, {L"a", L"2"}, {L"b", L"3"}});
+    EXPECT_FALSE(list.setSorted(true));
+    EXPECT_FALSE(list.setSortKey(urlColumn));
+    EXPECT_FALSE(list.sortBy(nameColumn, SortOrder::ascending));
+}
+
+TEST(ListRowsSorting, DatesSortAsText)
+{
+    ListRows list = filled({{L"a", L"", L"", L"9/30/2002"}, {L"b", L"", L"", L"10/1/2002"}});
+    list.sortBy(3, SortOrder::ascending);
+    EXPECT_EQ(names(list), (Names{L"b", L"a"}));
+}
+
+TEST(ListRowsSorting, EqualKeysKeepTheOrderOfTheSortBefore)
+{
+    ListRows list = filled({{L"b", L"2"}, {L"c", L"1"}, {L"a", L"2"}, {L"d", L"1"}});
+    list.setSorted(true);
+    list.setSortKey(urlColumn);
+    EXPECT_EQ(names(list), (Names{L"c", L"d", L"a", L"b"}));
+    list.setSortOrder(SortOrder::descending);
+    EXPECT_EQ(names(list), (Names{L"a", L"b", L"c", L"d"}));
+}
+
+TEST(ListRowsSorting, MarksImagesAndTheCurrentRowTravelWithTheirRow)
+{
+    ListRows list = filled({{L"c"}, {L"a"}, {L"b"}});
+    list[0].marked = true;
+    list[1].image = 5;
+    list[2].current = true;
+    list.setSorted(true);
+    list.add({L"0"}, 1);
+    EXPECT_EQ(names(list), (Names{L"0", L"a", L"b", L"c"}));
+    for (std::size_t row = 0; row < list.size(); ++row) {
+        EXPECT_EQ(list[row].image, row == 1 ? 5 : 1);
+        EXPECT_EQ(list[row].current, row == 2);
+        EXPECT_EQ(list[row].marked, row == 3);
+    }
+}
+
+TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
+{
+    std::mt19937 random(3);
+    ListRows list;
+    std::vector<Strings> model;
+    const auto sortModel = [&] {
+        std::ranges::stable_sort(model, [&](const Strings& a, const Strings& b) {
+            const int order = a[list.sortKey()].compare(b[list.sortKey()]);
+            return list.sortOrder() == SortOrder::ascending ? order < 0 : order > 0;
+        });
+    };
+    for (int step = 0; step < 3000; ++step) {
+        const auto order = random() % 2 == 0 ? SortOrder::ascending : SortOrder::descending;
+        switch (random() % 8) {
+        case 0: list.setSortKey(random() % 4); break;
+        case 1: list.setSortOrder(order); break;
+        case 2: list.setSorted(random() % 3 != 0); break;
+        case 3:
+            if (model.empty()) break;
+            list.remove(model.size() / 2);
+            model.erase(model.begin() + static_cast<std::ptrdiff_t>(model.size() / 2));
+            break;
+        default:
+            Strings& row = model.emplace_back();
+            for (std::wstring& text : row) {
+                text = std::wstring(random() % 3, L'a') + std::to_wstring(random() % 5);
+            }
+            list.add(row, 1);
+        }
+        if (list.sorted()) sortModel();
+        for (std::size_t number = 0; number < ListRows::maxColumns; ++number) {
+            const Names actual = column(list, number);
+            const auto textOf = [&](const Strings& row) { return row[number]; };
+            ASSERT_TRUE(std::ranges::equal(actual, model, {}, {}, textOf));
+        }
+    }
+}
+
+} // namespace
+} // namespace vandrel

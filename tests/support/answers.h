@@ -1,0 +1,64 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vandrel::test {
+
+// Runs the messages of this thread until `condition` holds; false when it does not within the limit.
+bool pumpUntil(const std::function<bool()>& condition, DWORD limitMilliseconds = 10'000);
+// Runs the messages that are waiting.
+void pump();
+
+std::wstring windowText(HWND window);
+// A control of a window by the text it shows, or by its id.
+HWND childWithText(HWND window, const std::wstring& text);
+
+// Answers the windows that the code under test opens and waits for, one after the other, from inside their own
+// loops. Make it before the call that opens them; check done() after it.
+class Answers {
+  public:
+    Answers();
+    Answers(const Answers&) = delete;
+    Answers& operator=(const Answers&) = delete;
+    ~Answers();
+
+    // When a dialog of this caption is shown, `answer` gets its window. It must close the window, or lead to it.
+    Answers& expect(const std::wstring& caption, std::function<void(HWND dialog)> answer);
+    // A message box with this caption and text, closed with the button (IDOK, IDYES, IDNO ...). Also checks that
+    // its icon is the system's for `icon` (MB_ICONHAND, MB_ICONQUESTION, MB_ICONEXCLAMATION, MB_ICONASTERISK).
+    Answers& expectBox(const std::wstring& caption, const std::wstring& text, int button, UINT icon);
+    // The input box: types the text and presses OK, or cancels.
+    Answers& expectInput(const std::wstring& caption, const std::wstring& prompt, const std::wstring& text);
+    Answers& cancelInput(const std::wstring& caption);
+
+    // All were asked for, and nothing else is open.
+    bool done() const { return next_ == steps_.size(); }
+    // What went wrong, for the failure message.
+    const std::wstring& complaint() const { return complaint_; }
+
+  private:
+    struct Step {
+        std::wstring caption;
+        std::function<void(HWND)> answer;
+    };
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
+    void look();
+
+    std::vector<Step> steps_;
+    std::size_t next_ = 0;
+    std::wstring complaint_;
+    UINT_PTR timer_ = 0;
+    ULONGLONG patience_ = 0; // when an unexpected dialog is dismissed, so that a wrong test ends
+};
+
+// Presses a button of a dialog as a click does.
+void press(HWND dialog, int id);
+
+} // namespace vandrel::test
+
+#define EXPECT_ANSWERED(answers)                                                                             \
+ EXPECT_TRUE((answers).done() && (answers).complaint().empty()) << (answers).complaint()

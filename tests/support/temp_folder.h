@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vandrel::test {
+
+// A folder of its own for one test, removed with all that is in it.
+class TempFolder {
+  public:
+    explicit TempFolder(const std::wstring& name = L"vandrel");
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    ~TempFolder();
+
+    const std::wstring& path() const { return path_; }
+    std::wstring file(const std::wstring& name) const { return path_ + L"\\" + name; }
+    // Bytes as they are, past the code under test.
+    void write(const std::wstring& name, const std::string& bytes) const;
+    std::string read(const std::wstring& name) const;
+    bool has(const std::wstring& name) const;
+    // Sorted, folders not counted.
+    std::vector<std::wstring> names() const;
+
+  private:
+    std::wstring path_;
+};
+
+std::string readBytes(const std::wstring& path);
+
+} // namespace vandrel::test
