@@ -1,7 +1,6 @@
 #include "dialogs/frm_input.h"
 
 #include "dialogs/incoming_link.h"
-#include "platform/file_dialog.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
 #include "shared/apply_font.h"
@@ -71,7 +70,7 @@ void frmInput::cmdBrowse_Click()
     CD1.cancelError = true;
     CD1.title = L"Browse for item...";
     try {
-        CD1.showOpen(handle());
+        showBrowse(CD1);
         if (!CD1.fileName.empty()) txtAddress_.setText(CD1.fileName);
     } catch (const RuntimeError& error) {
         if (error.number() == error_number::cancelled) return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dialog.h"
+#include "platform/file_dialog.h"
 #include "platform/simple_controls.h"
 #include "shared/options_state.h"
 #include "shared/site_hand_off.h"
@@ -18,6 +19,8 @@ class frmInput : public Dialog {
     std::vector<Control*> controls() override;
 
   protected:
+    // Shows the file dialog of the Browse button; apart, so that a test can let it fail.
+    virtual void showBrowse(FileDialog& CD1) { CD1.showOpen(handle()); }
     void layOut() override;
     void onOk() override { cmdOK_Click(); }
     void onCancel() override { cmdCancel_Click(); }

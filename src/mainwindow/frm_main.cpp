@@ -1,8 +1,8 @@
 #include "mainwindow/frm_main.h"
 
 #include "mainwindow/off2000.h"
+#include "platform/guarded.h"
 #include "platform/program.h"
-#include "platform/scope_exit.h"
 
 namespace vandrel {
 namespace {
@@ -86,8 +86,11 @@ void frmMain::show(int showCommand)
 void frmMain::close()
 {
     // Closing is never cancelled, whatever keeps the preferences from being written.
-    const ScopeExit end([this] { destroy(); });
-    Form_QueryUnload();
+    guarded(handle(), 0, [this]() -> LRESULT {
+        Form_QueryUnload();
+        return 0;
+    });
+    destroy();
 }
 
 LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
@@ -152,9 +155,11 @@ bool frmMain::moveFocus(bool backwards)
 {
     const std::array<Control*, 4> stops{&lstCategory_, &lstInfo_, &picSearch_.cmbSearch,
                                         &picSearch_.cmdSearch};
-    std::size_t at = 0;
-    while (at < stops.size() && !stops[at]->hasFocus()) ++at;
+    const auto focused = std::ranges::find_if(stops, [](const Control* stop) { return stop->hasFocus(); });
     const std::size_t step = backwards ? stops.size() - 1 : 1;
+    // From nowhere, forwards leads to the first and backwards to the last.
+    auto at = static_cast<std::size_t>(focused - stops.begin());
+    if (focused == stops.end()) at = backwards ? 0 : stops.size() - 1;
     for (std::size_t tries = 0; tries < stops.size(); ++tries) {
         at = (at + step) % stops.size();
         if (stops[at]->enabled()) {

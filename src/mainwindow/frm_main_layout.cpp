@@ -38,6 +38,7 @@ void frmMain::readLayout()
         layout_.infoColumns[column] = lstInfo_.columnWidth(column);
     }
     layout_.categoryColumn = lstCategory_.columnWidth(0);
+    layout_.statusHeight = toTwips(StatusBar1_.height(), dpi());
 }
 
 void frmMain::applyLayout()
@@ -68,6 +69,7 @@ void frmMain::Form_Resize()
     resizing_ = true;
     const ScopeExit done([this] { resizing_ = false; });
     const DrawingFreeze freeze(handle());
+    StatusBar1_.dock(); // its height follows its font
     readLayout();
     const Twips width = layout_.outerWidth;
     const Twips height = layout_.outerHeight;

@@ -27,11 +27,13 @@ void keepSmallestSize(MainLayout& layout)
 void layOut(MainLayout& layout)
 {
     auto& columns = layout.infoColumns;
-    layout.categoryHeight = notNegative(layout.clientHeight - 945_twips);
+    // A status bar in a large font needs more than the room it has; the lists end above it all the same.
+    const Twips clientHeight = layout.clientHeight - notNegative(layout.statusHeight - statusRoom);
+    layout.categoryHeight = notNegative(clientHeight - 945_twips);
     layout.infoWidth = notNegative(layout.clientWidth - (layout.categoryWidth + 120_twips));
-    layout.infoHeight = notNegative(layout.clientHeight - 945_twips);
+    layout.infoHeight = notNegative(clientHeight - 945_twips);
     columns[2] = layout.infoWidth - (columns[1] + columns[0] + columns[3] + 270_twips);
-    layout.barHeight = notNegative(layout.clientHeight - 900_twips);
+    layout.barHeight = notNegative(clientHeight - 900_twips);
     layout.searchLeft = layout.clientWidth - (layout.searchWidth + 60_twips);
     if (std::ranges::any_of(columns, [](Twips width) { return width < Twips{0}; })) columns[2] = Twips{0};
 }

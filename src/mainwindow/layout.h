@@ -18,6 +18,7 @@ struct MainLayout {
     Twips infoLeft{2400}, infoWidth, infoHeight; // lstInfo
     std::array<Twips, 4> infoColumns{Twips{3810}, Twips{5080}, Twips{5080}, Twips{0}};
     Twips searchLeft, searchWidth{2880}; // picSearch
+    Twips statusHeight{345};             // what a font larger than the first one's makes more of
 };
 
 inline constexpr Twips listTop{600};
@@ -26,6 +27,9 @@ inline constexpr Twips smallestHeight{5685};
 
 // The outer size with what is too small made large enough.
 void keepSmallestSize(MainLayout& layout);
+
+// The status bar's share of the lower edge, with the default font.
+inline constexpr Twips statusRoom{345};
 
 // What a resize does, once the outer size is large enough and the client size is known. After it the site list
 // stops 60 twips short of the right edge; after a drag of the bar it reaches the edge. Both are wanted.

@@ -28,6 +28,8 @@ void SearchPanel::drawForDpi() { cmdSearch.setIcon(loadIcon(L"search", cmdSearch
 
 void SearchPanel::setEnabled(bool on)
 {
+    // A disabled control that has the focus leaves the keyboard with nobody.
+    if (!on && IsChild(handle(), GetFocus())) SetFocus(GetParent(handle()));
     EnableWindow(handle(), on);
     // A disabled panel keeps its controls from being used; these make them look it.
     cmbSearch.setEnabled(on);

@@ -47,62 +47,52 @@ const CodePage& codePage()
     return page;
 }
 
-// Letter by letter, for the text around bytes that spell nothing.
-void decodeDamaged(std::string_view bytes, std::wstring& text)
+// Letter by letter, for the text around bytes that spell nothing. Returns the end of what it wrote.
+wchar_t* decodeDamaged(std::string_view bytes, wchar_t* text)
 {
     while (!bytes.empty()) {
-        std::array<wchar_t, 4> units{};
         int got = 0;
-        std::size_t used = 0;
-        const std::size_t longest = std::min(bytes.size(),
-                                             static_cast<std::size_t>(codePage().longestLetter));
+        std::size_t used = std::min(bytes.size(), static_cast<std::size_t>(codePage().longestLetter));
         // Longest first, but two letters of one byte each are not one letter of two bytes.
-        for (used = longest; used > 0; --used) {
+        for (; used > 0; --used) {
             if (used == 2 && !codePage().utf8 && !IsDBCSLeadByte(static_cast<BYTE>(bytes[0]))) continue;
             const std::string_view letter = bytes.substr(0, used);
-            if (wideLength(letter) < 1 ||
-                (codePage().utf8 && used > 1 && wideLength(bytes.substr(0, 1)) == 1))
-                continue;
+            if (wideLength(letter) < 1) continue;
+            if (codePage().utf8 && used > 1 && wideLength(bytes.substr(0, 1)) == 1) continue;
+            std::array<wchar_t, 4> units{};
             got = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, letter.data(), static_cast<int>(used),
                                       units.data(), static_cast<int>(units.size()));
+            text = std::copy_n(units.begin(), std::max(got, 0), text);
             break;
         }
-        if (got > 0) {
-            text.append(units.data(), static_cast<std::size_t>(got));
-            bytes.remove_prefix(used);
-        } else {
+        if (got <= 0) {
             const auto byte = static_cast<unsigned char>(bytes[0]);
-            text.push_back(byte < 0x80 ? static_cast<wchar_t>(byte)
-                                       : static_cast<wchar_t>(byteEscape + byte));
-            bytes.remove_prefix(1);
+            *text++ = static_cast<wchar_t>(byte < 0x80 ? byte : byteEscape + byte);
+            used = 1;
         }
+        bytes.remove_prefix(used);
     }
+    return text;
 }
 
-std::wstring decodeMultiByte(std::string_view bytes)
+// Null where some bytes spell nothing.
+wchar_t* decodeSound(std::string_view bytes, wchar_t* text)
 {
-    std::wstring text;
-    const int length = wideLength(bytes);
-    if (length > 0) {
-        text.resize(static_cast<std::size_t>(length));
-        MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, bytes.data(), static_cast<int>(bytes.size()),
-                            text.data(), length);
-        return text;
-    }
+    const int size = static_cast<int>(bytes.size());
+    const int got = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, bytes.data(), size, text, size);
+    return got > 0 ? text + got : nullptr;
+}
+
+wchar_t* decodeMultiByte(std::string_view bytes, wchar_t* text)
+{
+    if (wchar_t* const end = decodeSound(bytes, text)) return end;
     // A letter never spans a line end, so only the lines that hold the damage are read letter by letter.
     while (!bytes.empty()) {
         const std::size_t end = bytes.find('\n');
         const std::string_view line = bytes.substr(0, end == bytes.npos ? end : end + 1);
         bytes.remove_prefix(line.size());
-        const int lineLength = wideLength(line);
-        if (lineLength > 0) {
-            const std::size_t before = text.size();
-            text.resize(before + static_cast<std::size_t>(lineLength));
-            MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, line.data(), static_cast<int>(line.size()),
-                                text.data() + before, lineLength);
-        } else {
-            decodeDamaged(line, text);
-        }
+        wchar_t* const lineEnd = decodeSound(line, text);
+        text = lineEnd != nullptr ? lineEnd : decodeDamaged(line, text);
     }
     return text;
 }
@@ -123,8 +113,10 @@ void encodeUnits(std::wstring_view units, std::string& bytes)
 // swallow a separator.
 void encodeByteEscape(wchar_t unit, wchar_t following, std::string& bytes)
 {
-    const std::array<char, 2> pair{static_cast<char>(unit - byteEscape), static_cast<char>(following)};
-    const bool swallows = following < 0x80 && !codePage().singleByte && wideLength({pair.data(), 2}) == 1;
+    std::string pair(1, static_cast<char>(unit - byteEscape));
+    if (isByteEscape(following)) pair.push_back(static_cast<char>(following - byteEscape));
+    else encodeUnits({&following, 1}, pair);
+    const bool swallows = !codePage().singleByte && pair.size() > 1 && wideLength(pair.substr(0, 2)) == 1;
     bytes.push_back(swallows ? '?' : pair[0]);
 }
 
@@ -144,18 +136,25 @@ void encodeForeign(std::wstring_view text, wchar_t following, std::string& bytes
 
 } // namespace
 
+bool ansiLettersAreBytes() { return codePage().singleByte; }
+
+std::size_t decodeAnsi(std::string_view bytes, wchar_t* text)
+{
+    if (bytes.empty()) return 0;
+    if (!codePage().singleByte) return static_cast<std::size_t>(decodeMultiByte(bytes, text) - text);
+    const auto& letters = codePage().letters;
+    std::ranges::transform(bytes, text, [&](char byte) { return letters[static_cast<unsigned char>(byte)]; });
+    return bytes.size();
+}
+
 std::wstring decodeAnsi(std::string_view bytes)
 {
-    if (bytes.empty()) return {};
-    if (!codePage().singleByte) return decodeMultiByte(bytes);
     std::wstring text(bytes.size(), L'\0');
-    const auto& letters = codePage().letters;
-    std::ranges::transform(bytes, text.begin(),
-                           [&](char byte) { return letters[static_cast<unsigned char>(byte)]; });
+    text.resize(decodeAnsi(bytes, text.data()));
     return text;
 }
 
-void encodeAnsi(std::wstring_view text, std::string& bytes)
+void encodeAnsi(std::wstring_view text, std::string& bytes, wchar_t behind)
 {
     const auto isAscii = [](wchar_t unit) { return unit < 0x80; };
     const auto isForeign = [](wchar_t unit) { return unit >= 0x80; };
@@ -169,7 +168,7 @@ void encodeAnsi(std::wstring_view text, std::string& bytes)
                        [](wchar_t unit) { return static_cast<char>(unit); });
         at = std::find_if(foreign, end, isAscii);
         if (at != foreign)
-            encodeForeign({foreign, static_cast<std::size_t>(at - foreign)}, at == end ? L'|' : *at, bytes);
+            encodeForeign({foreign, static_cast<std::size_t>(at - foreign)}, at == end ? behind : *at, bytes);
     }
 }
 

@@ -9,9 +9,15 @@ namespace vandrel {
 // surrogates (U+DC00 plus the byte), which encodeAnsi turns back, so that a file with a damaged letter survives
 // being read and written.
 std::wstring decodeAnsi(std::string_view bytes);
+// Into `text`, which has room for as many units as there are bytes. Returns the number of units.
+std::size_t decodeAnsi(std::string_view bytes, wchar_t* text);
+
+// Whether a letter is one byte always, so that a text may be cut between any two bytes.
+bool ansiLettersAreBytes();
 
 // Appends `text` in the ANSI code page. A letter that the code page lacks becomes "?", never one that merely
 // looks like it: the full-width bar must not turn into the bar that separates fields.
-void encodeAnsi(std::wstring_view text, std::string& bytes);
+// `behind` is the unit that will be written next: a loose byte must not make a letter of it.
+void encodeAnsi(std::wstring_view text, std::string& bytes, wchar_t behind = L'|');
 
 } // namespace vandrel

@@ -26,25 +26,64 @@ FileHandle openForReading(const std::wstring& path)
     }
 }
 
+// Decodes a file part by part as its bytes come in, so that they never stand in memory whole.
+class PartDecoder {
+  public:
+    explicit PartDecoder(std::size_t fileSize) : text_(std::make_shared_for_overwrite<wchar_t[]>(fileSize)) {}
+
+    // Where the next bytes are to be put.
+    char* room(std::size_t count)
+    {
+        bytes_.resize(waiting_ + count);
+        return bytes_.data() + waiting_;
+    }
+    // So many were put there.
+    void take(std::size_t count)
+    {
+        waiting_ += count;
+        const std::string_view bytes(bytes_.data(), waiting_);
+        decode(ansiLettersAreBytes() ? waiting_ : bytes.rfind('\n') + 1); // no letter spans a line end
+    }
+    DecodedText finish()
+    {
+        decode(waiting_);
+        return {std::move(text_), size_};
+    }
+
+  private:
+    void decode(std::size_t count)
+    {
+        size_ += decodeAnsi({bytes_.data(), count}, text_.get() + size_);
+        std::copy(bytes_.begin() + static_cast<std::ptrdiff_t>(count),
+                  bytes_.begin() + static_cast<std::ptrdiff_t>(waiting_), bytes_.begin());
+        waiting_ -= count;
+    }
+
+    std::shared_ptr<wchar_t[]> text_;
+    std::size_t size_ = 0;
+    std::string bytes_;
+    std::size_t waiting_ = 0;
+};
+
 } // namespace
 
-std::wstring AnsiTextFile::read() const
+DecodedText AnsiTextFile::read() const
 {
-    constexpr std::size_t mostAtOnce = 256U << 20;
+    constexpr std::size_t partSize = 256U << 10;
     const FileHandle file = openForReading(extendedPath(path_));
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.get(), &size)) raiseLastError();
-    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
-    std::size_t done = 0;
-    while (done < bytes.size()) {
+    std::size_t left = static_cast<std::size_t>(size.QuadPart);
+    PartDecoder decoder(left);
+    while (left > 0) {
+        const auto wanted = static_cast<DWORD>(std::min(partSize, left));
         DWORD got = 0;
-        const auto wanted = static_cast<DWORD>(std::min(mostAtOnce, bytes.size() - done));
-        if (!ReadFile(file.get(), bytes.data() + done, wanted, &got, nullptr)) raiseLastError();
+        if (!ReadFile(file.get(), decoder.room(wanted), wanted, &got, nullptr)) raiseLastError();
         if (got == 0) break; // it became shorter meanwhile
-        done += got;
+        decoder.take(got);
+        left -= got;
     }
-    bytes.resize(done);
-    return decodeAnsi(bytes);
+    return decoder.finish();
 }
 
 void AnsiTextFile::write(const std::string& bytes) const { replaceFile(path_, bytes); }

@@ -1,11 +1,20 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace vandrel {
 
 class FileLayer;
+
+// The text of a file. It is as large as the file has bytes, or larger, so it is not filled twice.
+struct DecodedText {
+    std::shared_ptr<const wchar_t[]> units;
+    std::size_t size = 0;
+
+    operator std::wstring_view() const { return {units.get(), size}; }
+};
 
 // A text file in the ANSI code page, read and written whole: nothing stays open between two calls.
 class AnsiTextFile {
@@ -14,7 +23,7 @@ class AnsiTextFile {
 
     // The decoded content. While another program keeps the file to itself it tries again for a moment. Throws
     // RuntimeError (53 or 76 where there is no such file, 70, 75 and others where it cannot be read).
-    std::wstring read() const;
+    DecodedText read() const;
 
     // Puts encoded bytes in place of the content, all or nothing; see replaceFile.
     void write(const std::string& bytes) const;

@@ -5,13 +5,19 @@
 
 #include <commctrl.h>
 
+#include <unordered_map>
 #include <utility>
 
 namespace vandrel {
 namespace {
 
-constexpr UINT_PTR subclassId = 1;
-constexpr const wchar_t* objectProperty = L"Vandrel.Control";
+// The controls of this thread by their windows. The system offers window properties and subclassing of its own for
+// this, but each of these asks another process in Wine, and a list gets a message for every text that it paints.
+std::unordered_map<HWND, Control*>& controlsByWindow()
+{
+    thread_local std::unordered_map<HWND, Control*> controls;
+    return controls;
+}
 
 } // namespace
 
@@ -21,40 +27,48 @@ Control::Control(HWND parent, const wchar_t* className, DWORD style, DWORD exten
                               GetModuleHandleW(nullptr), nullptr))
 {
     if (window_ == nullptr) raiseLastError();
-    SetPropW(window_, objectProperty, this);
-    SetWindowSubclass(window_, subclassProc, subclassId, reinterpret_cast<DWORD_PTR>(this));
+    controlsByWindow()[window_] = this;
+    nativeProc_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(controlProc)));
 }
 
 Control::~Control()
 {
-    if (window_ != nullptr) {
-        const HWND window = std::exchange(window_, nullptr);
-        RemoveWindowSubclass(window, subclassProc, subclassId);
-        RemovePropW(window, objectProperty);
-        DestroyWindow(window);
-    }
+    if (window_ == nullptr) return;
+    const HWND window = window_;
+    detach();
+    DestroyWindow(window);
 }
 
-LRESULT CALLBACK Control::subclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                       DWORD_PTR object) noexcept
+void Control::detach()
 {
-    auto* const control = reinterpret_cast<Control*>(object);
+    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(nativeProc_));
+    controlsByWindow().erase(window_);
+    window_ = nullptr;
+}
+
+LRESULT CALLBACK Control::controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    Control* const control = of(window);
+    if (control == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, subclassProc, subclassId);
-        RemovePropW(window, objectProperty);
-        control->window_ = nullptr;
-        return DefSubclassProc(window, message, wParam, lParam);
+        const WNDPROC native = control->nativeProc_;
+        control->detach();
+        return CallWindowProcW(native, window, message, wParam, lParam);
     }
-    return guarded(GetAncestor(window, GA_ROOT), 0,
-                   [&] { return control->onMessage(message, wParam, lParam); });
+    return guarded(window, 0, [&] { return control->onMessage(message, wParam, lParam); });
 }
 
 LRESULT Control::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return DefSubclassProc(window_, message, wParam, lParam);
+    return CallWindowProcW(nativeProc_, window_, message, wParam, lParam);
 }
 
-Control* Control::of(HWND window) { return static_cast<Control*>(GetPropW(window, objectProperty)); }
+Control* Control::of(HWND window)
+{
+    const auto found = controlsByWindow().find(window);
+    return found != controlsByWindow().end() ? found->second : nullptr;
+}
 
 void Control::place(int left, int top, int width, int height)
 {
@@ -137,7 +151,9 @@ std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORLISTBOX:
     case WM_CTLCOLORBTN: {
-        Control* const control = Control::of(reinterpret_cast<HWND>(lParam));
+        const HWND window = reinterpret_cast<HWND>(lParam);
+        Control* control = Control::of(window);
+        if (control == nullptr) control = Control::of(GetParent(window)); // the text box of a combo box
         return control != nullptr ? control->onColor(reinterpret_cast<HDC>(wParam), message) : std::nullopt;
     }
     default: return std::nullopt;

@@ -56,9 +56,11 @@ class Control {
     HFONT fontHandle() const { return fontHandle_.get(); }
 
   private:
-    static LRESULT CALLBACK subclassProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
+    static LRESULT CALLBACK controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    void detach();
 
     HWND window_ = nullptr;
+    WNDPROC nativeProc_ = nullptr;
     FontDescription font_;
     FontHandle fontHandle_;
     COLORREF foreColor_ = 0;

@@ -51,7 +51,9 @@ template <typename Attempt> bool withPatience(const std::wstring& path, Attempt 
 // the program never write into the same one.
 std::wstring siblingOf(const std::wstring& path)
 {
-    return path + L"." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
+    // Not made from the name of the file, which may be as long as a name can be.
+    const std::size_t name = path.find_last_of(L"\\/") + 1;
+    return path.substr(0, name) + L"vandrel-" + std::to_wstring(GetCurrentProcessId()) + L".tmp";
 }
 
 bool writeAll(FileLayer& files, HANDLE file, const std::string& bytes)
@@ -144,14 +146,13 @@ void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& 
         throw RuntimeError(error_number::pathFileAccess); // the move below would go past a read-only mark
     }
     const std::wstring sibling = siblingOf(target);
-    const bool saved = withPatience(sibling, [&] { return writeSibling(files, sibling, bytes); }) &&
-                       files.copyIdentity(target, sibling) &&
-                       withPatience(target, [&] { return files.replace(sibling, target); });
-    if (saved) return;
+    const bool written = withPatience(sibling, [&] { return writeSibling(files, sibling, bytes); }) &&
+                         files.copyIdentity(target, sibling);
+    if (written && withPatience(target, [&] { return files.replace(sibling, target); })) return;
     const DWORD reason = GetLastError();
     files.remove(sibling);
     // Waited for in vain: a file that another program has open, whatever the move calls it.
-    const bool held = reason == ERROR_ACCESS_DENIED && fileExists(path);
+    const bool held = written && reason == ERROR_ACCESS_DENIED && fileExists(path);
     throw runtimeErrorOf(held ? ERROR_SHARING_VIOLATION : reason);
 }
 

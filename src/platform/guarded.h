@@ -8,17 +8,20 @@
 namespace vandrel {
 
 // Runs what an event asks for. What it throws never passes through the system: it is shown as the run-time error
-// box, and the program goes on with `fallback` as the event's answer.
-template <typename Action> LRESULT guarded(HWND owner, LRESULT fallback, Action action) noexcept
+// box over the window's top-level window, and the program goes on with `fallback` as the event's answer.
+template <typename Action> LRESULT guarded(HWND window, LRESULT fallback, Action action) noexcept
 {
+    const auto show = [window](const RuntimeError& error) {
+        showRuntimeError(GetAncestor(window, GA_ROOT), error);
+    };
     try {
         return action();
     } catch (const RuntimeError& error) {
-        showRuntimeError(owner, error);
+        show(error);
     } catch (const std::bad_alloc&) {
-        showRuntimeError(owner, RuntimeError(error_number::outOfMemory));
+        show(RuntimeError(error_number::outOfMemory));
     } catch (...) {
-        showRuntimeError(owner, RuntimeError(error_number::internalError));
+        show(RuntimeError(error_number::internalError));
     }
     return fallback;
 }

@@ -22,15 +22,15 @@ void ListRows::clear()
 {
     rows_.clear();
     kept_.clear();
-    blocks_.clear();
+    block_.reset();
 }
 
-void ListRows::fill(std::shared_ptr<const std::wstring> block, std::vector<Row> rows)
+void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
 {
     clear();
     sorted_ = false;
     rows_ = std::move(rows);
-    blocks_.push_back(std::move(block));
+    block_ = std::move(block);
 }
 
 std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8_t image)

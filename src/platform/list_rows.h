@@ -42,8 +42,9 @@ class ListRows {
     void setText(std::size_t row, std::size_t column, std::wstring text);
 
     void clear();
-    // Puts rows whose texts look into `block` in place of all rows, in the order given, unsorted from then on.
-    void fill(std::shared_ptr<const std::wstring> block, std::vector<Row> rows);
+    // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted from
+    // then on.
+    void fill(std::shared_ptr<const void> block, std::vector<Row> rows);
     // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
     std::size_t add(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
     void remove(std::size_t row);
@@ -66,7 +67,7 @@ class ListRows {
 
     std::vector<Row> rows_;
     std::deque<std::wstring> kept_;
-    std::vector<std::shared_ptr<const std::wstring>> blocks_;
+    std::shared_ptr<const void> block_;
     bool sorted_ = false;
     std::size_t sortKey_ = 0;
     SortOrder sortOrder_ = SortOrder::ascending;

@@ -112,7 +112,7 @@ void ListView::clear()
     updateCount(0);
 }
 
-void ListView::fill(std::shared_ptr<const std::wstring> block, std::vector<ListRows::Row> rows)
+void ListView::fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows)
 {
     clear(); // takes the list to its top
     rows_.fill(std::move(block), std::move(rows));
@@ -125,10 +125,10 @@ void ListView::fill(std::shared_ptr<const std::wstring> block, std::vector<ListR
 template <typename Change> void ListView::changeRows(Change change)
 {
     takeSelection();
-    change();
     const RedrawPause pause(handle());
     const Counted quiet(quiet_);
-    if (selectedCount() > 0) setState(-1, 0, LVIS_SELECTED);
+    dropSelection();
+    change();
     updateCount(LVSICF_NOSCROLL);
     giveSelection();
 }
@@ -202,16 +202,30 @@ void ListView::showSortOrder()
 
 // ---- selection
 
+// Looking for a state goes through the rows one by one in some versions of the control, so what is known is asked
+// for first: how many are selected, and the row that was the last to get the focus.
+std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
+{
+    const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
+    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+}
+
 std::optional<std::size_t> ListView::firstSelected() const
 {
-    const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
-    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+    const std::size_t selected = selectedCount();
+    if (selected == 0) return std::nullopt;
+    if (selected == 1 && lastFocused_ < count() && isSelected(lastFocused_)) return lastFocused_;
+    return nextRow(-1, LVNI_SELECTED);
 }
 
 std::optional<std::size_t> ListView::currentRow() const
 {
-    const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED | LVNI_SELECTED);
-    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : firstSelected();
+    if (selectedCount() == 0) return std::nullopt;
+    constexpr UINT current = LVIS_FOCUSED | LVIS_SELECTED;
+    if (lastFocused_ < count() && send(LVM_GETITEMSTATE, lastFocused_, current) == current)
+        return lastFocused_;
+    const auto row = nextRow(-1, LVNI_FOCUSED | LVNI_SELECTED);
+    return row ? row : firstSelected();
 }
 
 bool ListView::isSelected(std::size_t row) const { return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0; }
@@ -229,7 +243,7 @@ void ListView::setState(int row, UINT state, UINT mask)
 void ListView::select(std::size_t row)
 {
     const Counted quiet(quiet_);
-    if (selectedCount() > 0) setState(-1, 0, LVIS_SELECTED);
+    dropSelection();
     setState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
 }
@@ -247,19 +261,39 @@ void ListView::clearSelection()
     if (selectedCount() == 0) return;
     const RedrawPause pause(handle());
     const Counted quiet(quiet_);
-    setState(-1, 0, LVIS_SELECTED);
+    dropSelection();
+}
+
+std::vector<std::size_t> ListView::selectedRows() const
+{
+    std::vector<std::size_t> rows;
+    const std::size_t selected = selectedCount();
+    rows.reserve(selected);
+    auto row = firstSelected();
+    for (; row && rows.size() + 1 < selected; row = nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED)) {
+        rows.push_back(*row);
+    }
+    if (row) rows.push_back(*row);
+    return rows;
+}
+
+// Row by row where they are scattered: all at once takes the control far longer then.
+void ListView::dropSelection()
+{
+    const std::vector<std::size_t> rows = selectedRows();
+    if (rows.empty()) return;
+    if (rows.back() - rows.front() + 1 == rows.size()) {
+        setState(-1, 0, LVIS_SELECTED);
+    } else {
+        for (const std::size_t row : rows) setState(static_cast<int>(row), 0, LVIS_SELECTED);
+    }
 }
 
 void ListView::takeSelection()
 {
     for (std::size_t row = 0; row < count(); ++row) rows_[row].marked = rows_[row].current = false;
-    for (LRESULT row = -1; (row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED)) >= 0;) {
-        rows_[static_cast<std::size_t>(row)].marked = true;
-    }
-    const auto focused = send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
-    if (focused >= 0 && static_cast<std::size_t>(focused) < count()) {
-        rows_[static_cast<std::size_t>(focused)].current = true;
-    }
+    for (const std::size_t row : selectedRows()) rows_[row].marked = true;
+    if (const auto current = currentRow()) rows_[*current].current = true;
 }
 
 void ListView::giveSelection()
@@ -287,7 +321,7 @@ Twips ListView::columnWidth(std::size_t column) const
 
 void ListView::setColumnWidth(std::size_t column, Twips width)
 {
-    columnWidths_[column] = std::max(width, 0_twips);
+    columnWidths_[column] = width > 0_twips ? width : 0_twips; // also when it is no number
     const int native = pixels(columnWidths_[column]);
     if (send(LVM_GETCOLUMNWIDTH, column) != native) send(LVM_SETCOLUMNWIDTH, column, native);
 }
@@ -320,6 +354,7 @@ void ListView::editLabel(std::size_t row)
 {
     setFocus();
     ensureVisible(row);
+    const Counted quiet(quiet_); // starting to edit may select the row anew
     send(LVM_EDITLABELW, row);
 }
 
@@ -375,7 +410,7 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_KEYDOWN:
-        if (wParam == 'A' && keyDown(VK_CONTROL) && !keyDown(VK_MENU)) {
+        if (wParam == 'A' && selection_ == Selection::many && keyDown(VK_CONTROL) && !keyDown(VK_MENU)) {
             selectAll();
             if (const auto row = currentRow(); row && ItemClick) ItemClick(*row);
             return 0;
@@ -456,6 +491,9 @@ std::optional<LRESULT> ListView::onNotify(NMHDR& header)
     case LVN_ODFINDITEMW: return findRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case LVN_ITEMCHANGED: {
         const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+        if ((change.uNewState & LVIS_FOCUSED) != 0 && change.iItem >= 0) {
+            lastFocused_ = static_cast<std::size_t>(change.iItem);
+        }
         const bool gained = (change.uNewState & LVIS_SELECTED) != 0 &&
                             (change.uOldState & LVIS_SELECTED) == 0;
         if (gained && quiet_ == 0) selectionGained();

@@ -41,8 +41,8 @@ class ListView : public Control {
     void setAllImages(int image);
 
     void clear();
-    // Rows whose texts look into `block`, in the order given; switches sorting off. Nothing is selected then.
-    void fill(std::shared_ptr<const std::wstring> block, std::vector<ListRows::Row> rows);
+    // Rows whose texts look into what `block` owns, in the order given; switches sorting off. Nothing is selected.
+    void fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows);
     std::size_t add(std::array<std::wstring, ListRows::maxColumns> texts, int image);
     void remove(std::size_t row);
     // `progress` is told the rows looked at so far.
@@ -94,6 +94,9 @@ class ListView : public Control {
     void answerDisplay(LVITEMW& item) const;
     LRESULT findRow(const NMLVFINDITEMW& wanted) const;
     POINT menuPoint() const;
+    std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
+    std::vector<std::size_t> selectedRows() const;
+    void dropSelection();
     void takeSelection();
     void giveSelection();
     void setState(int row, UINT state, UINT mask);
@@ -109,6 +112,7 @@ class ListView : public Control {
     std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
     int quiet_ = 0;                   // above 0 the program itself changes the selection
     int userMessages_ = 0;            // above 0 a message of the user is being answered
+    std::size_t lastFocused_ = 0;     // a hint, asked before it is believed
     bool clickPending_ = false;
     bool pressFired_ = false; // the press of the button selected a row already
 };

@@ -42,8 +42,7 @@ LRESULT CALLBACK Window::windowProc(HWND window, UINT message, WPARAM wParam, LP
         object->window_ = nullptr;
         return DefWindowProcW(window, message, wParam, lParam);
     }
-    return guarded(GetAncestor(window, GA_ROOT), 0,
-                   [&] { return object->onMessage(message, wParam, lParam); });
+    return guarded(window, 0, [&] { return object->onMessage(message, wParam, lParam); });
 }
 
 LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -42,8 +42,8 @@ void readSites(Workspace& workspace, const std::wstring& title)
     workspace.lstInfo.clear();
     try {
         const AnsiTextFile file(categoryPath(workspace, title));
-        const auto text = std::make_shared<const std::wstring>(file.read());
-        workspace.lstInfo.fill(text, rowsOf(*text));
+        const DecodedText text = file.read();
+        workspace.lstInfo.fill(text.units, rowsOf(text));
     } catch (const RuntimeError& error) {
         if (!isMissing(error)) workspace.unreadCategory = title;
     }
@@ -61,8 +61,9 @@ std::string bytesOf(const ListView& sites)
     bytes.reserve(length + sites.count());
     for (std::size_t row = 0; row < sites.count(); ++row) {
         for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
-            encodeAnsi(sites.textView(row, column), bytes);
-            bytes += column + 1 < ListRows::maxColumns ? "|" : "\r\n";
+            const bool last = column + 1 == ListRows::maxColumns;
+            encodeAnsi(sites.textView(row, column), bytes, last ? L'\r' : fieldSeparator);
+            bytes += last ? "\r\n" : "|";
         }
     }
     return bytes;

@@ -44,6 +44,7 @@ void AddCategory(Workspace& workspace)
         DoMoveMenus(workspace);
         throw;
     }
+    if (workspace.unreadCategory == title) workspace.unreadCategory.reset(); // nothing unseen is left in it
     workspace.lstCategory.ensureVisible(row);
     DoMoveMenus(workspace);
 }

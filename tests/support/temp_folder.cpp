@@ -25,8 +25,9 @@ TempFolder::TempFolder(const std::wstring& name)
 TempFolder::~TempFolder()
 {
     std::error_code ignored;
-    for (const auto& entry : fs::recursive_directory_iterator(path_, ignored)) {
-        SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+    for (fs::recursive_directory_iterator entry(path_, ignored), end; entry != end;
+         entry.increment(ignored)) {
+        SetFileAttributesW(entry->path().c_str(), FILE_ATTRIBUTE_NORMAL);
     }
     fs::remove_all(path_, ignored);
 }

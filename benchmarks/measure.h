@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vandrel::bench {
+
+inline constexpr int repetitions = 9;
+
+double now(); // milliseconds
+double median(std::vector<double> values);
+// The median of some runs, in milliseconds; `before` is not timed.
+double timed(
+    const std::function<void()>& work, const std::function<void()>& before = [] {}, int runs = repetitions);
+
+// One line of the table: what was done, beside what, and the aim for their ratio.
+struct Row {
+    std::string work;
+    std::string beside;
+    double ours;
+    double floor;
+    const char* unit;
+    double aim; // of ours / floor, or of ours alone where there is no floor (floor 1)
+};
+void printHeader();
+void print(const Row& row);
+
+} // namespace vandrel::bench

@@ -1,0 +1,255 @@
+#include "benchmarks/measure.h"
+#include "benchmarks/rows.h"
+#include "benchmarks/site_generator.h"
+#include "mainwindow/frm_main.h"
+#include "store/category_files.h"
+#include "tests/support/answers.h"
+
+#include <psapi.h>
+
+#include <algorithm>
+#include <fstream>
+#include <numeric>
+
+namespace vandrel::bench {
+namespace {
+
+using test::Answers;
+using test::press;
+
+constexpr std::size_t siteCount = 100'000;
+constexpr const char* noFloor = "";
+
+std::wstring currentFolder()
+{
+    wchar_t path[MAX_PATH + 1]{};
+    GetCurrentDirectoryW(MAX_PATH, path);
+    return path;
+}
+
+void writeFile(const wchar_t* name, const std::string& bytes)
+{
+    FILE* const file = _wfopen(name, L"wb");
+    std::fwrite(bytes.data(), 1, bytes.size(), file);
+    std::fclose(file);
+}
+
+std::string readWhole(const wchar_t* name)
+{
+    const HANDLE file = CreateFileW(name, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    std::string bytes(GetFileSize(file, nullptr), '\0');
+    DWORD got = 0;
+    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
+    CloseHandle(file);
+    return bytes;
+}
+
+std::wstring decodePlainly(const std::string& bytes)
+{
+    const int size = static_cast<int>(bytes.size());
+    std::wstring text(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0)), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, text.data(), static_cast<int>(text.size()));
+    return text;
+}
+
+void writePlainly(const wchar_t* name, const std::wstring& text)
+{
+    const int size = static_cast<int>(text.size());
+    std::string bytes(static_cast<std::size_t>(
+                          WideCharToMultiByte(CP_ACP, 0, text.data(), size, nullptr, 0, nullptr, nullptr)),
+                      '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), size, bytes.data(), static_cast<int>(bytes.size()), nullptr,
+                        nullptr);
+    const HANDLE file = CreateFileW(name, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    DWORD written = 0;
+    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    FlushFileBuffers(file);
+    CloseHandle(file);
+}
+
+SIZE_T privateBytes()
+{
+    PROCESS_MEMORY_COUNTERS_EX counters{};
+    counters.cb = sizeof counters;
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                         sizeof counters);
+    return counters.PrivateUsage;
+}
+
+// The program's main window on two categories: a large one and an empty one.
+class Bench {
+  public:
+    Bench()
+        : window_({.dataFolder = currentFolder(),
+                   .commandLine = {},
+                   .settings = SettingsStore(L"VandrelBench"),
+                   .today = [] { return std::wstring(L"11/16/2002"); }})
+    {
+        window_.Form_Load();
+        window_.show(SW_SHOW);
+        SetWindowPos(window_.handle(), nullptr, 0, 0, 1100, 800, SWP_NOZORDER);
+        test::pump();
+    }
+    ListView& sites() { return window_.workspace().lstInfo; }
+    Workspace& workspace() { return window_.workspace(); }
+    frmMain& window() { return window_; }
+
+    void click(const wchar_t* title)
+    {
+        ListView& categories = workspace().lstCategory;
+        for (std::size_t row = 0; row < categories.count(); ++row) {
+            if (categories.text(row) != title) continue;
+            categories.select(row);
+            categories.ItemClick(row);
+        }
+        UpdateWindow(sites().handle());
+    }
+    void clickLarge() { click(L"Large"); }
+    void clickEmpty() { click(L"Empty"); }
+
+  private:
+    frmMain window_;
+};
+
+void openRow(Bench& bench)
+{
+    const double floor = timed([] { decodePlainly(readWhole(L"Large.udb")); });
+    const double ours = timed([&] { bench.clickLarge(); }, [&] { bench.clickEmpty(); });
+    print({"click on a category of 100,000 sites until painted", "reading and decoding the file", ours, floor,
+           "ms", 2});
+
+    bench.clickEmpty();
+    const double before = static_cast<double>(privateBytes());
+    bench.clickLarge();
+    const double added = (static_cast<double>(privateBytes()) - before) / 1e6;
+    const double fileSize = static_cast<double>(readWhole(L"Large.udb").size()) / 1e6;
+    print({"memory that this adds", "the file's bytes", added, fileSize, "MB", 5});
+}
+
+double saveRow(Bench& bench)
+{
+    const std::wstring text = decodePlainly(readWhole(L"Large.udb"));
+    const double floor = timed([&] { writePlainly(L"plain.txt", text); });
+    const double ours = timed([&] { SaveItems(bench.workspace()); });
+    print({"SaveItems of it", "encoding, plain overwriting, flushing", ours, floor, "ms", 1.3});
+    return ours;
+}
+
+void sortRow(Bench& bench, std::size_t column, const char* work)
+{
+    ListView& sites = bench.sites();
+    std::vector<std::wstring> texts;
+    const auto takeTexts = [&] {
+        bench.clickEmpty();
+        bench.clickLarge();
+        texts.clear();
+        for (std::size_t row = 0; row < sites.count(); ++row) texts.push_back(sites.text(row, column));
+    };
+    const double floor = timed(
+        [&] {
+            std::vector<std::uint32_t> index(texts.size());
+            std::iota(index.begin(), index.end(), 0U);
+            std::ranges::stable_sort(index, [&](auto a, auto b) { return texts[a] < texts[b]; });
+        },
+        takeTexts);
+    const double ours = timed(
+        [&] {
+            sites.ColumnClick(column);
+            UpdateWindow(sites.handle());
+        },
+        [&] {
+            bench.clickEmpty();
+            bench.clickLarge();
+        });
+    print({work, "a bare stable sort of an index", ours, floor, "ms", 1.5});
+}
+
+// From pressing a button in a dialog to the end of the command.
+double fromAnswer(Bench& bench, MenuEntry entry, const wchar_t* caption, int button)
+{
+    double pressed = 0;
+    Answers answers;
+    answers.expect(caption, [&](HWND dialog) {
+        pressed = now();
+        press(dialog, button);
+    });
+    bench.window().run(entry);
+    return now() - pressed;
+}
+
+void addRows(Bench& bench, double save)
+{
+    const auto add = [&] { return fromAnswer(bench, mnuAddWebsite, L"Add Site...", IDOK); };
+    std::vector<double> unsorted;
+    for (int run = 0; run < repetitions; ++run) {
+        bench.clickEmpty();
+        writeFile(L"Large.udb", generatedSites(siteCount));
+        bench.clickLarge();
+        unsorted.push_back(add());
+    }
+    std::vector<double> sorted;
+    for (int run = 0; run < repetitions; ++run) sorted.push_back(add());
+    print({"adding a site, OK to saved (file in URL order)", "SaveItems", median(sorted), save, "ms", 1.3});
+    print({"the same, file in no order", "SaveItems", median(unsorted), save, "ms", 1.3});
+}
+
+void removeRow(Bench& bench, double save)
+{
+    std::vector<double> times;
+    for (int run = 0; run < 7; ++run) {
+        bench.clickEmpty();
+        writeFile(L"Large.udb", generatedSites(siteCount));
+        bench.clickLarge();
+        SendMessageW(bench.sites().handle(), WM_SETREDRAW, FALSE, 0);
+        for (std::size_t row = 0; row < siteCount; row += 2) {
+            LVITEMW item{};
+            item.state = item.stateMask = LVIS_SELECTED;
+            SendMessageW(bench.sites().handle(), LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+        }
+        SendMessageW(bench.sites().handle(), WM_SETREDRAW, TRUE, 0);
+        times.push_back(fromAnswer(bench, mnuRemoveWebsite, L"Remove site(s)", IDYES));
+        if (bench.sites().count() != siteCount / 2) std::printf("remove: wrong count\n");
+    }
+    print({"removing 50,000 selected sites of it", "SaveItems", median(times), save, "ms", 3});
+}
+
+void selectRow(Bench& bench)
+{
+    bench.clickEmpty();
+    writeFile(L"Large.udb", generatedSites(siteCount));
+    bench.clickLarge();
+    const HWND list = bench.sites().handle();
+    SetFocus(list);
+    BYTE keys[256]{};
+    const auto key = [&](WPARAM code, bool control) {
+        keys[VK_CONTROL] = control ? 0x80 : 0;
+        SetKeyboardState(keys);
+        SendMessageW(list, WM_KEYDOWN, code, 0);
+        UpdateWindow(list);
+    };
+    const double all = timed([&] { key('A', true); }, [&] { key(VK_HOME, false); });
+    if (bench.sites().selectedCount() != siteCount) std::printf("select: wrong count\n");
+    const double none = timed([&] { key(VK_HOME, false); }, [&] { key('A', true); });
+    print({"Ctrl+A on 100,000 sites", noFloor, all, 1, "ms", 1000});
+    print({"clearing that selection with Home", noFloor, none, 1, "ms", 1000});
+}
+
+} // namespace
+
+void storeRows()
+{
+    writeFile(L"Large.udb", generatedSites(siteCount));
+    writeFile(L"Empty.udb", "");
+    Bench bench;
+    bench.clickLarge();
+    openRow(bench);
+    const double save = saveRow(bench);
+    sortRow(bench, 0, "a click on the header \"Site Name\"");
+    sortRow(bench, 1, "a click on the header \"URL\"");
+    addRows(bench, save);
+    removeRow(bench, save);
+    selectRow(bench);
+}
+
+} // namespace vandrel::bench
