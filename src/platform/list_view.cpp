@@ -51,8 +51,7 @@ DWORD listStyle(ListView::Selection selection, bool labelEdit)
 
 ListView::ListView(HWND parent, int id, Selection selection, bool labelEdit,
                    std::initializer_list<Column> columns)
-    : Control(parent, WC_LISTVIEWW, listStyle(selection, labelEdit), WS_EX_CLIENTEDGE, id),
-      selection_(selection)
+    : Control(parent, WC_LISTVIEWW, listStyle(selection, labelEdit), 0, id), selection_(selection)
 {
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
     for (const Column& column : columns) {
