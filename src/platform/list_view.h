@@ -87,7 +87,7 @@ class ListView : public Control {
     template <typename Change> void changeRows(Change change);
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);
-    bool unselectsMany(UINT message, LPARAM lParam) const;
+    bool unselectsMany(UINT message) const;
     void fireItemClick();
     void selectionGained();
     std::optional<LRESULT> onEndLabelEdit(const NMLVDISPINFOW& info);

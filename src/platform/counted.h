@@ -1,0 +1,17 @@
+#pragma once
+
+namespace vandrel {
+
+// Counts up for the time it lives.
+class Counted {
+  public:
+    explicit Counted(int& counter) : counter_(counter) { ++counter_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+    ~Counted() { --counter_; }
+
+  private:
+    int& counter_;
+};
+
+} // namespace vandrel

@@ -1,0 +1,118 @@
+#include "platform/counted.h"
+#include "platform/list_view.h"
+#include "platform/redraw_pause.h"
+
+#include <algorithm>
+
+namespace vandrel {
+
+// Looking for a state goes through the rows one by one in some versions of the control, so what is known is asked
+// for first: how many are selected, and the row that was the last to get the focus.
+std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
+{
+    const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
+    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+}
+
+std::optional<std::size_t> ListView::firstSelected() const
+{
+    const std::size_t selected = selectedCount();
+    if (selected == 0) return std::nullopt;
+    if (selected == 1 && lastFocused_ < count() && isSelected(lastFocused_)) return lastFocused_;
+    return nextRow(-1, LVNI_SELECTED);
+}
+
+std::optional<std::size_t> ListView::currentRow() const
+{
+    if (selectedCount() == 0) return std::nullopt;
+    constexpr UINT current = LVIS_FOCUSED | LVIS_SELECTED;
+    if (lastFocused_ < count() && send(LVM_GETITEMSTATE, lastFocused_, current) == current)
+        return lastFocused_;
+    const auto row = nextRow(-1, LVNI_FOCUSED | LVNI_SELECTED);
+    return row ? row : firstSelected();
+}
+
+bool ListView::isSelected(std::size_t row) const { return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0; }
+
+std::size_t ListView::selectedCount() const { return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT)); }
+
+void ListView::setState(int row, UINT state, UINT mask)
+{
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+void ListView::select(std::size_t row)
+{
+    const Counted quiet(quiet_);
+    dropSelection();
+    setState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
+}
+
+void ListView::selectAll()
+{
+    if (selection_ != Selection::many || empty()) return;
+    const RedrawPause pause(handle());
+    const Counted quiet(quiet_);
+    setState(-1, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+void ListView::clearSelection()
+{
+    if (selectedCount() == 0) return;
+    const RedrawPause pause(handle());
+    const Counted quiet(quiet_);
+    dropSelection();
+}
+
+std::vector<std::size_t> ListView::selectedRows() const
+{
+    std::vector<std::size_t> rows;
+    const std::size_t selected = selectedCount();
+    rows.reserve(selected);
+    auto row = firstSelected();
+    for (; row && rows.size() + 1 < selected; row = nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED)) {
+        rows.push_back(*row);
+    }
+    if (row) rows.push_back(*row);
+    return rows;
+}
+
+// Row by row where they are scattered: all at once takes the control far longer then.
+void ListView::dropSelection()
+{
+    const std::vector<std::size_t> rows = selectedRows();
+    if (rows.empty()) return;
+    if (rows.back() - rows.front() + 1 == rows.size()) {
+        setState(-1, 0, LVIS_SELECTED);
+    } else {
+        for (const std::size_t row : rows) setState(static_cast<int>(row), 0, LVIS_SELECTED);
+    }
+}
+
+void ListView::takeSelection()
+{
+    for (std::size_t row = 0; row < count(); ++row) rows_[row].marked = rows_[row].current = false;
+    for (const std::size_t row : selectedRows()) rows_[row].marked = true;
+    if (const auto current = currentRow()) rows_[*current].current = true;
+}
+
+void ListView::giveSelection()
+{
+    std::size_t marked = 0;
+    for (std::size_t row = 0; row < count(); ++row) marked += rows_[row].marked ? 1 : 0;
+    if (marked == count() && marked > 0 && selection_ == Selection::many)
+        setState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    for (std::size_t row = 0; row < count(); ++row) {
+        UINT state = 0;
+        if (rows_[row].marked && marked != count()) state |= LVIS_SELECTED;
+        if (rows_[row].marked && selection_ == Selection::one) state |= LVIS_SELECTED;
+        if (rows_[row].current) state |= LVIS_FOCUSED;
+        if (state != 0) setState(static_cast<int>(row), state, state);
+    }
+}
+
+} // namespace vandrel

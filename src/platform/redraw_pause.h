@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+namespace vandrel {
+
+// The control is not painted while this lives, and once after.
+class RedrawPause {
+  public:
+    explicit RedrawPause(HWND window) : window_(window) { SendMessageW(window_, WM_SETREDRAW, FALSE, 0); }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+    ~RedrawPause()
+    {
+        SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(window_, nullptr, FALSE);
+    }
+
+  private:
+    HWND window_;
+};
+
+} // namespace vandrel
