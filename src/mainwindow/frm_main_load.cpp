@@ -1,6 +1,7 @@
 #include "mainwindow/frm_main.h"
 #include "mainwindow/off2000.h"
 #include "mainwindow/registry_module.h"
+#include "platform/guarded.h"
 #include "platform/number_text.h"
 #include "shared/apply_font.h"
 #include "store/category_files.h"
@@ -50,7 +51,11 @@ void frmMain::Form_Load()
         // The editor asks what to add to which category, so what it asks about is there to be seen.
         show(SW_SHOWDEFAULT);
         workspace_.site.IncomingLink = commandLine_;
-        AddURL(workspace_);
+        // A site that cannot be saved is told at once, and the start goes on.
+        guarded(handle(), 0, [this]() -> LRESULT {
+            AddURL(workspace_);
+            return 0;
+        });
     }
     sinkProgressBar();
     ApplyFont(*this, workspace_.options.font);
