@@ -168,6 +168,9 @@ std::optional<LRESULT> ListView::onNotify(NMHDR& header)
         if (DblClick) DblClick();
         return 0;
     case NM_RCLICK: {
+        // The press selected the row; that is told before the menu comes.
+        setFocus();
+        if (clickPending_) fireItemClick();
         POINT point{};
         GetCursorPos(&point);
         if (RightClick) RightClick(point);
