@@ -11,11 +11,11 @@
 namespace vandrel {
 namespace {
 
-// The controls of this thread by their windows. The system offers window properties and subclassing of its own for
+// The controls by their windows, all of one thread. The system offers window properties and subclassing of its own for
 // this, but each of these asks another process in Wine, and a list gets a message for every text that it paints.
 std::unordered_map<HWND, Control*>& controlsByWindow()
 {
-    thread_local std::unordered_map<HWND, Control*> controls;
+    static std::unordered_map<HWND, Control*> controls;
     return controls;
 }
 

@@ -33,11 +33,17 @@ void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
     block_ = std::move(block);
 }
 
-std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8_t image)
+ListRows::Row ListRows::keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image)
 {
     Row row{{}, image, false, false};
     for (std::size_t column = 0; column < maxColumns; ++column)
         row.texts[column] = keep(std::move(texts[column]));
+    return row;
+}
+
+std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8_t image)
+{
+    const Row row = keptRow(std::move(texts), image);
     auto place = rows_.end();
     if (sorted_) {
         // Behind its equals, where a stable sort would put it.
@@ -48,6 +54,11 @@ std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8
     }
     const auto inserted = rows_.insert(place, row);
     return static_cast<std::size_t>(inserted - rows_.begin());
+}
+
+void ListRows::insert(std::size_t row, std::array<std::wstring, maxColumns> texts, std::uint8_t image)
+{
+    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row), keptRow(std::move(texts), image));
 }
 
 void ListRows::remove(std::size_t row) { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row)); }

@@ -47,6 +47,8 @@ class ListRows {
     void fill(std::shared_ptr<const void> block, std::vector<Row> rows);
     // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
     std::size_t add(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
+    // At that row, whatever the sort order says.
+    void insert(std::size_t row, std::array<std::wstring, maxColumns> texts, std::uint8_t image);
     void remove(std::size_t row);
     // Removes every marked row and returns how many there were.
     std::size_t removeMarked();
@@ -64,6 +66,7 @@ class ListRows {
   private:
     bool sort();
     std::wstring_view keep(std::wstring text);
+    Row keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
 
     std::vector<Row> rows_;
     std::deque<std::wstring> kept_;

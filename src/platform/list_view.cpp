@@ -77,6 +77,7 @@ void ListView::clear()
 {
     if (!empty()) clearSelection();
     rows_.clear();
+    ++changes_;
     updateCount(0);
 }
 
@@ -93,7 +94,9 @@ void ListView::fill(std::shared_ptr<const void> block, std::vector<ListRows::Row
 template <typename Change> void ListView::changeRows(Change change)
 {
     takeSelection();
-    const RedrawPause pause(handle());
+    ++changes_;
+    std::optional<RedrawPause> pause; // costs more than it saves where nothing is selected
+    if (selectedCount() > 0) pause.emplace(handle());
     const Counted quiet(quiet_);
     dropSelection();
     change();
@@ -106,6 +109,11 @@ std::size_t ListView::add(std::array<std::wstring, ListRows::maxColumns> texts, 
     std::size_t row = 0;
     changeRows([&] { row = rows_.add(std::move(texts), static_cast<std::uint8_t>(image)); });
     return row;
+}
+
+void ListView::insert(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts, int image)
+{
+    changeRows([&] { rows_.insert(row, std::move(texts), static_cast<std::uint8_t>(image)); });
 }
 
 void ListView::remove(std::size_t row)

@@ -44,6 +44,8 @@ class ListView : public Control {
     // Rows whose texts look into what `block` owns, in the order given; switches sorting off. Nothing is selected.
     void fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows);
     std::size_t add(std::array<std::wstring, ListRows::maxColumns> texts, int image);
+    // At that row, whatever the sort order says.
+    void insert(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts, int image);
     void remove(std::size_t row);
     // `progress` is told the rows looked at so far.
     std::size_t removeSelected(const std::function<void(std::size_t done)>& progress);
@@ -113,6 +115,7 @@ class ListView : public Control {
     int quiet_ = 0;                   // above 0 the program itself changes the selection
     int userMessages_ = 0;            // above 0 a message of the user is being answered
     std::size_t lastFocused_ = 0;     // a hint, asked before it is believed
+    unsigned changes_ = 0; // of the rows: what was known by number before one means nothing after it
     bool clickPending_ = false;
     bool pressFired_ = false; // the press of the button selected a row already
 };

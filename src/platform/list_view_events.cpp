@@ -48,13 +48,14 @@ bool ListView::unselectsMany(UINT message) const
 LRESULT ListView::userMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto selectedBefore = firstSelected();
+    const unsigned changesBefore = changes_;
     LRESULT answer = 0;
     {
         const Counted user(userMessages_);
         answer = unselectsMany(message) ? withoutRedraw(message, wParam, lParam)
                                         : Control::onMessage(message, wParam, lParam);
     }
-    if (selection_ == Selection::one && selectedBefore && !firstSelected() && *selectedBefore < count()) {
+    if (selection_ == Selection::one && selectedBefore && !firstSelected() && changes_ == changesBefore) {
         select(*selectedBefore);
     }
     if (clickPending_ && userMessages_ == 0) fireItemClick();

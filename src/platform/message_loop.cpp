@@ -16,7 +16,7 @@ MessageLoop::Registration::~Registration()
 
 MessageLoop& MessageLoop::current()
 {
-    thread_local MessageLoop loop;
+    static MessageLoop loop;
     return loop;
 }
 

@@ -26,7 +26,7 @@ class MessageLoop {
         std::size_t id_;
     };
 
-    // The loop of the calling thread.
+    // The program has one thread with windows; this is its loop.
     static MessageLoop& current();
 
     // Until `done` says so. A request to quit ends it, too, and stays for the loop outside.

@@ -17,8 +17,10 @@ std::wstring StatusBar::panelText(int panel) const
 
 void StatusBar::setPanelText(int panel, const std::wstring& text)
 {
+    // The control counts letters in 16 bits, and no panel shows so many.
+    const std::wstring shown = text.substr(0, 0xFFFF);
     SendMessageW(handle(), SB_SETTEXTW, static_cast<WPARAM>(panel - 1),
-                 reinterpret_cast<LPARAM>(text.c_str()));
+                 reinterpret_cast<LPARAM>(shown.c_str()));
 }
 
 RECT StatusBar::panelArea(int panel) const

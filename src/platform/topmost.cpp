@@ -27,10 +27,15 @@ std::vector<HWND> windowsOwnedBy(HWND owner)
 void setTopmost(HWND window, bool on)
 {
     // Wine moves the windows that this one owns (tool tips, dialogs) and forgets the window itself. So they are
-    // let go of for the moment; on Windows this changes nothing.
+    // let go of for the moment, and go along one by one, the lowest first, to stay above their owner.
+    const HWND layer = on ? HWND_TOPMOST : HWND_NOTOPMOST;
+    constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;
     const std::vector<HWND> owned = windowsOwnedBy(window);
     for (const HWND other : owned) SetWindowLongPtrW(other, GWLP_HWNDPARENT, 0);
-    SetWindowPos(window, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    SetWindowPos(window, layer, 0, 0, 0, 0, inPlace);
+    for (auto other = owned.rbegin(); other != owned.rend(); ++other) {
+        SetWindowPos(*other, layer, 0, 0, 0, 0, inPlace | SWP_NOACTIVATE);
+    }
     for (const HWND other : owned)
         SetWindowLongPtrW(other, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(window));
 }

@@ -125,7 +125,7 @@ void mnuMove_Click(Workspace& workspace, std::size_t index)
     } catch (const RuntimeError&) {
         // The file it came from no longer has the site, and this one does not take it.
         selectCategory(workspace, *source);
-        sites.add({name, url, description, date}, siteImage);
+        sites.insert(*row, {name, url, description, date}, siteImage);
         SaveItems(workspace);
         throw;
     }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace vandrel::test {
+
+// Copies the program into the folder unless it is there; the folder may have any length.
+void putProgramInto(const std::wstring& folder);
+std::wstring programUnderTest();
+// A path as the build system writes it, as this system takes it.
+std::wstring nativePath(const std::string& path);
+// The other way round, where this system is Wine; throws elsewhere.
+std::wstring unixPath(const std::wstring& path);
+// A folder beside the project's, where real collections may lie; none where it is absent.
+std::optional<std::wstring> sharedFolder(const std::wstring& name);
+std::optional<std::wstring> environment(const wchar_t* name);
+
+} // namespace vandrel::test

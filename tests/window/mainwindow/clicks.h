@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/list_view.h"
+#include "tests/support/answers.h"
+
+#include <windows.h>
+
+// Mouse clicks as they reach a list.
+namespace vandrel::test {
+
+inline void clickAt(HWND window, POINT point, WPARAM held = 0)
+{
+    const LPARAM at = MAKELPARAM(point.x, point.y);
+    // Posted: a list that has got the press waits for what the mouse does next.
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | held, at);
+    PostMessageW(window, WM_LBUTTONUP, held, at);
+    pump();
+}
+
+inline POINT pointOnRow(const ListView& list, int row)
+{
+    RECT area{};
+    area.left = LVIR_LABEL;
+    SendMessageW(list.handle(), LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
+    return {area.left + 10, (area.top + area.bottom) / 2};
+}
+
+inline void clickRow(const ListView& list, int row, WPARAM held = 0)
+{
+    clickAt(list.handle(), pointOnRow(list, row), held);
+}
+
+inline void clickHeader(const ListView& list, int column)
+{
+    const HWND header = reinterpret_cast<HWND>(SendMessageW(list.handle(), LVM_GETHEADER, 0, 0));
+    RECT area{};
+    SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&area));
+    clickAt(header, {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
+}
+
+} // namespace vandrel::test

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "platform/message_loop.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <functional>
+#include <vector>
+
+namespace vandrel::test {
+
+// Ctrl and Shift held down, or not.
+class Keys {
+  public:
+    Keys(bool control, bool shift) { set(control, shift); }
+    Keys(const Keys&) = delete;
+    Keys& operator=(const Keys&) = delete;
+    ~Keys() { set(false, false); }
+
+  private:
+    static void set(bool control, bool shift)
+    {
+        BYTE state[256]{};
+        GetKeyboardState(state);
+        for (const int key : {VK_CONTROL, VK_LCONTROL}) state[key] = control ? 0x80 : 0;
+        for (const int key : {VK_SHIFT, VK_LSHIFT}) state[key] = shift ? 0x80 : 0;
+        SetKeyboardState(state);
+    }
+};
+
+// Presses a key where the focus is, and lets the program's own message loop deal with it.
+inline void pressKey(WORD key, bool control = false, bool shift = false)
+{
+    const Keys held(control, shift);
+    PostMessageW(GetFocus(), WM_KEYDOWN, key, 1);
+    MessageLoop::current().dispatchPending();
+}
+
+// Takes down the menu commands that reach a window, instead of the window.
+class CommandRecorder {
+  public:
+    explicit CommandRecorder(HWND window) : window_(window)
+    {
+        SetWindowSubclass(window, proc, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
+    CommandRecorder(const CommandRecorder&) = delete;
+    CommandRecorder& operator=(const CommandRecorder&) = delete;
+    ~CommandRecorder() { RemoveWindowSubclass(window_, proc, 1); }
+
+    std::vector<int> commands;
+
+  private:
+    static LRESULT CALLBACK proc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR object)
+    {
+        if (message != WM_COMMAND || lParam != 0) return DefSubclassProc(window, message, wParam, lParam);
+        reinterpret_cast<CommandRecorder*>(object)->commands.push_back(LOWORD(wParam));
+        return 0;
+    }
+
+    HWND window_;
+};
+
+// Looks on whenever a message reaches a window, before the window does.
+class MessageWatch {
+  public:
+    MessageWatch(HWND window, UINT message, std::function<void()> look)
+        : window_(window), message_(message), look_(std::move(look))
+    {
+        SetWindowSubclass(window_, proc, 2, reinterpret_cast<DWORD_PTR>(this));
+    }
+    MessageWatch(const MessageWatch&) = delete;
+    MessageWatch& operator=(const MessageWatch&) = delete;
+    ~MessageWatch() { RemoveWindowSubclass(window_, proc, 2); }
+
+  private:
+    static LRESULT CALLBACK proc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR object)
+    {
+        auto* const watch = reinterpret_cast<MessageWatch*>(object);
+        if (message == watch->message_) watch->look_();
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HWND window_;
+    UINT message_;
+    std::function<void()> look_;
+};
+
+} // namespace vandrel::test

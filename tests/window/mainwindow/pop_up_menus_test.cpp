@@ -1,0 +1,222 @@
+#include "tests/window/mainwindow/keys.h"
+#include "tests/window/mainwindow/menus_seen.h"
+#include "tests/window/mainwindow/window_parts.h"
+
+#include <map>
+
+namespace vandrel::test {
+namespace {
+
+constexpr const char* expectedSitePopUp = R"(&Open URL
+Open in &New Window
+&Copy URL
+-
+&Edit...
+-
+&Export
+&Scan Selected
+-
+&Add Website
+Remo&ve Website
+&Move To...
+  Home
+  Work
+-
+&Properties
+)";
+
+constexpr const char* expectedCategoryPopUp = R"(Add Category
+Remove Category
+-
+Rename Category
+)";
+
+class PopUpMenus : public MainWindowTest {
+  protected:
+    void startWithTwoCategories()
+    {
+        folder.write(L"Home.udb", threeSites);
+        folder.write(L"Work.udb", threeSites);
+        start();
+        clickCategory(L"Home");
+    }
+    // What the site list's pop-up looks like at a right click.
+    std::string sitePopUpTree()
+    {
+        std::string tree;
+        const MenuVisit visit([&](HMENU menu) { tree = treeOf(menu); });
+        lstInfo().RightClick({200, 200});
+        EXPECT_TRUE(visit.opened());
+        return tree;
+    }
+    std::map<std::wstring, bool> moveEntries()
+    {
+        std::map<std::wstring, bool> enabled;
+        const MenuVisit visit([&](HMENU menu) {
+            const HMENU entries = GetSubMenu(menu, 11);
+            for (const MenuItem& item : itemsOf(entries)) enabled[item.text] = item.enabled();
+        });
+        lstInfo().RightClick({200, 200});
+        EXPECT_TRUE(visit.opened());
+        return enabled;
+    }
+};
+
+TEST_F(PopUpMenus, TheSiteListsHasEveryEntryInItsPlace)
+{
+    startWithTwoCategories();
+    EXPECT_EQ(sitePopUpTree(), expectedSitePopUp);
+}
+
+TEST_F(PopUpMenus, OpenUrlIsTheBoldDefaultOfTheSiteListsAlone)
+{
+    startWithTwoCategories();
+    std::vector<std::wstring> defaults;
+    const MenuVisit visit([&](HMENU menu) {
+        for (const MenuItem& item : allItemsOf(menu)) {
+            if (item.isDefault()) defaults.push_back(item.text);
+        }
+    });
+    lstInfo().RightClick({200, 200});
+    EXPECT_TRUE(visit.opened());
+    EXPECT_EQ(defaults, std::vector<std::wstring>{L"&Open URL"});
+}
+
+TEST_F(PopUpMenus, TheCategoryListsHasItsFourEntriesAndNoDefault)
+{
+    startWithTwoCategories();
+    std::string tree;
+    bool anyDefault = false;
+    const MenuVisit visit([&](HMENU menu) {
+        tree = treeOf(menu);
+        for (const MenuItem& item : itemsOf(menu)) anyDefault = anyDefault || item.isDefault();
+    });
+    lstCategory().RightClick({100, 200});
+    EXPECT_TRUE(visit.opened());
+    EXPECT_EQ(tree, expectedCategoryPopUp);
+    EXPECT_FALSE(anyDefault);
+}
+
+TEST_F(PopUpMenus, DismissingOneRunsNothing)
+{
+    startWithTwoCategories();
+    Answers none;
+    const MenuVisit visit([](HMENU) {});
+    lstCategory().RightClick({100, 200});
+    EXPECT_TRUE(visit.opened());
+    EXPECT_ANSWERED(none);
+    EXPECT_EQ(column(lstCategory()), (std::vector<std::wstring>{L"Home", L"Work"}));
+}
+
+TEST_F(PopUpMenus, AnEntryChosenByKeyRuns)
+{
+    startWithTwoCategories();
+    Answers answers;
+    answers.cancelInput(L"Category Name");
+    const MenuVisit visit([](HMENU) {}, {VK_DOWN, VK_RETURN});
+    lstCategory().RightClick({100, 200});
+    EXPECT_ANSWERED(answers);
+}
+
+TEST_F(PopUpMenus, AReleasedRightButtonOverAListOpensItsMenu)
+{
+    startWithTwoCategories();
+    const std::pair<ListView*, const char*> lists[] = {{&lstInfo(), expectedSitePopUp},
+                                                       {&lstCategory(), expectedCategoryPopUp}};
+    for (const auto& [list, expected] : lists) {
+        std::string tree;
+        const MenuVisit visit([&tree](HMENU menu) { tree = treeOf(menu); });
+        PostMessageW(list->handle(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(20, 60));
+        PostMessageW(list->handle(), WM_RBUTTONUP, 0, MAKELPARAM(20, 60));
+        EXPECT_TRUE(pumpUntil([&] { return visit.opened(); }));
+        EXPECT_EQ(tree, expected);
+    }
+}
+
+TEST_F(PopUpMenus, ASiteCannotBeMovedToTheCategoryItIsIn)
+{
+    startWithTwoCategories();
+    EXPECT_EQ(moveEntries(), (std::map<std::wstring, bool>{{L"Home", false}, {L"Work", true}}));
+    clickCategory(L"Work");
+    EXPECT_EQ(moveEntries(), (std::map<std::wstring, bool>{{L"Home", true}, {L"Work", false}}));
+}
+
+TEST_F(PopUpMenus, TitlesAreComparedToTheLetterForMoveTo)
+{
+    startWithTwoCategories();
+    Answers answers;
+    answers.expectInput(L"Category Name", L"Please enter a title for the new category.", L"home page");
+    main->run(mnuAddCategory);
+    EXPECT_ANSWERED(answers);
+    EXPECT_EQ(moveEntries(),
+              (std::map<std::wstring, bool>{{L"Home", false}, {L"Work", true}, {L"home page", true}}));
+}
+
+TEST_F(PopUpMenus, AnAmpersandInATitleIsNoAccessKeyOfMoveTo)
+{
+    folder.write(L"R&D.udb", threeSites);
+    start();
+    EXPECT_EQ(moveEntries(), (std::map<std::wstring, bool>{{L"R&&D", false}}));
+}
+
+TEST_F(PopUpMenus, MoveToWithoutAnyCategoryHasOneEntryThatCannotBeChosen)
+{
+    start();
+    EXPECT_EQ(moveEntries(), (std::map<std::wstring, bool>{{L"", false}}));
+}
+
+TEST_F(PopUpMenus, ChoosingAMoveEntryMovesTheSiteThere)
+{
+    startWithTwoCategories();
+    clickCategory(L"Work");
+    lstInfo().select(1);
+    // From the end: Properties, then Move To; its submenu opens on its first entry.
+    const MenuVisit visit([](HMENU) {}, {VK_UP, VK_UP, VK_RIGHT, VK_RETURN});
+    lstInfo().RightClick({200, 200});
+    EXPECT_EQ(folder.read(L"Home.udb"), std::string(threeSites) + "Alpha|http://c.example/|first|\r\n");
+    EXPECT_EQ(main->caption(), L"Vandrel - Home");
+}
+
+TEST_F(PopUpMenus, TheirEntriesRunWhatTheBarRuns)
+{
+    startWithTwoCategories();
+    lstInfo().select(0);
+    struct Twins {
+        int barEntry;
+        int popUpEntry;
+        const wchar_t* dialog; // what both open
+        int button;            // what leaves everything as it was
+    };
+    const Twins table[] = {
+        {mnuAddCategory, mnuPAddCat, L"Category Name", IDCANCEL},
+        {mnuRemoveCategory, mnuPRemoveCat, L"Vandrel", IDNO},
+        {mnuAddWebsite, mnuPAddSite, L"Add Site...", IDCANCEL},
+        {mnuRemoveWebsite, mnuPRemoveSite, L"Remove site(s)", IDNO},
+        {mnuEditSel, mnuPEditSelected, L"Edit selected site...", IDCANCEL},
+    };
+    for (const Twins& twins : table) {
+        for (const int entry : {twins.barEntry, twins.popUpEntry}) {
+            Answers answers;
+            answers.expect(twins.dialog, [&](HWND dialog) { press(dialog, twins.button); });
+            main->run(entry);
+            EXPECT_ANSWERED(answers) << entry;
+        }
+    }
+}
+
+TEST_F(PopUpMenus, RenameCategoryOfBothMenusEditsTheSelectedTitle)
+{
+    startWithTwoCategories();
+    for (const int entry : {mnuRenameCat, mnuPRenameCat}) {
+        main->run(entry);
+        ASSERT_TRUE(lstCategory().editingLabel()) << entry;
+        EXPECT_EQ(windowText(
+                      reinterpret_cast<HWND>(SendMessageW(lstCategory().handle(), LVM_GETEDITCONTROL, 0, 0))),
+                  L"Home");
+        pressKey(VK_ESCAPE);
+        EXPECT_FALSE(lstCategory().editingLabel());
+    }
+}
+
+} // namespace
+} // namespace vandrel::test

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "mainwindow/command_tables.h"
+#include "tests/support/main_window_test.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <string>
+#include <vector>
+
+// What the tests of the main window look at and act on, beside the window's own objects.
+namespace vandrel::test {
+
+inline constexpr const char* threeSites = "Beta|http://b.example/|second|9/30/2002\r\n"
+                                          "Alpha|http://c.example/|first|10/1/2002\r\n"
+                                          "Gamma|http://a.example/|third|1/15/2003\r\n";
+
+// Pixels of a length in twips, to the nearest.
+inline int px(const frmMain& main, double twips) { return static_cast<int>(twips * main.dpi() / 1440 + 0.5); }
+
+inline HWND splitterBar(const frmMain& main)
+{
+    return FindWindowExW(main.handle(), nullptr, L"Vandrel.SplitterBar", nullptr);
+}
+
+// The window's place in the client area of its parent, in pixels.
+inline RECT placeOf(HWND window)
+{
+    RECT area{};
+    GetWindowRect(window, &area);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
+inline RECT outerPlace(HWND window)
+{
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+inline int widthOf(const RECT& area) { return area.right - area.left; }
+inline int heightOf(const RECT& area) { return area.bottom - area.top; }
+
+inline RECT clientOf(HWND window)
+{
+    RECT area{};
+    GetClientRect(window, &area);
+    return area;
+}
+
+inline int columnPixels(const ListView& list, int column)
+{
+    return static_cast<int>(SendMessageW(list.handle(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+}
+
+// No window is kept from drawing. Only one can be at a time, so another can be exactly when none is.
+inline bool nothingIsFrozen(HWND window)
+{
+    if (LockWindowUpdate(window) == 0) return false;
+    LockWindowUpdate(nullptr);
+    return true;
+}
+
+} // namespace vandrel::test

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "mainwindow/command_tables.h"
+#include "tests/window/store/store_test.h"
+
+namespace vandrel::test {
+
+inline constexpr const wchar_t* invalidTitle = L"Invalid Category Title";
+inline constexpr const wchar_t* refusedCharacters =
+    L"The following characters are not allowed:\r\n          \\ / : * ? \" < > |";
+
+inline Answers& expectTitle(Answers& answers, const std::wstring& title)
+{
+    return answers.expectInput(L"Category Name", L"Please enter a title for the new category.", title);
+}
+
+inline Answers& expectRefusal(Answers& answers)
+{
+    return answers.expectBox(invalidTitle, refusedCharacters, IDOK, MB_ICONHAND);
+}
+
+} // namespace vandrel::test

@@ -1,0 +1,200 @@
+#include "mainwindow/command_tables.h"
+#include "platform/file_layer.h"
+#include "tests/window/store/store_test.h"
+
+#include <thread>
+
+namespace vandrel::test {
+namespace {
+
+constexpr const char* before = "A|a|x|1\r\nB|b|y|2\r\n";
+constexpr const char* after = "A|a|changed|1\r\nB|b|y|2\r\n";
+
+// Fails at its n-th call, as a full disk does. What the call would have released is released all the same.
+class FailingLayer : public FileLayer {
+  public:
+    explicit FailingLayer(int failingCall) : left_(failingCall) {}
+
+    HANDLE createForWriting(const std::wstring& path) override
+    {
+        return fails() ? INVALID_HANDLE_VALUE : FileLayer::createForWriting(path);
+    }
+    bool write(HANDLE file, const char* bytes, DWORD count) override
+    {
+        if (!fails()) return FileLayer::write(file, bytes, count);
+        FileLayer::write(file, bytes, count / 2);
+        return refuse();
+    }
+    bool flush(HANDLE file) override { return !fails() && FileLayer::flush(file); }
+    bool close(HANDLE file) override
+    {
+        const bool closed = FileLayer::close(file);
+        return !fails() && closed;
+    }
+    bool copyIdentity(const std::wstring& original, const std::wstring& copy) override
+    {
+        return !fails() && FileLayer::copyIdentity(original, copy);
+    }
+    bool replace(const std::wstring& replacement, const std::wstring& target) override
+    {
+        return !fails() && FileLayer::replace(replacement, target);
+    }
+
+    bool failed() const { return left_ <= 0; }
+
+  private:
+    bool fails() { return --left_ == 0 && !refuse(); }
+    static bool refuse()
+    {
+        SetLastError(ERROR_DISK_FULL);
+        return false;
+    }
+
+    int left_;
+};
+
+class SavingFault : public StoreTest {
+  protected:
+    void startWithAChange()
+    {
+        folder.write(L"Work.udb", before);
+        start();
+        lstInfo().setText(0, 2, L"changed");
+    }
+    void expectTheOldFileAndTheNewList()
+    {
+        EXPECT_EQ(folder.read(L"Work.udb"), before);
+        EXPECT_EQ(folder.names(), Lines{L"Work.udb"});
+        EXPECT_EQ(sites(), (Lines{L"A|a|changed|1", L"B|b|y|2"}));
+    }
+};
+
+TEST_F(SavingFault, WhateverCallFailsTheOldFileIsWholeAndTheListShowsTheChange)
+{
+    startWithAChange();
+    int call = 1;
+    for (; call < 20; ++call) {
+        SCOPED_TRACE("call " + std::to_string(call));
+        FailingLayer files(call);
+        const int error = errorOf([&] { SaveItems(workspace(), files); });
+        if (!files.failed()) {
+            EXPECT_EQ(error, 0);
+            break;
+        }
+        EXPECT_EQ(error, 61);
+        expectTheOldFileAndTheNewList();
+    }
+    EXPECT_EQ(call, 7) << "six calls make a save: create, write, flush, close, copy the identity, replace";
+    EXPECT_EQ(folder.read(L"Work.udb"), after);
+    EXPECT_EQ(folder.names(), Lines{L"Work.udb"});
+}
+
+TEST_F(SavingFault, AFileThatAnotherProgramHoldsIsWaitedForAndThenRefused)
+{
+    startWithAChange();
+    HeldFile held(folder.file(L"Work.udb"));
+    const ULONGLONG begin = GetTickCount64();
+    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
+    EXPECT_GE(GetTickCount64() - begin, 1500U);
+    held.release();
+    expectTheOldFileAndTheNewList();
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Work.udb"), after);
+}
+
+TEST_F(SavingFault, AFileThatAnotherProgramHoldsForAMomentIsSavedWhenItLetsGo)
+{
+    startWithAChange();
+    HeldFile held(folder.file(L"Work.udb"));
+    std::thread other([&] {
+        Sleep(150);
+        held.release();
+    });
+    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 0);
+    other.join();
+    EXPECT_EQ(folder.read(L"Work.udb"), after);
+    EXPECT_EQ(folder.names(), Lines{L"Work.udb"});
+}
+
+TEST_F(SavingFault, AReadOnlyFileIsRefused)
+{
+    startWithAChange();
+    makeReadOnly(L"Work.udb");
+    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 75);
+    expectTheOldFileAndTheNewList();
+}
+
+TEST_F(SavingFault, AFolderInThePlaceOfTheFileIsRefused)
+{
+    startWithAChange();
+    DeleteFileW(folder.file(L"Work.udb").c_str());
+    makeFolder(L"Work.udb");
+    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 75);
+    EXPECT_NE(GetFileAttributesW(folder.file(L"Work.udb").c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
+    EXPECT_EQ(folder.names(), Lines{});
+    EXPECT_EQ(lstInfo().text(0, 2), L"changed");
+}
+
+TEST_F(SavingFault, AFolderThatIsGoneIsAPathNotFound)
+{
+    startWithAChange();
+    workspace().dataFolder = folder.file(L"gone");
+    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 76);
+    EXPECT_EQ(lstInfo().text(0, 2), L"changed");
+}
+
+TEST_F(SavingFault, TheUserGetsTheRunTimeErrorBoxAndTheProgramGoesOn)
+{
+    folder.write(L"Work.udb", before);
+    start();
+    makeReadOnly(L"Work.udb");
+    selectSites({0});
+    Answers answers;
+    answers.expectBox(L"Remove site(s)", L"Remove selected site(s)?", IDYES, MB_ICONASTERISK);
+    expectErrorBox(answers, 75, L"Path/File access error");
+    choose(mnuRemoveWebsite);
+    EXPECT_ANSWERED(answers);
+    EXPECT_EQ(sites(), Lines{L"B|b|y|2"});
+    EXPECT_EQ(folder.read(L"Work.udb"), before);
+    EXPECT_TRUE(IsWindowEnabled(main->handle()));
+    SetFileAttributesW(folder.file(L"Work.udb").c_str(), FILE_ATTRIBUTE_NORMAL);
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Work.udb"), "B|b|y|2\r\n");
+}
+
+// ---- a file that was there but could not be read
+
+TEST_F(SavingFault, ACategoryThatCouldNotBeReadIsNotOverwrittenUntilItIsReadAgain)
+{
+    folder.write(L"Work.udb", before);
+    start();
+    HeldFile held(folder.file(L"Work.udb"));
+    clickCategory(L"Work");
+    held.release();
+    lstInfo().add({L"C", L"c", L"", L"3"}, siteImage);
+    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
+    EXPECT_EQ(folder.read(L"Work.udb"), before);
+    EXPECT_EQ(sites(), Lines{L"C|c||3"});
+    clickCategory(L"Work");
+    EXPECT_EQ(lstInfo().count(), 2U);
+    lstInfo().setText(0, 2, L"changed");
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Work.udb"), after);
+}
+
+TEST_F(SavingFault, AnotherCategoryIsSavedAsEverAfterOneThatCouldNotBeRead)
+{
+    folder.write(L"Other.udb", "C|c\r\n");
+    folder.write(L"Work.udb", before);
+    start();
+    {
+        const HeldFile held(folder.file(L"Work.udb"));
+        clickCategory(L"Work");
+    }
+    clickCategory(L"Other");
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Other.udb"), "C|c||\r\n");
+}
+
+} // namespace
+} // namespace vandrel::test
