@@ -154,22 +154,40 @@ std::wstring decodeAnsi(std::string_view bytes)
     return text;
 }
 
-void encodeAnsi(std::wstring_view text, std::string& bytes, wchar_t behind)
+std::size_t mostAnsiBytes(std::size_t units)
 {
-    const auto isAscii = [](wchar_t unit) { return unit < 0x80; };
-    const auto isForeign = [](wchar_t unit) { return unit >= 0x80; };
+    return units * static_cast<std::size_t>(codePage().longestLetter);
+}
+
+char* encodeAnsi(std::wstring_view text, char* bytes, wchar_t behind)
+{
+    constexpr std::ptrdiff_t block = 8;
     const wchar_t* at = text.data();
     const wchar_t* const end = at + text.size();
     while (at != end) {
-        const wchar_t* const foreign = std::find_if(at, end, isForeign);
-        const std::size_t before = bytes.size();
-        bytes.resize(before + static_cast<std::size_t>(foreign - at));
-        std::transform(at, foreign, bytes.begin() + static_cast<std::ptrdiff_t>(before),
-                       [](wchar_t unit) { return static_cast<char>(unit); });
-        at = std::find_if(foreign, end, isAscii);
-        if (at != foreign)
-            encodeForeign({foreign, static_cast<std::size_t>(at - foreign)}, at == end ? behind : *at, bytes);
+        // Most letters are ASCII, and most of those stand together.
+        for (; end - at >= block; at += block, bytes += block) {
+            unsigned all = 0;
+            for (std::ptrdiff_t i = 0; i < block; ++i) all |= at[i];
+            if (all >= 0x80) break;
+            for (std::ptrdiff_t i = 0; i < block; ++i) bytes[i] = static_cast<char>(at[i]);
+        }
+        while (at != end && *at < 0x80) *bytes++ = static_cast<char>(*at++);
+        const wchar_t* const foreign = at;
+        while (at != end && *at >= 0x80) ++at;
+        if (at == foreign) continue;
+        std::string letters;
+        encodeForeign({foreign, static_cast<std::size_t>(at - foreign)}, at == end ? behind : *at, letters);
+        bytes = std::copy(letters.begin(), letters.end(), bytes);
     }
+    return bytes;
+}
+
+void encodeAnsi(std::wstring_view text, std::string& bytes, wchar_t behind)
+{
+    const std::size_t before = bytes.size();
+    bytes.resize(before + mostAnsiBytes(text.size()));
+    bytes.resize(static_cast<std::size_t>(encodeAnsi(text, bytes.data() + before, behind) - bytes.data()));
 }
 
 } // namespace vandrel

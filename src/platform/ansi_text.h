@@ -19,5 +19,8 @@ bool ansiLettersAreBytes();
 // looks like it: the full-width bar must not turn into the bar that separates fields.
 // `behind` is the unit that will be written next: a loose byte must not make a letter of it.
 void encodeAnsi(std::wstring_view text, std::string& bytes, wchar_t behind = L'|');
+// The same into memory that has room for mostAnsiBytes(text.size()). Returns the end of what was written.
+char* encodeAnsi(std::wstring_view text, char* bytes, wchar_t behind);
+std::size_t mostAnsiBytes(std::size_t units);
 
 } // namespace vandrel

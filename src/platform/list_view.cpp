@@ -69,7 +69,10 @@ void ListView::redrawRow(std::size_t row) { send(LVM_REDRAWITEMS, row, static_ca
 
 void ListView::updateCount(DWORD flags)
 {
-    send(LVM_SETITEMCOUNT, count(), static_cast<LPARAM>(flags));
+    // The same number again would still repaint the scroll bars.
+    if (static_cast<std::size_t>(send(LVM_GETITEMCOUNT)) != count()) {
+        send(LVM_SETITEMCOUNT, count(), static_cast<LPARAM>(flags));
+    }
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
@@ -98,9 +101,20 @@ template <typename Change> void ListView::changeRows(Change change)
     std::optional<RedrawPause> pause; // costs more than it saves where nothing is selected
     if (selectedCount() > 0) pause.emplace(handle());
     const Counted quiet(quiet_);
-    dropSelection();
+    const bool manySelected = selectedCount() >= 1000;
+    const auto top = static_cast<std::size_t>(send(LVM_GETTOPINDEX));
+    if (manySelected) {
+        // Without rows the control forgets them in one step; row by row takes longer than anything else here.
+        send(LVM_SETITEMCOUNT, 0, LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
+    } else {
+        dropSelection();
+    }
     change();
     updateCount(LVSICF_NOSCROLL);
+    if (manySelected && top < count()) {
+        ensureVisible(count() - 1);
+        ensureVisible(top);
+    }
     giveSelection();
 }
 

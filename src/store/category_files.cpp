@@ -51,21 +51,25 @@ void readSites(Workspace& workspace, const std::wstring& title)
 
 std::string bytesOf(const ListView& sites)
 {
-    std::size_t length = 0;
+    constexpr std::size_t separators = 5; // three bars, CR and LF
+    std::size_t most = 0;
     for (std::size_t row = 0; row < sites.count(); ++row) {
         for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
-            length += sites.textView(row, column).size() + 1;
+            most += mostAnsiBytes(sites.textView(row, column).size());
         }
+        most += separators;
     }
-    std::string bytes;
-    bytes.reserve(length + sites.count());
+    std::string bytes(most, '\0');
+    char* end = bytes.data();
     for (std::size_t row = 0; row < sites.count(); ++row) {
         for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
             const bool last = column + 1 == ListRows::maxColumns;
-            encodeAnsi(sites.textView(row, column), bytes, last ? L'\r' : fieldSeparator);
-            bytes += last ? "\r\n" : "|";
+            end = encodeAnsi(sites.textView(row, column), end, last ? L'\r' : fieldSeparator);
+            *end++ = last ? '\r' : '|';
+            if (last) *end++ = '\n';
         }
     }
+    bytes.resize(static_cast<std::size_t>(end - bytes.data()));
     return bytes;
 }
 
