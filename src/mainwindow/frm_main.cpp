@@ -1,6 +1,5 @@
 #include "mainwindow/frm_main.h"
 
-#include "mainwindow/off2000.h"
 #include "platform/guarded.h"
 #include "platform/program.h"
 

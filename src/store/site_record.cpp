@@ -1,5 +1,7 @@
 #include "store/site_record.h"
 
+#include <array>
+
 namespace vandrel {
 namespace {
 

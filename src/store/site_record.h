@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 namespace vandrel {
 
