@@ -101,10 +101,9 @@ void frmInput::cmdOK_Click()
 void frmInput::layOut()
 {
     const SIZE label = [this] {
-        const HFONT font = reinterpret_cast<HFONT>(SendMessageW(lblName_.handle(), WM_GETFONT, 0, 0));
         SIZE widest{};
         for (const Label* const l : {&lblName_, &lblAddress_, &lblDescription_}) {
-            const SIZE size = textSize(font, l->text());
+            const SIZE size = l->sizeOf(l->text());
             widest.cx = std::max(widest.cx, size.cx);
             widest.cy = std::max(widest.cy, size.cy);
         }

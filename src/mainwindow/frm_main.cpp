@@ -2,6 +2,7 @@
 
 #include "platform/guarded.h"
 #include "platform/program.h"
+#include "search/quick_search.h"
 
 namespace vandrel {
 namespace {
@@ -26,6 +27,7 @@ frmMain::frmMain(Startup startup)
                 {L"URL", layout_.infoColumns[1]},
                 {L"Description", layout_.infoColumns[2]},
                 {L"Date", layout_.infoColumns[3]}}),
+      lstInfoDrop_(lstInfo_.handle()),
       picSepBar_(handle()),
       picSearch_(handle()),
       Toolbar1_(handle(), toolBarTable()),
@@ -40,8 +42,10 @@ frmMain::frmMain(Startup startup)
                  .StatusBar1 = StatusBar1_,
                  .PB = PB_,
                  .mnuMove = mnuMove_,
+                 .inetScan = inetScan_,
                  .dataFolder = std::move(startup.dataFolder),
                  .today = std::move(startup.today)},
+      scanner_(workspace_),
       rename_(workspace_),
       availability_(lstCategory_, lstInfo_, menus_, Toolbar1_, picSearch_),
       keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); })
@@ -95,7 +99,10 @@ void frmMain::close()
 LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_TIMER: availability_.tmrClipboard_Timer(); return 0;
+    case WM_TIMER:
+        availability_.tmrClipboard_Timer();
+        dropClosedWindows();
+        return 0;
     case WM_SIZE: Form_Resize(); return 0;
     case WM_GETMINMAXINFO: {
         auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
@@ -109,16 +116,18 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         }
         return Window::onMessage(message, wParam, lParam);
     case WM_ACTIVATE:
-        // Back where the user was is the list; the system would leave the focus with the window itself.
-        if (LOWORD(wParam) != WA_INACTIVE && GetFocus() == handle()) lstCategory_.setFocus();
-        return Window::onMessage(message, wParam, lParam);
-    case WM_SETFOCUS: lstCategory_.setFocus(); return 0;
+        if (LOWORD(wParam) == WA_INACTIVE && IsChild(handle(), GetFocus())) lastFocus_ = GetFocus();
+        return Window::onMessage(message, wParam, lParam); // gives the focus to the window itself
+    case WM_SETFOCUS: giveFocusBack(); return 0;
     case WM_DPICHANGED: dpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_CLOSE: close(); return 0;
     case WM_ENDSESSION:
         if (wParam != 0) Form_QueryUnload();
         return 0;
-    case WM_DESTROY: PostQuitMessage(0); return 0;
+    case WM_DESTROY:
+        lstInfoDrop_.revoke();
+        PostQuitMessage(0);
+        return 0;
     default: return Window::onMessage(message, wParam, lParam);
     }
 }
@@ -127,9 +136,13 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 
 bool frmMain::filterMessage(MSG& message)
 {
-    if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
     if (message.hwnd != handle() && !IsChild(handle(), message.hwnd)) return false;
     if (!IsWindowEnabled(handle())) return false;
+    if (message.message == WM_CHAR && message.wParam == VK_RETURN && picSearch_.cmbSearch.hasFocus()) {
+        cmdSearch_Click(workspace_, picSearch_.cmbSearch); // swallowed: the box would beep
+        return true;
+    }
+    if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
     const bool editing = picSearch_.cmbSearch.hasFocus() || lstCategory_.editingLabel();
     if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 &&
         !lstCategory_.editingLabel()) {
@@ -148,6 +161,20 @@ bool frmMain::filterMessage(MSG& message)
         }
     }
     return TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
+}
+
+// Where the user was before a dialog or another program, as long as that can still take keys.
+void frmMain::giveFocusBack()
+{
+    const bool usable = IsChild(handle(), lastFocus_) != 0 && IsWindowVisible(lastFocus_) != 0 &&
+                        IsWindowEnabled(lastFocus_) != 0 && IsWindowEnabled(GetParent(lastFocus_)) != 0;
+    SetFocus(usable ? lastFocus_ : lstCategory_.handle());
+}
+
+// Not in the middle of what they are doing.
+void frmMain::dropClosedWindows()
+{
+    if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching()) frmSearch_.reset();
 }
 
 bool frmMain::moveFocus(bool backwards)

@@ -6,12 +6,16 @@
 #include "mainwindow/preferences.h"
 #include "mainwindow/search_panel.h"
 #include "mainwindow/splitter_bar.h"
+#include "platform/drop_target.h"
 #include "platform/form.h"
+#include "platform/internet_transfer.h"
 #include "platform/list_view.h"
 #include "platform/menu.h"
 #include "platform/message_loop.h"
 #include "platform/status_bar.h"
 #include "platform/tool_bar.h"
+#include "scan/link_scanner.h"
+#include "search/frm_search.h"
 #include "shared/workspace.h"
 #include "store/category_operations.h"
 
@@ -41,6 +45,8 @@ class frmMain : public Window, public Form {
     MenuTree& menus() { return menus_; }
     ToolBar& toolBar() { return Toolbar1_; }
     SearchPanel& searchPanel() { return picSearch_; }
+    // Null while it is closed.
+    frmSearch* searchWindow() { return frmSearch_.get(); }
     const MainLayout& layout() const { return layout_; }
     // Runs the procedure of a menu entry, as choosing it does.
     void run(int entry);
@@ -85,6 +91,8 @@ class frmMain : public Window, public Form {
     void mnuGridlines_Click();
     void mnuHoverSelect_Click();
     void mnuKeepTop_Click();
+    void mnuFind_Click();
+    void mnuCheckUpdates_Click();
     void mnuRenameCat_Click();
     void mnuQuit_Click();
     void Toolbar1_ButtonClick(int position);
@@ -93,6 +101,8 @@ class frmMain : public Window, public Form {
     // Keys that no control answers.
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
+    void dropClosedWindows();
+    void giveFocusBack();
 
     Preferences preferences_;
     std::wstring commandLine_;
@@ -102,6 +112,7 @@ class frmMain : public Window, public Form {
     ImageListHandle ilSmall_;
     ListView lstCategory_;
     ListView lstInfo_;
+    DropTarget lstInfoDrop_;
     SplitterBar picSepBar_;
     SearchPanel picSearch_;
     ToolBar Toolbar1_;
@@ -110,7 +121,9 @@ class frmMain : public Window, public Form {
     MenuTree menus_;
     MenuFamily mnuMove_;
     AcceleratorHandle accelerators_;
+    InternetTransfer inetScan_;
     Workspace workspace_;
+    LinkScanner scanner_;
     CategoryRename rename_;
     Availability availability_;
     std::map<int, std::function<void()>> procedures_;
@@ -118,6 +131,8 @@ class frmMain : public Window, public Form {
     int hoverSelect_ = 0;
     long splitterAnchor_ = 0; // twips from the bar's left edge
     std::size_t sortColumn_ = 0;
+    HWND lastFocus_ = nullptr; // of the controls, before the window was left
+    std::unique_ptr<frmSearch> frmSearch_;
     MessageLoop::Registration keys_;
 };
 

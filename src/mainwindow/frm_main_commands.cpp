@@ -1,6 +1,13 @@
+#include "capture/dropped_link.h"
+#include "exchange/frm_import.h"
+#include "exchange/shortcut_export.h"
 #include "mainwindow/frm_main.h"
+#include "mainwindow/link_opening.h"
+#include "search/quick_search.h"
+#include "shared/maker.h"
 #include "store/category_files.h"
 #include "store/site_operations.h"
+#include "update/update_check.h"
 
 namespace vandrel {
 
@@ -17,6 +24,9 @@ void frmMain::bindEvents()
     lstInfo_.DblClick = [this] { run(mnuOpenURL); };
     lstInfo_.ColumnClick = [this](std::size_t column) { lstInfo_ColumnClick(column); };
     lstInfo_.RightClick = [this](POINT screen) { lstInfo_RightClick(screen); };
+    picSearch_.cmbSearch.GotFocus = [this] { cmbSearch_GotFocus(picSearch_.cmbSearch); };
+    picSearch_.cmdSearch.Click = [this] { cmdSearch_Click(workspace_, picSearch_.cmbSearch); };
+    lstInfoDrop_.Drop = [this](const DroppedData& data) { lstInfo_OLEDragDrop(workspace_, data); };
     picSepBar_.MouseDown = [this](Twips x) { picSepBar_MouseDown(x); };
     picSepBar_.MouseMove = [this](Twips x) { picSepBar_MouseMove(x); };
     picSepBar_.MouseUp = [this] { picSepBar_MouseUp(); };
@@ -28,16 +38,27 @@ void frmMain::bindEvents()
 void frmMain::bindCommands()
 {
     procedures_ = {
+        {mnuFind, [this] { mnuFind_Click(); }},
         {mnuQuit, [this] { mnuQuit_Click(); }},
+        {mnuScanSelected, [this] { scanner_.mnuScanSelected_Click(); }},
+        {mnuScanAllURLs, [this] { scanner_.mnuScanAllURLs_Click(); }},
+        {mnuImport, [this] { mnuImport_Click(workspace_); }},
+        {mnuExport, [this] { mnuExport_Click(workspace_); }},
         {mnuAddCategory, [this] { AddCategory(workspace_); }},
         {mnuRemoveCategory, [this] { RemoveCategory(workspace_); }},
         {mnuAddWebsite, [this] { AddURL(workspace_); }},
         {mnuRemoveWebsite, [this] { RemoveURL(workspace_); }},
         {mnuEditSel, [this] { EditSel(workspace_); }},
         {mnuRenameCat, [this] { mnuRenameCat_Click(); }},
+        {mnuCopyURL, [this] { mnuCopyURL_Click(workspace_); }},
+        {mnuOpenURL, [this] { OpenSite(workspace_); }},
+        {mnuOpenNew, [this] { mnuOpenNew_Click(workspace_); }},
+        {mnuProperties, [this] { mnuProperties_Click(workspace_); }},
         {mnuGridlines, [this] { mnuGridlines_Click(); }},
         {mnuHoverSelect, [this] { mnuHoverSelect_Click(); }},
         {mnuKeepTop, [this] { mnuKeepTop_Click(); }},
+        {mnuViewHelp, [this] { mnuViewHelp_Click(workspace_); }},
+        {mnuCheckUpdates, [this] { mnuCheckUpdates_Click(); }},
     };
     // The pop-ups run what the bar runs.
     const std::pair<MenuEntry, MenuEntry> twins[] = {
@@ -129,6 +150,23 @@ void frmMain::mnuKeepTop_Click()
 }
 
 // ---- other commands
+
+void frmMain::mnuFind_Click()
+{
+    dropClosedWindows();
+    if (!frmSearch_) {
+        frmSearch_ = std::make_unique<frmSearch>(workspace_);
+        frmSearch_->show();
+    } else if (!frmSearch_->unloaded()) {
+        ShowWindow(frmSearch_->handle(), IsIconic(frmSearch_->handle()) ? SW_RESTORE : SW_SHOW);
+        SetActiveWindow(frmSearch_->handle());
+    }
+}
+
+void frmMain::mnuCheckUpdates_Click()
+{
+    CheckUpdates(workspace_, makersSite, [this](bool on) { menus_.setEnabled(mnuCheckUpdates, on); });
+}
 
 void frmMain::mnuRenameCat_Click()
 {

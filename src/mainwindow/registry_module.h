@@ -12,4 +12,11 @@ inline std::wstring favoritesFolder()
                         L"Favorites");
 }
 
+// The path of the system's web browser, unquoted; empty when none is installed.
+inline std::wstring browserPath()
+{
+    return registryText(HKEY_LOCAL_MACHINE,
+                        L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE", L"");
+}
+
 } // namespace vandrel::Registry_Module

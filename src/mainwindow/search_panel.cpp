@@ -1,6 +1,7 @@
 #include "mainwindow/search_panel.h"
 
 #include "platform/image_list.h"
+#include "search/quick_search.h"
 
 namespace vandrel {
 namespace {
@@ -20,7 +21,7 @@ SearchPanel::SearchPanel(HWND parent)
       cmbSearch(handle(), idSearchText),
       cmdSearch(handle(), idSearchButton, L"Quick Search")
 {
-    cmbSearch.setText(L"Quick Search");
+    cmbSearch.setText(searchPrompt);
     drawForDpi();
 }
 

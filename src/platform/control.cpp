@@ -76,6 +76,13 @@ void Control::place(int left, int top, int width, int height)
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
 
+int Control::outerHeight() const
+{
+    RECT area{};
+    GetWindowRect(window_, &area);
+    return area.bottom - area.top;
+}
+
 void Control::setEnabled(bool on)
 {
     if (enabled() != on) EnableWindow(window_, on);
@@ -146,6 +153,13 @@ std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam)
         if (control == nullptr) return std::nullopt;
         control->onCommand(HIWORD(wParam), LOWORD(wParam));
         return 0;
+    }
+    case WM_DRAWITEM: {
+        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+        Control* const control = Control::of(item.hwndItem);
+        if (control == nullptr) return std::nullopt;
+        control->onDrawItem(item);
+        return TRUE;
     }
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:

@@ -36,6 +36,8 @@ class Control {
     void renewFont() { applyFont(); }
     const FontDescription& font() const { return font_; }
     void setFont(const FontDescription& font);
+    // Pixels that a text takes on one line in the control's font; see textSize.
+    SIZE sizeOf(const std::wstring& text) const { return textSize(fontHandle_.get(), text); }
     // 0x00BBGGRR; a control that has no text colour of its own ignores it.
     virtual void setForeColor(COLORREF color);
     COLORREF foreColor() const { return foreColor_; }
@@ -46,6 +48,7 @@ class Control {
     virtual std::optional<LRESULT> onNotify(NMHDR&) { return std::nullopt; }
     virtual void onCommand(WORD /*code*/, WORD /*id*/) {}
     virtual std::optional<LRESULT> onColor(HDC context, UINT message);
+    virtual void onDrawItem(const DRAWITEMSTRUCT&) {}
 
   protected:
     // `style` gets WS_CHILD and WS_VISIBLE added.
@@ -54,6 +57,7 @@ class Control {
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
+    int outerHeight() const; // pixels
 
   private:
     static LRESULT CALLBACK controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
@@ -66,7 +70,7 @@ class Control {
     COLORREF foreColor_ = 0;
 };
 
-// Hands WM_NOTIFY, WM_COMMAND and the colour messages that a parent got to the control they are about.
+// Hands WM_NOTIFY, WM_COMMAND, WM_DRAWITEM and the colour messages that a parent got to the control they are about.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
 } // namespace vandrel

@@ -2,6 +2,7 @@
 
 #include "platform/control.h"
 #include "platform/guarded.h"
+#include "platform/modal_scope.h"
 #include "platform/system_error.h"
 
 #include <algorithm>
@@ -17,10 +18,13 @@ struct EmptyTemplate {
 
 } // namespace
 
-Dialog::Dialog(HWND owner, const std::wstring& caption) : owner_(owner)
+Dialog::Dialog(HWND owner, const std::wstring& caption, Border border) : owner_(owner), border_(border)
 {
     EmptyTemplate dialog;
-    dialog.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    dialog.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    dialog.header.style |= border == Border::fixed
+                               ? DS_MODALFRAME
+                               : WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
     window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &dialog.header, owner, dialogProc, 0);
     if (window_ == nullptr) raiseLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -52,6 +56,19 @@ INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         onCancel();
         return TRUE;
     }
+    if (border_ == Border::sizable && message == WM_SIZE && wParam != SIZE_MINIMIZED) {
+        layOut();
+        return TRUE;
+    }
+    if (border_ == Border::sizable && message == WM_GETMINMAXINFO) {
+        const SIZE smallest = smallestSize();
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.cx, smallest.cy};
+        return TRUE;
+    }
+    if (message == WM_DPICHANGED) {
+        dpiChanged(*reinterpret_cast<const RECT*>(lParam));
+        return TRUE;
+    }
     const auto answer = reflect(message, wParam, lParam);
     if (!answer) return FALSE;
     if (message == WM_NOTIFY) {
@@ -59,6 +76,14 @@ INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return TRUE;
     }
     return message == WM_COMMAND ? TRUE : *answer;
+}
+
+void Dialog::dpiChanged(const RECT& suggested)
+{
+    for (Control* const control : controls()) control->renewFont();
+    SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    layOut();
 }
 
 void Dialog::setClientSize(int width, int height)
@@ -89,23 +114,46 @@ void Dialog::placeOverOwner()
                  0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void Dialog::unload() { unloaded_ = true; }
+void Dialog::unload()
+{
+    unloaded_ = true;
+    if (!modelessKeys_) return;
+    // First the owner, then the dialog away: else another program's window would come to the front.
+    if (GetActiveWindow() == window_ && owner_ != nullptr) SetActiveWindow(owner_);
+    ShowWindow(window_, SW_HIDE);
+}
+
+bool Dialog::filterMessage(MSG& message)
+{
+    return (message.hwnd == window_ || IsChild(window_, message.hwnd)) && IsDialogMessageW(window_, &message);
+}
+
+void Dialog::giveFirstFocus()
+{
+    if (firstFocus_ != nullptr)
+        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(firstFocus_), TRUE);
+}
+
+void Dialog::showModeless()
+{
+    modelessKeys_.emplace(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); });
+    placeOverOwner();
+    ShowWindow(window_, SW_SHOW);
+    giveFirstFocus();
+}
 
 void Dialog::showModal()
 {
     MessageLoop& loop = MessageLoop::current();
-    const MessageLoop::Registration keys(loop, [this](MSG& message) {
-        return (message.hwnd == window_ || IsChild(window_, message.hwnd)) &&
-               IsDialogMessageW(window_, &message);
-    });
+    const MessageLoop::Registration keys(loop, [this](MSG& message) { return filterMessage(message); });
     placeOverOwner();
+    std::optional<ModalScope> others(std::in_place, window_, owner_);
     const bool disabled = owner_ != nullptr && EnableWindow(owner_, FALSE) == 0;
     ShowWindow(window_, SW_SHOW);
-    if (firstFocus_ != nullptr) {
-        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(firstFocus_), TRUE);
-    }
+    giveFirstFocus();
     loop.runUntil([this] { return unloaded_; });
     // First the owner back, then the dialog away: else another program's window would come to the front.
+    others.reset();
     if (disabled) EnableWindow(owner_, TRUE);
     ShowWindow(window_, SW_HIDE);
     if (disabled) SetActiveWindow(owner_);

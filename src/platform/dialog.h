@@ -3,6 +3,7 @@
 #include "platform/form.h"
 #include "platform/message_loop.h"
 
+#include <optional>
 #include <string>
 
 namespace vandrel {
@@ -21,20 +22,25 @@ class Dialog : public Form {
 
     // Returns when the dialog was unloaded; meanwhile the owner takes no input.
     void showModal();
+    // Returns at once. The dialog goes from the screen when it is unloaded, and is then the owner's to delete.
+    void showModeless();
     bool unloaded() const { return unloaded_; }
 
     void fontsChanged() override { layOut(); }
 
   protected:
-    Dialog(HWND owner, const std::wstring& caption);
+    enum class Border { fixed, sizable };
+    Dialog(HWND owner, const std::wstring& caption, Border border = Border::fixed);
 
     void setCaption(const std::wstring& caption) { SetWindowTextW(window_, caption.c_str()); }
     void setClientSize(int width, int height); // pixels
     void setFirstFocus(HWND control) { firstFocus_ = control; }
     void unload();
 
-    // Places the controls by the size of their fonts and sets the client size.
+    // Places the controls by the size of their fonts and, where the border is fixed, sets the client size.
     virtual void layOut() = 0;
+    // Pixels, with the frame; what a sizable dialog is not made smaller than.
+    virtual SIZE smallestSize() const { return {}; }
     virtual void onOk() { unload(); }
     virtual void onCancel() { unload(); }
 
@@ -42,10 +48,15 @@ class Dialog : public Form {
     static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR onMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void placeOverOwner();
+    void dpiChanged(const RECT& suggested);
+    void giveFirstFocus();
+    bool filterMessage(MSG& message);
 
     HWND window_ = nullptr;
     HWND owner_;
+    Border border_;
     HWND firstFocus_ = nullptr;
+    std::optional<MessageLoop::Registration> modelessKeys_;
     bool unloaded_ = false;
 };
 

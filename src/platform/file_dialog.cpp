@@ -1,9 +1,11 @@
 #include "platform/file_dialog.h"
 
+#include "platform/modal_scope.h"
 #include "platform/runtime_error.h"
 
 #include <commdlg.h>
 
+#include <cderr.h>
 #include <algorithm>
 
 namespace vandrel {
@@ -25,13 +27,17 @@ template <typename Show> void FileDialog::show(HWND owner, DWORD flags, Show dia
     settings.nMaxFile = static_cast<DWORD>(name.size());
     // Renaming a category relies on the current directory, which this dialog would change.
     settings.Flags = flags | OFN_NOCHANGEDIR | OFN_EXPLORER;
+    const ModalScope others(nullptr, owner);
     const bool accepted = dialog(&settings) != 0;
+    if (!accepted && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        throw RuntimeError(error_number::invalidDialogFileName);
+    }
     if (!accepted && cancelError) throw RuntimeError(error_number::cancelled);
     fileName = accepted ? std::wstring(name.c_str()) : std::wstring();
 }
 
 void FileDialog::showOpen(HWND owner) { show(owner, OFN_HIDEREADONLY, GetOpenFileNameW); }
 
-void FileDialog::showSave(HWND owner) { show(owner, OFN_HIDEREADONLY, GetSaveFileNameW); }
+void FileDialog::showSave(HWND owner) { show(owner, OFN_HIDEREADONLY | OFN_PATHMUSTEXIST, GetSaveFileNameW); }
 
 } // namespace vandrel

@@ -14,7 +14,8 @@ class FileDialog {
     std::wstring fileName;
     bool cancelError = false; // cancelling raises error 32755 instead of leaving an empty file name
 
-    // Each waits for the user. The current directory stays what it was.
+    // Each waits for the user; cancelling leaves an empty file name. The current directory stays what it was.
+    // Throws RuntimeError 20477 when `fileName` is none that the dialog can propose.
     void showOpen(HWND owner);
     void showSave(HWND owner);
 

@@ -2,10 +2,15 @@
 
 #include "platform/file_layer.h"
 #include "platform/handle.h"
+#include "platform/system_error.h"
+
+#include <algorithm>
 
 namespace vandrel {
 
-std::vector<std::wstring> fileNamesIn(const std::wstring& folder)
+namespace {
+
+template <typename Wanted> std::vector<std::wstring> namesIn(const std::wstring& folder, Wanted wanted)
 {
     std::vector<std::wstring> names;
     WIN32_FIND_DATAW found{};
@@ -13,9 +18,50 @@ std::vector<std::wstring> fileNamesIn(const std::wstring& folder)
                                              FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
     if (!search) return names;
     do {
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.emplace_back(found.cFileName);
+        if (wanted(found)) names.emplace_back(found.cFileName);
     } while (FindNextFileW(search.get(), &found));
     return names;
+}
+
+bool isFolder(const WIN32_FIND_DATAW& found)
+{
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+} // namespace
+
+std::vector<std::wstring> fileNamesIn(const std::wstring& folder)
+{
+    return namesIn(folder, [](const WIN32_FIND_DATAW& found) { return !isFolder(found); });
+}
+
+std::vector<std::wstring> folderNamesIn(const std::wstring& folder)
+{
+    return namesIn(folder, [](const WIN32_FIND_DATAW& found) {
+        const std::wstring_view name = found.cFileName;
+        return isFolder(found) && (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) == 0 && name != L"." &&
+               name != L"..";
+    });
+}
+
+void sortNames(std::vector<std::wstring>& names)
+{
+    const auto length = [](const std::wstring& name) { return static_cast<int>(name.size()); };
+    std::ranges::stable_sort(names, [&](const std::wstring& a, const std::wstring& b) {
+        return CompareStringEx(LOCALE_NAME_USER_DEFAULT, LINGUISTIC_IGNORECASE, a.c_str(), length(a),
+                               b.c_str(), length(b), nullptr, nullptr, 0) == CSTR_LESS_THAN;
+    });
+}
+
+void requireFolder(const std::wstring& folder)
+{
+    const DWORD attributes = GetFileAttributesW(extendedPath(folder).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const DWORD reason = GetLastError();
+        throw reason == ERROR_FILE_NOT_FOUND ? RuntimeError(error_number::pathNotFound)
+                                             : runtimeErrorOf(reason);
+    }
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) throw RuntimeError(error_number::pathNotFound);
 }
 
 std::wstring programFolder()

@@ -9,6 +9,15 @@ namespace vandrel {
 // A folder that cannot be listed has none.
 std::vector<std::wstring> fileNamesIn(const std::wstring& folder);
 
+// Likewise of its subfolders, without those that the system hides.
+std::vector<std::wstring> folderNamesIn(const std::wstring& folder);
+
+// As the user's language orders them, whatever the case of their letters.
+void sortNames(std::vector<std::wstring>& names);
+
+// Throws RuntimeError when there is no such folder (76), or its drive cannot be read (71).
+void requireFolder(const std::wstring& folder);
+
 // The folder that holds the running program, without a backslash at its end.
 std::wstring programFolder();
 

@@ -31,8 +31,7 @@ class InputBox : public Dialog {
   protected:
     void layOut() override
     {
-        const HFONT font = reinterpret_cast<HFONT>(SendMessageW(prompt_.handle(), WM_GETFONT, 0, 0));
-        const SIZE prompt = textSize(font, prompt_.text());
+        const SIZE prompt = prompt_.sizeOf(prompt_.text());
         const int gap = text_.pixels(120_twips);
         const int boxHeight = prompt.cy + text_.pixels(120_twips);
         const int buttonWidth = text_.pixels(1200_twips);

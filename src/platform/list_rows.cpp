@@ -20,9 +20,10 @@ void ListRows::setText(std::size_t row, std::size_t column, std::wstring text)
 
 void ListRows::clear()
 {
-    rows_.clear();
+    rows_ =
+        std::vector<Row>(); // with its memory: a million rows must not stay because there were so many once
     kept_.clear();
-    block_.reset();
+    blocks_.clear();
 }
 
 void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
@@ -30,12 +31,25 @@ void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
     clear();
     sorted_ = false;
     rows_ = std::move(rows);
-    block_ = std::move(block);
+    identify(rows_);
+    blocks_.push_back(std::move(block));
+}
+
+void ListRows::identify(std::span<Row> rows)
+{
+    for (Row& row : rows) row.id = ++lastId_;
+}
+
+void ListRows::append(std::shared_ptr<const void> block, std::span<const Row> rows)
+{
+    rows_.insert(rows_.end(), rows.begin(), rows.end());
+    identify(std::span(rows_).last(rows.size()));
+    blocks_.push_back(std::move(block));
 }
 
 ListRows::Row ListRows::keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image)
 {
-    Row row{{}, image, false, false};
+    Row row{{}, image, false, false, ++lastId_};
     for (std::size_t column = 0; column < maxColumns; ++column)
         row.texts[column] = keep(std::move(texts[column]));
     return row;
@@ -47,10 +61,8 @@ std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8
     auto place = rows_.end();
     if (sorted_) {
         // Behind its equals, where a stable sort would put it.
-        place = std::upper_bound(rows_.begin(), rows_.end(), row, [this](const Row& a, const Row& b) {
-            const int order = a.texts[sortKey_].compare(b.texts[sortKey_]);
-            return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
-        });
+        place = std::upper_bound(rows_.begin(), rows_.end(), row,
+                                 [this](const Row& a, const Row& b) { return comesBefore(a, b); });
     }
     const auto inserted = rows_.insert(place, row);
     return static_cast<std::size_t>(inserted - rows_.begin());
@@ -62,6 +74,13 @@ void ListRows::insert(std::size_t row, std::array<std::wstring, maxColumns> text
 }
 
 void ListRows::remove(std::size_t row) { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row)); }
+
+std::optional<std::size_t> ListRows::firstMarked() const
+{
+    const auto found = std::ranges::find(rows_, true, &Row::marked);
+    return found == rows_.end() ? std::nullopt
+                                : std::optional(static_cast<std::size_t>(found - rows_.begin()));
+}
 
 std::size_t ListRows::removeMarked()
 {
@@ -94,13 +113,23 @@ bool ListRows::sortBy(std::size_t column, SortOrder order)
     return sort();
 }
 
+bool ListRows::comesBefore(const Row& a, const Row& b) const
+{
+    const int order = a.texts[sortKey_].compare(b.texts[sortKey_]);
+    return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
+}
+
+bool ListRows::inOrder() const
+{
+    return std::ranges::is_sorted(rows_, [this](const Row& a, const Row& b) { return comesBefore(a, b); });
+}
+
 bool ListRows::sort()
 {
-    if (!sorted_) return false;
+    if (!sorted_ || inOrder()) return false;
     std::vector<std::wstring_view> keys(rows_.size());
     std::ranges::transform(rows_, keys.begin(), [this](const Row& row) { return row.texts[sortKey_]; });
     const std::vector<std::uint32_t> order = sortedOrder(keys, sortOrder_ == SortOrder::descending);
-    if (std::ranges::is_sorted(order)) return false;
     std::vector<Row> sorted(rows_.size());
     std::ranges::transform(order, sorted.begin(), [this](std::uint32_t index) { return rows_[index]; });
     rows_ = std::move(sorted);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,11 +24,14 @@ class ListRows {
     static constexpr std::size_t maxColumns = 4;
     using Texts = std::array<std::wstring_view, maxColumns>;
 
+    using Id = std::uint32_t;
+
     struct Row {
         Texts texts;
         std::uint8_t image = 1; // from 1, as in the image list
         bool marked = false;    // carries the selection through a change of order
         bool current = false;
+        Id id = 0; // the list gives each row that comes into it another one
     };
 
     ListRows() = default;
@@ -38,6 +42,9 @@ class ListRows {
     std::size_t size() const { return rows_.size(); }
     const Row& operator[](std::size_t row) const { return rows_[row]; }
     Row& operator[](std::size_t row) { return rows_[row]; }
+    std::span<const Row> all() const { return rows_; }
+    // What owns the texts of the rows that the list was filled with; null when nothing filled it.
+    std::shared_ptr<const void> block() const { return blocks_.empty() ? nullptr : blocks_.front(); }
     std::wstring_view text(std::size_t row, std::size_t column) const { return rows_[row].texts[column]; }
     void setText(std::size_t row, std::size_t column, std::wstring text);
 
@@ -45,11 +52,14 @@ class ListRows {
     // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted from
     // then on.
     void fill(std::shared_ptr<const void> block, std::vector<Row> rows);
+    // Adds such rows at the end, whatever the sort order says.
+    void append(std::shared_ptr<const void> block, std::span<const Row> rows);
     // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
     std::size_t add(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
     // At that row, whatever the sort order says.
     void insert(std::size_t row, std::array<std::wstring, maxColumns> texts, std::uint8_t image);
     void remove(std::size_t row);
+    std::optional<std::size_t> firstMarked() const;
     // Removes every marked row and returns how many there were.
     std::size_t removeMarked();
 
@@ -64,13 +74,17 @@ class ListRows {
     bool sortBy(std::size_t column, SortOrder order);
 
   private:
+    void identify(std::span<Row> rows);
+    bool comesBefore(const Row& a, const Row& b) const;
+    bool inOrder() const;
     bool sort();
     std::wstring_view keep(std::wstring text);
     Row keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
 
     std::vector<Row> rows_;
     std::deque<std::wstring> kept_;
-    std::shared_ptr<const void> block_;
+    std::vector<std::shared_ptr<const void>> blocks_;
+    Id lastId_ = 0;
     bool sorted_ = false;
     std::size_t sortKey_ = 0;
     SortOrder sortOrder_ = SortOrder::ascending;

@@ -65,10 +65,14 @@ void ListView::setAllImages(int image)
     for (std::size_t row = 0; row < count(); ++row) setImage(row, image);
 }
 
-void ListView::redrawRow(std::size_t row) { send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row)); }
+void ListView::redrawRow(std::size_t row)
+{
+    if (pauses_ == 0) send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
+}
 
 void ListView::updateCount(DWORD flags)
 {
+    if (pauses_ > 0) return;
     // The same number again would still repaint the scroll bars.
     if (static_cast<std::size_t>(send(LVM_GETITEMCOUNT)) != count()) {
         send(LVM_SETITEMCOUNT, count(), static_cast<LPARAM>(flags));
@@ -92,12 +96,24 @@ void ListView::fill(std::shared_ptr<const void> block, std::vector<ListRows::Row
     showSortOrder();
 }
 
+void ListView::append(std::shared_ptr<const void> block, std::span<const ListRows::Row> rows)
+{
+    rows_.append(std::move(block), rows);
+    ++changes_;
+    updateCount(LVSICF_NOSCROLL);
+}
+
 // What the native control knows by row number - selection and focus - is taken to the rows before they change
 // places, and given back after.
 template <typename Change> void ListView::changeRows(Change change)
 {
     takeSelection();
     ++changes_;
+    if (pauses_ > 0) {
+        change();
+        selectedInPause_ = rows_.firstMarked();
+        return;
+    }
     std::optional<RedrawPause> pause; // costs more than it saves where nothing is selected
     if (selectedCount() > 0) pause.emplace(handle());
     const Counted quiet(quiet_);

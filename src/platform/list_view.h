@@ -27,6 +27,8 @@ class ListView : public Control {
     std::function<void(std::size_t row)> ItemClick; // the user selected the row, by mouse or by key
     std::function<void(std::size_t column)> ColumnClick;
     std::function<void()> DblClick;
+    std::function<void()> Return; // while it is bound, Enter does not press a dialog's default button
+    std::function<void()> MouseMove;
     std::function<void(POINT screen)> RightClick; // released, or the menu key pressed
     std::function<void(std::size_t row)> BeforeLabelEdit;
     std::function<bool(std::size_t row, const std::wstring& text)> AfterLabelEdit; // false keeps the old text
@@ -43,6 +45,11 @@ class ListView : public Control {
     void clear();
     // Rows whose texts look into what `block` owns, in the order given; switches sorting off. Nothing is selected.
     void fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows);
+    // Adds such rows at the end, whatever the sort order says; setSorted(true) puts them in their places.
+    void append(std::shared_ptr<const void> block, std::span<const ListRows::Row> rows);
+    const ListRows& rows() const { return rows_; }
+    // Another number whenever rows came, went or changed places.
+    unsigned changes() const { return changes_; }
     std::size_t add(std::array<std::wstring, ListRows::maxColumns> texts, int image);
     // At that row, whatever the sort order says.
     void insert(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts, int image);
@@ -86,6 +93,8 @@ class ListView : public Control {
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    friend class ListPause;
+    void catchUp();
     template <typename Change> void changeRows(Change change);
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);
@@ -113,11 +122,27 @@ class ListView : public Control {
     Selection selection_;
     std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
     int quiet_ = 0;                   // above 0 the program itself changes the selection
-    int userMessages_ = 0;            // above 0 a message of the user is being answered
-    std::size_t lastFocused_ = 0;     // a hint, asked before it is believed
-    unsigned changes_ = 0; // of the rows: what was known by number before one means nothing after it
+    int pauses_ = 0;                  // above 0 the native control is told nothing
+    std::optional<std::size_t> selectedInPause_;
+    int userMessages_ = 0;        // above 0 a message of the user is being answered
+    std::size_t lastFocused_ = 0; // a hint, asked before it is believed
+    unsigned changes_ = 0;        // of the rows: what was known by number before one means nothing after it
     bool clickPending_ = false;
     bool pressFired_ = false; // the press of the button selected a row already
+};
+
+// While one lives, the native control is told neither how many rows there are nor which one is selected: for a change
+// of either it paints scroll bars and frames at once, which costs more than filling the list. For work that fills and
+// selects over and over before the next message; no more than one row may be selected meanwhile.
+class ListPause {
+  public:
+    explicit ListPause(ListView& list);
+    ListPause(const ListPause&) = delete;
+    ListPause& operator=(const ListPause&) = delete;
+    ~ListPause();
+
+  private:
+    ListView& list_;
 };
 
 } // namespace vandrel

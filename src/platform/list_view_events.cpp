@@ -71,7 +71,14 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
             if (const auto row = currentRow(); row && ItemClick) ItemClick(*row);
             return 0;
         }
+        if (wParam == VK_RETURN && Return) {
+            Return();
+            return 0;
+        }
         return userMessage(message, wParam, lParam);
+    case WM_MOUSEMOVE:
+        if (MouseMove) MouseMove();
+        return Control::onMessage(message, wParam, lParam);
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN: pressFired_ = false; return userMessage(message, wParam, lParam);
     case WM_LBUTTONUP: return userMessage(message, wParam, lParam);
@@ -79,7 +86,12 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         // The mouse was answered with NM_RCLICK; this is the menu key.
         if (GET_X_LPARAM(lParam) == -1 && GET_Y_LPARAM(lParam) == -1 && RightClick) RightClick(menuPoint());
         return 0;
-    case WM_GETDLGCODE: return Control::onMessage(message, wParam, lParam) | DLGC_WANTARROWS;
+    case WM_GETDLGCODE: {
+        const auto* const key = reinterpret_cast<const MSG*>(lParam);
+        const bool wantsKey = key != nullptr && key->wParam == VK_RETURN && Return;
+        return Control::onMessage(message, wParam, lParam) | DLGC_WANTARROWS |
+               (wantsKey ? DLGC_WANTMESSAGE : 0);
+    }
     default: return Control::onMessage(message, wParam, lParam);
     }
 }

@@ -16,6 +16,7 @@ std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
 
 std::optional<std::size_t> ListView::firstSelected() const
 {
+    if (pauses_ > 0) return selectedInPause_;
     const std::size_t selected = selectedCount();
     if (selected == 0) return std::nullopt;
     if (selected == 1 && lastFocused_ < count() && isSelected(lastFocused_)) return lastFocused_;
@@ -24,6 +25,7 @@ std::optional<std::size_t> ListView::firstSelected() const
 
 std::optional<std::size_t> ListView::currentRow() const
 {
+    if (pauses_ > 0) return selectedInPause_;
     if (selectedCount() == 0) return std::nullopt;
     constexpr UINT current = LVIS_FOCUSED | LVIS_SELECTED;
     if (lastFocused_ < count() && send(LVM_GETITEMSTATE, lastFocused_, current) == current)
@@ -32,9 +34,17 @@ std::optional<std::size_t> ListView::currentRow() const
     return row ? row : firstSelected();
 }
 
-bool ListView::isSelected(std::size_t row) const { return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0; }
+bool ListView::isSelected(std::size_t row) const
+{
+    if (pauses_ > 0) return selectedInPause_ == row;
+    return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
+}
 
-std::size_t ListView::selectedCount() const { return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT)); }
+std::size_t ListView::selectedCount() const
+{
+    if (pauses_ > 0) return selectedInPause_ ? 1 : 0;
+    return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT));
+}
 
 void ListView::setState(int row, UINT state, UINT mask)
 {
@@ -46,6 +56,10 @@ void ListView::setState(int row, UINT state, UINT mask)
 
 void ListView::select(std::size_t row)
 {
+    if (pauses_ > 0) {
+        selectedInPause_ = row;
+        return;
+    }
     const Counted quiet(quiet_);
     dropSelection();
     setState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
@@ -63,9 +77,35 @@ void ListView::selectAll()
 void ListView::clearSelection()
 {
     if (selectedCount() == 0) return;
+    if (pauses_ > 0) {
+        selectedInPause_.reset();
+        return;
+    }
     const RedrawPause pause(handle());
     const Counted quiet(quiet_);
     dropSelection();
+}
+
+// What was selected before is remembered as the rows were; a list of many selected rows begins without any.
+ListPause::ListPause(ListView& list) : list_(list)
+{
+    if (list_.pauses_ == 0)
+        list_.selectedInPause_ = list_.selectedCount() == 1 ? list_.currentRow() : std::nullopt;
+    ++list_.pauses_;
+}
+
+ListPause::~ListPause()
+{
+    if (--list_.pauses_ == 0) list_.catchUp();
+}
+
+void ListView::catchUp()
+{
+    const auto selected = selectedInPause_;
+    updateCount(LVSICF_NOSCROLL);
+    if (firstSelected() == selected && selectedCount() <= 1) return;
+    clearSelection();
+    if (selected && *selected < count()) select(*selected);
 }
 
 std::vector<std::size_t> ListView::selectedRows() const

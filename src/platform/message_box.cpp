@@ -1,5 +1,6 @@
 #include "platform/message_box.h"
 
+#include "platform/modal_scope.h"
 #include "platform/program.h"
 #include "platform/runtime_error.h"
 
@@ -8,6 +9,7 @@ namespace {
 
 int show(HWND owner, const std::wstring& text, const std::wstring& title, UINT style)
 {
+    const ModalScope others(nullptr, owner);
     return MessageBoxW(owner, text.c_str(), title.c_str(), style);
 }
 

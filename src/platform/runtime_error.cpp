@@ -14,6 +14,7 @@ std::wstring runtimeErrorDescription(int number)
 {
     namespace e = error_number;
     switch (number) {
+    case e::invalidCall: return L"Invalid procedure call or argument";
     case e::overflow: return L"Overflow";
     case e::outOfMemory: return L"Out of memory";
     case e::typeMismatch: return L"Type mismatch";
@@ -30,7 +31,14 @@ std::wstring runtimeErrorDescription(int number)
     case e::pathNotFound: return L"Path not found";
     case e::objectNotSet: return L"Object variable or With block variable not set";
     case e::noSuchFormat: return L"Specified format doesn't match format of data";
+    case e::clipboardBusy: return L"Can't open Clipboard";
+    case e::invalidDialogFileName: return L"Invalid filename";
     case e::cancelled: return L"Cancel was selected.";
+    case e::malformedUrl: return L"URL is malformed";
+    case e::unsupportedProtocol: return L"Protocol not supported for this method";
+    case e::cannotConnect: return L"Unable to connect to remote host";
+    case e::requestFailed: return L"Unable to complete request";
+    case e::stillExecuting: return L"Still executing last request";
     case e::requestTimedOut: return L"Request timed out";
     default: return L"Application-defined or object-defined error";
     }

@@ -7,6 +7,7 @@ namespace vandrel {
 
 // The numbers under which users of the platform know its run-time errors.
 namespace error_number {
+inline constexpr int invalidCall = 5;
 inline constexpr int overflow = 6;
 inline constexpr int outOfMemory = 7;
 inline constexpr int typeMismatch = 13;
@@ -23,8 +24,15 @@ inline constexpr int pathFileAccess = 75;
 inline constexpr int pathNotFound = 76;
 inline constexpr int objectNotSet = 91;
 inline constexpr int noSuchFormat = 461;
+inline constexpr int clipboardBusy = 521;
+inline constexpr int invalidDialogFileName = 20477;
 inline constexpr int cancelled = 32755;
+inline constexpr int malformedUrl = 35752;
+inline constexpr int unsupportedProtocol = 35753;
+inline constexpr int cannotConnect = 35754;
+inline constexpr int requestFailed = 35756;
 inline constexpr int requestTimedOut = 35761;
+inline constexpr int stillExecuting = 35764;
 } // namespace error_number
 
 // The one failure type of the program. What no command traps is shown in the run-time error box by the event

@@ -12,7 +12,8 @@ constexpr int progressSteps = 10000; // of the native bar; the maximum may be an
 
 } // namespace
 
-Label::Label(HWND parent, const std::wstring& text) : Control(parent, WC_STATICW, SS_NOPREFIX, 0, -1)
+Label::Label(HWND parent, const std::wstring& text, Ampersand ampersand)
+    : Control(parent, WC_STATICW, ampersand == Ampersand::letter ? SS_NOPREFIX : 0, 0, -1)
 {
     setText(text);
 }
@@ -41,8 +42,38 @@ void Button::onCommand(WORD code, WORD)
     if (code == BN_CLICKED && Click) Click();
 }
 
-TextBox::TextBox(HWND parent, int id)
-    : Control(parent, WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id)
+CheckBox::CheckBox(HWND parent, int id, const std::wstring& text)
+    : Control(parent, WC_BUTTONW, WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX, 0, id)
+{
+    setText(text);
+}
+
+bool CheckBox::checked() const { return SendMessageW(handle(), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+
+void CheckBox::setChecked(bool on)
+{
+    SendMessageW(handle(), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+OptionButton::OptionButton(HWND parent, int id, const std::wstring& text, Place place)
+    : Control(parent, WC_BUTTONW, BS_AUTORADIOBUTTON | (place == Place::first ? WS_GROUP | WS_TABSTOP : 0), 0,
+              id)
+{
+    setText(text);
+}
+
+bool OptionButton::on() const { return SendMessageW(handle(), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+
+void OptionButton::setOn(bool on)
+{
+    SendMessageW(handle(), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+TextBox::TextBox(HWND parent, int id, Lines lines)
+    : Control(parent, WC_EDITW,
+              WS_TABSTOP |
+                  (lines == Lines::one ? ES_AUTOHSCROLL : ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL),
+              WS_EX_CLIENTEDGE, id)
 {
     SendMessageW(handle(), EM_SETLIMITTEXT, longestText, 0);
 }
@@ -64,20 +95,51 @@ void TextBox::select(int start, int length)
     SendMessageW(handle(), EM_SETSEL, static_cast<WPARAM>(start), start + length);
 }
 
+void TextBox::setGrey()
+{
+    grey_ = true;
+    InvalidateRect(handle(), nullptr, TRUE);
+}
+
 void TextBox::onCommand(WORD code, WORD)
 {
     if (code == EN_SETFOCUS && GotFocus) GotFocus();
+}
+
+std::optional<LRESULT> TextBox::onColor(HDC context, UINT message)
+{
+    if (!grey_) return Control::onColor(context, message);
+    SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+    SetBkColor(context, GetSysColor(COLOR_3DFACE));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_3DFACE));
 }
 
 ComboBox::ComboBox(HWND parent, int id)
     : Control(parent, WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0, id)
 {}
 
-int ComboBox::height() const
+std::size_t ComboBox::count() const
 {
-    RECT area{};
-    GetWindowRect(handle(), &area);
-    return area.bottom - area.top;
+    return static_cast<std::size_t>(SendMessageW(handle(), CB_GETCOUNT, 0, 0));
+}
+
+std::wstring ComboBox::entry(std::size_t index) const
+{
+    const LRESULT length = SendMessageW(handle(), CB_GETLBTEXTLEN, index, 0);
+    if (length == CB_ERR) return {};
+    std::wstring text(static_cast<std::size_t>(length), L'\0');
+    SendMessageW(handle(), CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+    return text;
+}
+
+void ComboBox::add(const std::wstring& text)
+{
+    SendMessageW(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void ComboBox::onCommand(WORD code, WORD)
+{
+    if (code == CBN_SETFOCUS && GotFocus) GotFocus();
 }
 
 void ComboBox::clearTextSelection() { SendMessageW(handle(), CB_SETEDITSEL, 0, MAKELPARAM(-1, 0)); }

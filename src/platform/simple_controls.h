@@ -8,7 +8,8 @@ namespace vandrel {
 
 class Label : public Control {
   public:
-    Label(HWND parent, const std::wstring& text);
+    enum class Ampersand { letter, accessKey }; // an access key leads to the control after the label
+    Label(HWND parent, const std::wstring& text, Ampersand ampersand = Ampersand::letter);
 };
 
 // A group box.
@@ -31,9 +32,30 @@ class Button : public Control {
     IconHandle icon_;
 };
 
+class CheckBox : public Control {
+  public:
+    CheckBox(HWND parent, int id, const std::wstring& text);
+
+    bool checked() const;
+    void setChecked(bool on);
+};
+
+// One of several, of which one is on. The first of a group begins it, the arrow keys go through it, and Tab leads to
+// the one that is on.
+class OptionButton : public Control {
+  public:
+    enum class Place { first, following };
+    OptionButton(HWND parent, int id, const std::wstring& text, Place place);
+
+    bool on() const;
+    // Only this one; the others of the group are the caller's to switch off.
+    void setOn(bool on);
+};
+
 class TextBox : public Control {
   public:
-    TextBox(HWND parent, int id);
+    enum class Lines { one, many };
+    TextBox(HWND parent, int id, Lines lines = Lines::one);
 
     std::function<void()> GotFocus;
 
@@ -42,10 +64,13 @@ class TextBox : public Control {
     void setText(const std::wstring& text) override;
     // Characters; a length beyond the end selects up to it.
     void select(int start, int length);
+    void setGrey(); // the colours of a surface instead of a field's
     void onCommand(WORD code, WORD id) override;
+    std::optional<LRESULT> onColor(HDC context, UINT message) override;
 
   private:
     std::wstring textSet_;
+    bool grey_ = false;
 };
 
 // A drop-down list with a text box that takes any text.
@@ -53,9 +78,16 @@ class ComboBox : public Control {
   public:
     ComboBox(HWND parent, int id);
 
+    std::function<void()> GotFocus;
+
+    std::size_t count() const;
+    std::wstring entry(std::size_t index) const;
+    void add(const std::wstring& text); // behind the last entry
+
     // Pixels of the open list's height; the closed box has its font's height.
-    int height() const;
+    int height() const { return outerHeight(); }
     void clearTextSelection();
+    void onCommand(WORD code, WORD id) override;
 };
 
 class ProgressBar : public Control {

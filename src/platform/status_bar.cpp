@@ -36,11 +36,10 @@ void StatusBar::setPanelEdges(int first, int second)
     SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
 }
 
-int StatusBar::height() const
+void StatusBar::setPanelEdge(int first)
 {
-    RECT area{};
-    GetWindowRect(handle(), &area);
-    return area.bottom - area.top;
+    const std::array<int, 2> edges{first, -1};
+    SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
 }
 
 void StatusBar::dock() { SendMessageW(handle(), WM_SIZE, 0, 0); }

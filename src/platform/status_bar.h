@@ -19,7 +19,9 @@ class StatusBar : public Control {
     RECT panelArea(int panel) const;
     // Right edges of the panels in pixels; the last panel reaches the end.
     void setPanelEdges(int first, int second);
-    int height() const;
+    // Two panels alone.
+    void setPanelEdge(int first);
+    int height() const { return outerHeight(); }
     // Back to the lower edge of the parent, after that was resized.
     void dock();
 };

@@ -29,6 +29,7 @@ RuntimeError runtimeErrorOf(unsigned long systemError)
     case ERROR_FILENAME_EXCED_RANGE: return RuntimeError(e::badFileName);
     case ERROR_NOT_ENOUGH_MEMORY:
     case ERROR_OUTOFMEMORY: return RuntimeError(e::outOfMemory);
+    case ERROR_BAD_EXE_FORMAT: return RuntimeError(e::invalidCall);
     default: return RuntimeError(e::deviceError);
     }
 }

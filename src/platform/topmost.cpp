@@ -22,6 +22,9 @@ std::vector<HWND> windowsOwnedBy(HWND owner)
     return search.found;
 }
 
+// On the windows that are topmost by their own choice, and stay it when their owner is not.
+constexpr const wchar_t* ownChoice = L"Vandrel.Topmost";
+
 } // namespace
 
 void setTopmost(HWND window, bool on)
@@ -34,7 +37,13 @@ void setTopmost(HWND window, bool on)
     for (const HWND other : owned) SetWindowLongPtrW(other, GWLP_HWNDPARENT, 0);
     SetWindowPos(window, layer, 0, 0, 0, 0, inPlace);
     for (auto other = owned.rbegin(); other != owned.rend(); ++other) {
-        SetWindowPos(*other, layer, 0, 0, 0, 0, inPlace | SWP_NOACTIVATE);
+        const bool stays = GetPropW(*other, ownChoice) != nullptr;
+        SetWindowPos(*other, stays ? HWND_TOPMOST : layer, 0, 0, 0, 0, inPlace | SWP_NOACTIVATE);
+    }
+    if (on) {
+        SetPropW(window, ownChoice, window);
+    } else {
+        RemovePropW(window, ownChoice);
     }
     for (const HWND other : owned)
         SetWindowLongPtrW(other, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(window));

@@ -4,7 +4,8 @@
 
 namespace vandrel {
 
-// Puts a window into the topmost layer or takes it out; place and size stay.
+// Puts a window into the topmost layer or takes it out; place and size stay. The windows that it owns go along, those
+// excepted that were put there by a call of their own.
 void setTopmost(HWND window, bool on);
 
 bool isTopmost(HWND window);

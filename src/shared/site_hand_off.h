@@ -20,6 +20,13 @@ struct SiteHandOff {
     std::wstring newSiteName;
     std::wstring newSiteURL = L"http://";
     std::wstring newSiteDescription;
+
+    // Once it was added; the description stays.
+    void forgetNewSite()
+    {
+        newSiteName.clear();
+        newSiteURL = L"http://";
+    }
 };
 
 } // namespace vandrel

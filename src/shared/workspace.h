@@ -2,6 +2,7 @@
 
 #include "shared/keep_on_top.h"
 #include "shared/options_state.h"
+#include "shared/properties_hand_off.h"
 #include "shared/site_hand_off.h"
 
 #include <functional>
@@ -10,6 +11,7 @@
 
 namespace vandrel {
 
+class InternetTransfer;
 class ListView;
 class MenuFamily;
 class ProgressBar;
@@ -24,12 +26,14 @@ struct Workspace {
     StatusBar& StatusBar1;
     ProgressBar& PB;
     MenuFamily& mnuMove;
+    InternetTransfer& inetScan;
     std::wstring dataFolder;             // no backslash at its end
     std::function<std::wstring()> today; // the date in the user's short form
 
     KeepOnTop keepOnTop{};
     OptionsState options{};
     SiteHandOff site{};
+    PropertiesHandOff properties{};
     std::wstring favoritesFolder{};
     // The title of the category that was there but could not be read when it was selected last. Saving the list
     // over it would throw away what nobody has seen.

@@ -1,7 +1,6 @@
 #include "store/site_operations.h"
 
 #include "dialogs/frm_input.h"
-#include "dialogs/incoming_link.h"
 #include "platform/input_box.h"
 #include "platform/list_view.h"
 #include "platform/menu.h"
@@ -9,14 +8,13 @@
 #include "platform/runtime_error.h"
 #include "platform/scope_exit.h"
 #include "platform/status_bar.h"
+#include "shared/site_columns.h"
 #include "shared/workspace.h"
 #include "store/category_files.h"
 #include "store/category_title.h"
 
 namespace vandrel {
 namespace {
-
-enum Column : std::size_t { nameColumn, urlColumn, descriptionColumn, dateColumn };
 
 void showSiteEditor(Workspace& workspace)
 {
@@ -43,10 +41,7 @@ void AddURL(Workspace& workspace)
         site.SiteDialogCancelled = false;
         return;
     }
-    const ScopeExit reset([&site] {
-        site.newSiteName.clear();
-        site.newSiteURL = emptyAddress;
-    });
+    const ScopeExit reset([&site] { site.forgetNewSite(); });
     ListView& sites = workspace.lstInfo;
     sites.add({site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today()}, siteImage);
     sites.sortBy(urlColumn, sites.sortOrder());

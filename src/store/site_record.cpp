@@ -1,5 +1,7 @@
 #include "store/site_record.h"
 
+#include "platform/unit_vector.h"
+
 #include <array>
 
 namespace vandrel {
@@ -24,14 +26,27 @@ struct ScannedLine {
     bool loneLineEnd = false;
 };
 
+// The next unit that may mean something in a line: a separator, a line end, or another control character.
+const wchar_t* nextSpecial(const wchar_t* p, const wchar_t* end)
+{
+    const UnitVector lastControl = allUnits(L'\r');
+    const UnitVector separator = allUnits(fieldSeparator);
+    for (; p + unitsInVector <= end; p += unitsInVector) {
+        const UnitVector units = loadUnits(p);
+        const auto special = static_cast<UnitVector>((units <= lastControl) | (units == separator));
+        if (const std::size_t unit = firstUnit(special); unit < unitsInVector) return p + unit;
+    }
+    while (p != end && *p > L'\r' && *p != fieldSeparator) ++p;
+    return p;
+}
+
 // One pass over the line at the front of `text`: this is the loop that opening a large category waits for.
 ScannedLine scanLine(std::wstring_view text)
 {
     ScannedLine line;
     const wchar_t* const begin = text.data();
     const wchar_t* const end = begin + text.size();
-    for (const wchar_t* p = begin; p != end; ++p) {
-        if (*p > L'\r' && *p != fieldSeparator) continue;
+    for (const wchar_t* p = nextSpecial(begin, end); p != end; p = nextSpecial(p + 1, end)) {
         if (*p == fieldSeparator) {
             if (line.separatorCount < line.separators.size()) {
                 line.separators[line.separatorCount] = static_cast<std::size_t>(p - begin);

@@ -1,0 +1,288 @@
+#include "exchange/frm_import.h"
+
+#include "exchange/module1.h"
+#include "exchange/shortcut_name.h"
+#include "platform/file_layer.h"
+#include "platform/handle.h"
+#include "platform/input_box.h"
+#include "platform/list_view.h"
+#include "platform/message_box.h"
+#include "platform/program.h"
+#include "platform/scope_exit.h"
+#include "platform/status_bar.h"
+#include "platform/system_error.h"
+#include "platform/turns.h"
+#include "shared/apply_font.h"
+#include "shared/site_columns.h"
+#include "shared/workspace.h"
+#include "store/category_files.h"
+
+#include <algorithm>
+#include <cwctype>
+
+namespace vandrel {
+namespace {
+
+enum ControlId { idDrive = 101, idFolders, idFiles, idImportAll };
+
+// The system's reading functions take a file that cannot be read for an empty one.
+void requireReadable(const std::wstring& path)
+{
+    const FileHandle file(CreateFileW(extendedPath(path).c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) raiseLastError();
+}
+
+// Pixels that a dialog may take, beside what the taskbar takes.
+int screenWidth(HWND window)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    return monitor.rcWork.right - monitor.rcWork.left;
+}
+
+} // namespace
+
+frmImport::frmImport(Workspace& workspace)
+    : Dialog(workspace.window, L"Import Favorites"),
+      workspace_(workspace),
+      lblDrive_(handle(), L"&Drive:", Label::Ampersand::accessKey),
+      drvImport_(handle(), idDrive),
+      lblFolder_(handle(), L"F&olders:", Label::Ampersand::accessKey),
+      dirImport_(handle(), idFolders),
+      lblFiles_(handle(), L"&Files:", Label::Ampersand::accessKey),
+      filImport_(handle(), idFiles, std::wstring(shortcutExtension)),
+      cmdImport_(handle(), IDOK, L"&Import", true),
+      cmdImportAll_(handle(), idImportAll, L"Import &All"),
+      cmdCancel_(handle(), IDCANCEL, L"Cancel"),
+      lblPath_(handle(), L""),
+      prgImport_(handle())
+{
+    drvImport_.Change = [this] { drvImport_Change(); };
+    dirImport_.Change = [this] { dirImport_Change(); };
+    filImport_.Click = [this] { filImport_Click(); };
+    filImport_.DblClick = [this] { cmdImport_Click(); };
+    cmdImport_.Click = [this] { cmdImport_Click(); };
+    cmdImportAll_.Click = [this] { cmdImportAll_Click(); };
+    cmdCancel_.Click = [this] { cmdCancel_Click(); };
+    setFirstFocus(filImport_.handle());
+    Form_Load();
+}
+
+std::vector<Control*> frmImport::controls()
+{
+    return {&lblDrive_,  &drvImport_,    &lblFolder_, &dirImport_, &lblFiles_, &filImport_,
+            &cmdImport_, &cmdImportAll_, &cmdCancel_, &lblPath_,   &prgImport_};
+}
+
+// ---- browsing
+
+void frmImport::Form_Load()
+{
+    ApplyFont(*this, workspace_.options.font);
+    showFavorites();
+    drvImport_.setDrive(previousDrive_);
+    layOut();
+}
+
+// Without a Favorites folder that can be read the user starts where the program's own files are.
+void frmImport::showFavorites()
+{
+    std::wstring start = workspace_.favoritesFolder;
+    try {
+        if (start.empty()) throw RuntimeError(error_number::pathNotFound);
+        dirImport_.setPath(start);
+    } catch (const RuntimeError&) {
+        start = workspace_.dataFolder;
+        dirImport_.setPath(start);
+    }
+    previousDrive_ = start.substr(0, start.find(L'\\') + 1);
+}
+
+void frmImport::drvImport_Change()
+{
+    try {
+        dirImport_.setPath(drvImport_.drive() + L"\\");
+        previousDrive_ = drvImport_.drive();
+    } catch (const RuntimeError&) {
+        std::wstring name = drvImport_.drive();
+        std::ranges::transform(name, name.begin(),
+                               [](wchar_t c) { return static_cast<wchar_t>(std::towupper(c)); });
+        tell(handle(), L"Please insert a disk into drive " + name, programTitle, BoxIcon::information);
+        drvImport_.setDrive(previousDrive_);
+    }
+}
+
+void frmImport::dirImport_Change()
+{
+    filImport_.setPath(dirImport_.path());
+    lblPath_.setText(dirImport_.path());
+    cmdImport_.setEnabled(filImport_.count() > 0);
+    cmdImportAll_.setEnabled(filImport_.count() > 0);
+}
+
+void frmImport::filImport_Click()
+{
+    const auto file = filImport_.selected();
+    cmdImport_.setEnabled(file && !filImport_.text(*file).empty());
+}
+
+// ---- importing
+
+void frmImport::cmdImport_Click()
+{
+    if (busy_) return;
+    try {
+        const auto file = filImport_.selected();
+        if (!file) {
+            tell(handle(), L"No file selected to import.", L"No File SelecteD", BoxIcon::information);
+            return;
+        }
+        importSelected(*file);
+        workspace_.StatusBar1.setPanelText(1, L"Import succeeded!");
+        unload();
+    } catch (const RuntimeError&) {
+        workspace_.StatusBar1.setPanelText(1, L"Import failed!");
+    }
+}
+
+void frmImport::importSelected(std::size_t file)
+{
+    takeShortcut(filImport_.text(file));
+    workspace_.site.newSiteDescription = inputBox(handle(), L"Enter a description for the site.",
+                                                  L"Site Description");
+    addSite();
+}
+
+void frmImport::cmdImportAll_Click()
+{
+    if (busy_) return;
+    importEvery();
+    workspace_.StatusBar1.setPanelText(1, L"Import succeeded!");
+    tell(handle(), L"Please remember to edit the description for all imported files.", L"Import All",
+         BoxIcon::information);
+    unload();
+}
+
+void frmImport::importEvery()
+{
+    setBusy(true);
+    const ScopeExit idle([this] {
+        MessageLoop::current().dispatchPending(); // what was pressed meanwhile was meant for a busy dialog
+        setBusy(false);
+    });
+    prgImport_.setMaximum(filImport_.count());
+    ListView& sites = workspace_.lstInfo;
+    std::optional<ListPause> quiet; // keeps one selected row, not many
+    const auto beQuiet = [&] {
+        if (sites.selectedCount() <= 1) quiet.emplace(sites);
+    };
+    Turns turns;
+    beQuiet();
+    for (std::size_t file = 0; file < filImport_.count(); ++file) {
+        takeShortcut(filImport_.text(file));
+        addSite();
+        prgImport_.setValue(file + 1);
+        if (!turns.due()) continue;
+        quiet.reset();
+        turns.take(
+            [] { MessageLoop::current().dispatchPending(); }); // the windows are painted and can be moved
+        beQuiet();
+    }
+}
+
+void frmImport::takeShortcut(const std::wstring& fileName)
+{
+    SiteHandOff& site = workspace_.site;
+    const std::wstring path = filImport_.path() + L"\\" + fileName;
+    const std::wstring name = siteNameOf(fileName);
+    requireReadable(path);
+    site.newSiteURL = Module1::ReadINIValue(L"InternetShortcut", L"URL", path);
+    site.newSiteName = name;
+}
+
+void frmImport::addSite()
+{
+    const SiteHandOff& site = workspace_.site;
+    ListView& sites = workspace_.lstInfo;
+    sites.add({site.newSiteName, site.newSiteURL, site.newSiteDescription, L""}, siteImage);
+    sites.sortBy(urlColumn, sites.sortOrder());
+    SaveItems(workspace_);
+    workspace_.site.forgetNewSite();
+}
+
+void frmImport::setBusy(bool busy)
+{
+    busy_ = busy;
+    for (Control* const control : controls()) {
+        if (control != &prgImport_ && control != &lblPath_) control->setEnabled(!busy);
+    }
+    prgImport_.setVisible(busy);
+    lblPath_.setVisible(!busy);
+}
+
+void frmImport::cmdCancel_Click()
+{
+    // What is being imported is finished: half of a folder would be hard to tell from the rest.
+    if (!busy_) unload();
+}
+
+// ---- layout
+
+void frmImport::layOut()
+{
+    const auto px = [this](Twips length) { return lblDrive_.pixels(length); };
+    const int line = lblDrive_.sizeOf(L"X").cy;
+    const int gap = px(120_twips);
+    const int wanted = std::max<int>(px(3300_twips), lblDrive_.sizeOf(std::wstring(32, L'n')).cx);
+    const int listWidth = std::min(wanted, (screenWidth(handle()) - 6 * gap) / 2);
+    const int listHeight = std::max(px(3000_twips), 11 * line);
+    const int buttonHeight = line + px(150_twips);
+    int buttonWidth = px(1200_twips);
+    for (const Button* const button : {&cmdImport_, &cmdImportAll_, &cmdCancel_}) {
+        buttonWidth = std::max<int>(buttonWidth, button->sizeOf(button->text()).cx + 2 * gap);
+    }
+
+    const int right = 2 * gap + listWidth;
+    const int width = right + listWidth + gap;
+    const int listsBottom = gap + line + gap / 4 + listHeight;
+    // Drive above folders on the left, files beside them on the right.
+    lblDrive_.place(gap, gap, listWidth, line);
+    int top = gap + line + gap / 4;
+    drvImport_.place(gap, top, listWidth, drvImport_.openHeight());
+    top += drvImport_.height() + gap / 2;
+    lblFolder_.place(gap, top, listWidth, line);
+    top += line + gap / 4;
+    dirImport_.place(gap, top, listWidth, listsBottom - top);
+    lblFiles_.place(right, gap, listWidth, line);
+    filImport_.place(right, gap + line + gap / 4, listWidth, listHeight);
+
+    top = listsBottom + gap / 2;
+    lblPath_.place(gap, top, width - 2 * gap, line);
+    prgImport_.place(gap, top, width - 2 * gap, line);
+    top += line + gap;
+    int left = width - gap - buttonWidth;
+    for (Button* const button : {&cmdCancel_, &cmdImportAll_, &cmdImport_}) {
+        button->place(left, top, buttonWidth, buttonHeight);
+        left -= buttonWidth + gap;
+    }
+    setClientSize(width, top + buttonHeight + gap);
+}
+
+// ---- commands
+
+void Import(Workspace& workspace)
+{
+    frmImport dialog(workspace);
+    dialog.showModal();
+}
+
+void mnuImport_Click(Workspace& workspace)
+{
+    const TopmostPause pause(workspace.keepOnTop);
+    Import(workspace);
+}
+
+} // namespace vandrel

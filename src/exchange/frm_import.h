@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/dialog.h"
+#include "platform/drive_list.h"
+#include "platform/file_list.h"
+#include "platform/folder_list.h"
+#include "platform/simple_controls.h"
+
+namespace vandrel {
+
+struct Workspace;
+
+// Browses drives and folders for shortcut files and adds one of them, or all of a folder, to the current category.
+class frmImport : public Dialog {
+  public:
+    // Loads the dialog, at the user's Favorites folder.
+    explicit frmImport(Workspace& workspace);
+
+    std::vector<Control*> controls() override;
+
+  protected:
+    void layOut() override;
+    void onOk() override { cmdImport_Click(); }
+    void onCancel() override { cmdCancel_Click(); }
+
+  private:
+    void Form_Load();
+    void drvImport_Change();
+    void dirImport_Change();
+    void filImport_Click();
+    void cmdImport_Click();
+    void cmdImportAll_Click();
+    void cmdCancel_Click();
+
+    void showFavorites();
+    void importSelected(std::size_t file);
+    void importEvery();
+    void takeShortcut(const std::wstring& fileName);
+    void addSite();
+    void setBusy(bool busy);
+
+    Workspace& workspace_;
+    std::wstring previousDrive_; // the last one that could be read
+    bool busy_ = false;          // all files of the folder are being imported
+    // In the order in which Tab goes through them; each label stands before its list.
+    Label lblDrive_;
+    DriveList drvImport_;
+    Label lblFolder_;
+    FolderList dirImport_;
+    Label lblFiles_;
+    FileList filImport_;
+    Button cmdImport_;
+    Button cmdImportAll_;
+    Button cmdCancel_;
+    Label lblPath_;
+    ProgressBar prgImport_;
+};
+
+// Opens the dialog.
+void Import(Workspace& workspace);
+void mnuImport_Click(Workspace& workspace);
+
+} // namespace vandrel

@@ -1,0 +1,76 @@
+#include "mainwindow/link_opening.h"
+
+#include "dialogs/frm_properties.h"
+#include "mainwindow/registry_module.h"
+#include "platform/clipboard.h"
+#include "platform/file_layer.h"
+#include "platform/list_view.h"
+#include "platform/message_box.h"
+#include "platform/shell.h"
+#include "shared/maker.h"
+#include "shared/site_columns.h"
+#include "shared/workspace.h"
+#include "store/category_files.h"
+
+namespace vandrel {
+namespace {
+
+void dateToday(Workspace& workspace, std::size_t row)
+{
+    workspace.lstInfo.setText(row, dateColumn, workspace.today());
+    SaveItems(workspace);
+}
+
+} // namespace
+
+void OpenSite(Workspace& workspace)
+{
+    const auto row = workspace.lstInfo.currentRow();
+    if (!row) return;
+    shellOpen(workspace.window, workspace.lstInfo.text(*row, urlColumn));
+    dateToday(workspace, *row);
+}
+
+void mnuOpenNew_Click(Workspace& workspace)
+{
+    const auto row = workspace.lstInfo.currentRow();
+    if (!row) return;
+    startProgram(Registry_Module::browserPath() + L" " + workspace.lstInfo.text(*row, urlColumn));
+    dateToday(workspace, *row);
+}
+
+void mnuCopyURL_Click(Workspace& workspace)
+{
+    const auto row = workspace.lstInfo.currentRow();
+    if (!row || workspace.lstInfo.text(*row, nameColumn).empty()) return;
+    setClipboardText(workspace.window, workspace.lstInfo.text(*row, urlColumn));
+}
+
+void mnuProperties_Click(Workspace& workspace)
+{
+    const ListView& sites = workspace.lstInfo;
+    const auto row = sites.currentRow();
+    if (!row) return;
+    const TopmostPause pause(workspace.keepOnTop);
+    workspace.properties = {.PropSiteName = sites.text(*row, nameColumn),
+                            .PropSiteURL = sites.text(*row, urlColumn),
+                            .PropSiteDate = sites.text(*row, dateColumn),
+                            .PropSiteDesc = sites.text(*row, descriptionColumn)};
+    frmProperties dialog(workspace.window, workspace.properties);
+    dialog.showModal();
+}
+
+void mnuViewHelp_Click(Workspace& workspace)
+{
+    const std::wstring helpFile = workspace.dataFolder + L"\\help.html";
+    if (!fileExists(helpFile)) {
+        tell(workspace.window,
+             L"Could not find help file. Please visit\r\n" + makersSite +
+                 L"/getpage.php?page=vandrel for help.",
+             L"Error Opening Help", BoxIcon::information);
+        return;
+    }
+    shellOpen(workspace.window, helpFile);
+}
+
+} // namespace vandrel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+namespace vandrel {
+
+class AppendFile;
+struct Workspace;
+
+// Finds out which sites of the current category can still be reached, marks the others, and writes a log. A site is
+// reachable when a connection to its host was begun; what the host answers does not matter.
+//
+// Messages are dispatched while it waits for an answer. What the user does meanwhile never makes it mark or log another
+// site: a row is known by its identity, and one that is gone from the list is left out.
+class LinkScanner {
+  public:
+    explicit LinkScanner(Workspace& workspace);
+    LinkScanner(const LinkScanner&) = delete;
+    LinkScanner& operator=(const LinkScanner&) = delete;
+    ~LinkScanner();
+
+    // Each throws RuntimeError when the log cannot be written; the scan ends there. 35764 while the update check waits. While one runs, the other and
+    // itself do nothing.
+    void mnuScanAllURLs_Click();
+    void mnuScanSelected_Click();
+
+  private:
+    bool ScanURL(const std::wstring& url);
+    void inetScan_StateChanged(short state);
+
+    void scanUnlessScanning(void (LinkScanner::*scan)());
+    void scanAll();
+    void scanSelected();
+    std::wstring logPath() const;
+
+    Workspace& workspace_;
+    bool ScanSuccess_ = false;
+    bool scanning_ = false;
+};
+
+} // namespace vandrel

@@ -1,0 +1,224 @@
+#include "search/frm_search.h"
+
+#include "platform/shell.h"
+#include "platform/topmost.h"
+#include "search/search_layout.h"
+#include "shared/apply_font.h"
+#include "shared/workspace.h"
+
+#include <algorithm>
+
+namespace vandrel {
+namespace {
+
+enum ControlId { idTerm = 101, idSection, idCase = idSection + 4, idResults };
+
+constexpr Twips firstWidth{9000};
+constexpr Twips firstHeight{6600};
+constexpr Twips gap{120};
+constexpr Twips hitsPanel{2700};
+constexpr Twips frameWidth{150}; // of the window's own border, at most
+
+enum Column : std::size_t { nameColumn, urlColumn, categoryColumn, descriptionColumn };
+
+} // namespace
+
+// Of the controls above the results, by their font. Pixels.
+struct frmSearch::Measures {
+    int line;
+    int label;
+    int button;
+    int option;
+    int checkBox;
+    int boxHeight;
+    int buttonHeight;
+    int whatHeight;
+    int top;    // of the frame's first row
+    int height; // of all, down to the results
+    int leastWidth;
+};
+
+frmSearch::frmSearch(Workspace& workspace)
+    : Dialog(workspace.window, L"Search All Categories", Border::sizable),
+      workspace_(workspace),
+      lblCaptions_(handle(), L"Search Term:"),
+      txtSearch_(handle(), idTerm),
+      cmdSearch_(handle(), IDOK, L"&Search", true),
+      optSection_{{{handle(), idSection, L"All Sections", OptionButton::Place::first},
+                   {handle(), idSection + 1, L"Name Only", OptionButton::Place::following},
+                   {handle(), idSection + 2, L"URL Only", OptionButton::Place::following},
+                   {handle(), idSection + 3, L"Description only", OptionButton::Place::following}}},
+      chkCase_(handle(), idCase, L"Case Sensitive"),
+      lblResults_(handle(), L"Search Results"),
+      lstResults_(handle(), idResults, ListView::Selection::many, false,
+                  {{L"Site Name", Twips{2100}},
+                   {L"Site URL", Twips{2700}},
+                   {L"Category", Twips{1500}},
+                   {L"Site Description", Twips{2100}}}),
+      cmdCancel_(handle(), IDCANCEL, L"&Close"),
+      StatusBar1_(handle()),
+      fraWhat_(handle(), L"Search Section"),
+      fraSearch_(handle(), L""),
+      fraResults_(handle(), L""),
+      tip_(lstResults_.handle())
+{
+    cmdSearch_.Click = [this] { cmdSearch_Click(); };
+    cmdCancel_.Click = [this] { cmdCancel_Click(); };
+    lstResults_.ColumnClick = [this](std::size_t column) { lstResults_ColumnClick(column); };
+    lstResults_.DblClick = [this] { lstResults_DblClick(); };
+    lstResults_.Return = [this] { lstResults_DblClick(); };
+    lstResults_.MouseMove = [this] { lstResults_MouseMove(); };
+    setFirstFocus(txtSearch_.handle());
+    Form_Load();
+}
+
+std::vector<Control*> frmSearch::controls()
+{
+    return {&lblCaptions_,   &txtSearch_,     &cmdSearch_, &optSection_[0], &optSection_[1],
+            &optSection_[2], &optSection_[3], &chkCase_,   &lblResults_,    &lstResults_,
+            &cmdCancel_,     &StatusBar1_,    &fraWhat_,   &fraSearch_,     &fraResults_};
+}
+
+void frmSearch::Form_Load()
+{
+    optSection_[0].setOn(true);
+    ApplyFont(*this, workspace_.options.font);
+    const SIZE smallest = smallestSize();
+    SetWindowPos(handle(), nullptr, 0, 0, std::max<int>(smallest.cx, txtSearch_.pixels(firstWidth)),
+                 std::max<int>(smallest.cy, txtSearch_.pixels(firstHeight)),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmSearch::show()
+{
+    showModeless();
+    setTopmost(handle(), true);
+}
+
+// ---- events
+
+void frmSearch::cmdSearch_Click()
+{
+    // Beside a dialog of the main window, which is about a row of its list, the list must not change.
+    if (!searching_ && IsWindowEnabled(handle()) != 0) DoSearch(txtSearch_.text());
+}
+
+// The order changes with every click, whichever column it is on.
+void frmSearch::lstResults_ColumnClick(std::size_t column)
+{
+    lstResults_.sortBy(column, lstResults_.sortOrder() == SortOrder::ascending ? SortOrder::descending
+                                                                               : SortOrder::ascending);
+}
+
+void frmSearch::lstResults_DblClick()
+{
+    const auto row = lstResults_.currentRow();
+    if (!row) return;
+    const std::wstring url = lstResults_.text(*row, urlColumn);
+    if (!url.empty()) shellOpen(handle(), url);
+}
+
+// The tip is about the selected row, wherever the mouse is.
+void frmSearch::lstResults_MouseMove()
+{
+    const auto row = lstResults_.currentRow();
+    if (!row) return;
+    tip_.setText(L"Name: " + lstResults_.text(*row, nameColumn) + L" - URL: " +
+                 lstResults_.text(*row, urlColumn) + L" - Description: " +
+                 lstResults_.text(*row, descriptionColumn));
+}
+
+// ---- layout
+
+frmSearch::Measures frmSearch::measures() const
+{
+    const auto px = [this](Twips length) { return txtSearch_.pixels(length); };
+    const auto width = [](const Control& control) {
+        return static_cast<int>(control.sizeOf(control.text()).cx);
+    };
+    const int mark = px(300_twips); // of an option button or a check box, with its gap
+    Measures m{};
+    m.line = txtSearch_.sizeOf(L"X").cy;
+    m.label = width(lblCaptions_);
+    m.button = std::max({px(1200_twips), width(cmdSearch_) + 2 * px(gap), width(cmdCancel_) + 2 * px(gap)});
+    for (const OptionButton& option : optSection_) m.option = std::max(m.option, width(option) + mark);
+    m.checkBox = width(chkCase_) + mark;
+    m.boxHeight = m.line + px(120_twips);
+    m.buttonHeight = m.line + px(150_twips);
+    m.whatHeight = m.line + 2 * (m.line + px(60_twips)) + px(gap);
+    m.top = px(180_twips);
+    const int needed = m.top + m.buttonHeight + px(60_twips) + m.whatHeight + px(gap);
+    m.height = std::max(px(search_layout::resultsTop), needed);
+    m.leastWidth = 9 * px(gap) + 2 * px(frameWidth) +
+                   std::max(m.label + px(1500_twips), 2 * m.option + m.checkBox) + m.button;
+    return m;
+}
+
+// What a font larger than the first one's makes more of the status bar.
+Twips frmSearch::statusExtra() const
+{
+    const Twips room = search_layout::restOfHeight - search_layout::resultsTop;
+    const Twips height = toTwips(StatusBar1_.height(), dpi());
+    return height > room ? height - room : 0_twips;
+}
+
+SIZE frmSearch::smallestSize() const
+{
+    const Measures m = measures();
+    const int more = m.height - txtSearch_.pixels(search_layout::resultsTop) +
+                     txtSearch_.pixels(statusExtra());
+    return {std::max(txtSearch_.pixels(search_layout::smallestWidth), m.leastWidth),
+            txtSearch_.pixels(search_layout::smallestHeight) + more};
+}
+
+// Form_Resize.
+void frmSearch::layOut()
+{
+    StatusBar1_.dock();
+    StatusBar1_.setPanelEdge(txtSearch_.pixels(hitsPanel));
+    RECT inner{};
+    GetClientRect(handle(), &inner);
+    const Measures m = measures();
+    const auto px = [this](Twips length) { return txtSearch_.pixels(length); };
+    const int g = px(gap);
+    const int left = g / 2;
+    const int width = inner.right - g;
+
+    fraSearch_.place(left, 0, width, m.height - px(60_twips));
+    const int buttonLeft = left + width - g - m.button;
+    const int boxLeft = left + 2 * g + m.label;
+    int top = m.top;
+    lblCaptions_.place(left + g, top + (m.boxHeight - m.line) / 2, m.label, m.line);
+    txtSearch_.place(boxLeft, top, buttonLeft - g - boxLeft, m.boxHeight);
+    cmdSearch_.place(buttonLeft, top, m.button, m.buttonHeight);
+    top += m.buttonHeight + px(60_twips);
+    const int whatWidth = 2 * m.option + 3 * g;
+    fraWhat_.place(left + g, top, whatWidth, m.whatHeight);
+    for (std::size_t i = 0; i < optSection_.size(); ++i) {
+        const int column = static_cast<int>(i % 2);
+        const int row = static_cast<int>(i / 2);
+        optSection_[i].place(left + 2 * g + column * (m.option + g),
+                             top + m.line + row * (m.line + px(60_twips)), m.option, m.line + px(30_twips));
+    }
+    chkCase_.place(left + g + whatWidth + g, top + m.line, m.checkBox, m.line + px(30_twips));
+    cmdCancel_.place(buttonLeft, top + g / 2, m.button, m.buttonHeight);
+
+    const Twips more = toTwips(m.height, dpi()) - search_layout::resultsTop + statusExtra();
+    const Twips frameHeight = search_layout::resultsHeight(toTwips(inner.bottom, dpi())) - more;
+    const Twips listHeight = search_layout::listHeight(frameHeight);
+    // A larger font takes more than its share for the caption.
+    const int listShare = px(330_twips);
+    const int listTop = std::max(listShare, m.line * 3 / 2 + px(30_twips));
+    const int listWidth = width - g;
+    fraResults_.place(left, m.height, width, px(frameHeight));
+    lblResults_.place(left + g, m.height + listTop - m.line - px(15_twips), width - 2 * g, m.line);
+    lstResults_.place(left + g / 2, m.height + listTop, listWidth, px(listHeight) - (listTop - listShare));
+    Twips others{};
+    for (const std::size_t column : {nameColumn, urlColumn, categoryColumn}) {
+        others = others + lstResults_.columnWidth(column);
+    }
+    lstResults_.setColumnWidth(descriptionColumn,
+                               search_layout::lastColumn(toTwips(listWidth, dpi()), others));
+}
+
+} // namespace vandrel

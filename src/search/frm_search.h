@@ -1,0 +1,102 @@
+#pragma once
+
+#include "platform/dialog.h"
+#include "platform/list_view.h"
+#include "platform/simple_controls.h"
+#include "platform/status_bar.h"
+#include "platform/tool_tip.h"
+#include "platform/turns.h"
+#include "search/site_match.h"
+
+#include <array>
+
+namespace vandrel {
+
+class HitList;
+struct Workspace;
+
+// Search All Categories: a window beside the main window that makes it show one category after the other and lists
+// the sites that hold a term.
+class frmSearch : public Dialog {
+  public:
+    explicit frmSearch(Workspace& workspace);
+
+    // Shows the window, above all windows that are not topmost themselves.
+    void show();
+    // Searches, and comes back when it is done, was closed or the program quits. Messages are dispatched meanwhile.
+    void DoSearch(const std::wstring& SearchString);
+    // A search runs; the object must not be deleted.
+    bool searching() const { return searching_; }
+    // How long a search goes on at least before it lets messages run; 0 lets them run after every fifth site.
+    void setTurnMilliseconds(ULONGLONG milliseconds) { turnMilliseconds_ = milliseconds; }
+
+    ListView& results() { return lstResults_; }
+
+    std::vector<Control*> controls() override;
+
+  protected:
+    void layOut() override;
+    SIZE smallestSize() const override;
+    void onOk() override { cmdSearch_Click(); }
+    void onCancel() override { cmdCancel_Click(); }
+
+  private:
+    struct Remembered;
+    // Between two turns nobody sees the lists.
+    struct Quiet {
+        Quiet(ListView& first, ListView& second, ListView& third)
+            : categories(first), sites(second), results(third)
+        {}
+        ListPause categories;
+        ListPause sites;
+        ListPause results;
+    };
+
+    void Form_Load();
+    void cmdSearch_Click();
+    void cmdCancel_Click() { unload(); }
+    void lstResults_ColumnClick(std::size_t column);
+    void lstResults_DblClick();
+    void lstResults_MouseMove();
+
+    // The search.
+    std::size_t searchCategory(std::size_t category, const std::wstring& term, SearchMode mode);
+    void letEventsRun(std::size_t category);
+    void beQuiet();
+    void showHits(HitList& hits);
+    void showResults(std::size_t searched);
+    std::optional<SearchSection> section() const;
+    std::optional<std::size_t> rowOf(const std::wstring& title, std::size_t likely) const;
+    void restore(const Remembered& category);
+    void setSearchEnabled(bool on);
+    bool ended() const { return quitting_ || unloaded(); }
+
+    // Layout, in pixels.
+    struct Measures;
+    Measures measures() const;
+    Twips statusExtra() const;
+
+    Workspace& workspace_;
+    std::optional<Quiet> quiet_; // while no message can be dispatched
+    bool searching_ = false;
+    bool quitting_ = false; // the program ends: nothing is touched any more
+    ULONGLONG turnMilliseconds_ = Turns::usualMilliseconds;
+    Turns turns_;
+
+    // In the order in which Tab goes through them.
+    Label lblCaptions_;
+    TextBox txtSearch_;
+    Button cmdSearch_;
+    std::array<OptionButton, 4> optSection_;
+    CheckBox chkCase_;
+    Label lblResults_;
+    ListView lstResults_;
+    Button cmdCancel_;
+    StatusBar StatusBar1_;
+    Frame fraWhat_;
+    Frame fraSearch_;
+    Frame fraResults_;
+    ToolTip tip_;
+};
+
+} // namespace vandrel

@@ -1,0 +1,181 @@
+#include "platform/scope_exit.h"
+#include "search/frm_search.h"
+#include "search/hit_list.h"
+#include "search/platform_folding.h"
+#include "shared/workspace.h"
+#include "store/category_files.h"
+
+#include <algorithm>
+
+namespace vandrel {
+namespace {
+
+const std::wstring noResults = L"No results found.";
+
+constexpr std::size_t sitesBetweenTurns = 5;
+// The memory from the first text of the rows to the last one's end. They must have been read from one file and not
+// been changed since, so that it is one piece.
+std::wstring_view blockOf(std::span<const ListRows::Row> rows)
+{
+    const wchar_t* begin = nullptr;
+    const wchar_t* end = nullptr;
+    const auto hasText = [](const ListRows::Row& row) {
+        return std::ranges::any_of(row.texts, [](std::wstring_view text) { return !text.empty(); });
+    };
+    const auto first = std::ranges::find_if(rows, hasText);
+    if (first == rows.end()) return {};
+    const auto last = std::find_if(rows.rbegin(), rows.rend(), hasText);
+    for (const std::wstring_view text : first->texts) {
+        if (!text.empty() && begin == nullptr) begin = text.data();
+    }
+    for (const std::wstring_view text : last->texts) {
+        if (!text.empty()) end = text.data() + text.size();
+    }
+    return {begin, end};
+}
+
+} // namespace
+
+struct frmSearch::Remembered {
+    std::wstring title;
+    std::size_t row = 0;
+};
+
+void frmSearch::DoSearch(const std::wstring& SearchString)
+{
+    searching_ = true;
+    const ScopeExit done([this] {
+        searching_ = false;
+        quiet_.reset();
+        if (!quitting_) setSearchEnabled(true);
+    });
+    setSearchEnabled(false);
+    lstResults_.clear();
+    const SearchMode mode = chkCase_.checked() ? SearchMode::binary : SearchMode::text;
+
+    ListView& categories = workspace_.lstCategory;
+    Remembered before;
+    if (const auto selected = categories.currentRow()) before = {categories.text(*selected), *selected};
+    std::vector<std::wstring> titles(categories.count());
+    for (std::size_t row = 0; row < titles.size(); ++row) titles[row] = categories.text(row);
+
+    std::size_t searched = 0;
+    beQuiet();
+    turns_ = Turns(turnMilliseconds_);
+    for (std::size_t i = 0; i < titles.size() && !ended(); ++i) {
+        // While messages were run, a category may have gone, and others taken its place.
+        if (const auto row = rowOf(titles[i], i)) searched += searchCategory(*row, SearchString, mode);
+    }
+    if (!quitting_) restore(before);
+    quiet_.reset();
+    if (ended()) return;
+    if (lstResults_.sorted()) lstResults_.setSorted(true);
+    if (lstResults_.empty()) {
+        lstResults_.add({noResults}, siteImage);
+        StatusBar1_.setPanelText(1, L"0 sites found");
+    }
+    lstResults_.select(0);
+    if (lstResults_.text(0) != noResults) {
+        StatusBar1_.setPanelText(1, std::to_wstring(lstResults_.count()) + L" site(s) found");
+    }
+    StatusBar1_.setPanelText(2, std::to_wstring(searched) + L" site(s) searched");
+}
+
+// Searches the category as it is when it is shown; what is changed in it while messages run is not looked at.
+// Returns how many sites it has.
+std::size_t frmSearch::searchCategory(std::size_t category, const std::wstring& term, SearchMode mode)
+{
+    const ListView& sites = workspace_.lstInfo;
+    workspace_.lstCategory.select(category);
+    lstCategory_ItemClick(workspace_, category);
+
+    std::span<const ListRows::Row> rows = sites.rows().all();
+    const std::size_t count = rows.size();
+    const auto chosen = section();
+    if (!chosen) return count;
+    const std::shared_ptr<const void> texts = sites.rows().block();
+    const std::wstring_view block = blockOf(rows);
+    const SiteMatcher matcher(term, mode, *chosen, platformFolding());
+    SiteSequence sequence(matcher);
+    sequence.setBlock(block);
+    HitList hits(workspace_.lstCategory.text(category), texts, block.size());
+    std::vector<ListRows::Row> kept; // the rows still to be searched, once messages may change the list
+    for (std::size_t done = 0; done < count; ++done) {
+        const ListRows::Row& site = rows[done];
+        if (sequence.matches(site.texts)) hits.add(site);
+        if ((done + 1) % sitesBetweenTurns != 0 || !turns_.due()) continue;
+        if (kept.empty()) {
+            kept.assign(rows.begin(), rows.end());
+            rows = kept;
+        }
+        StatusBar1_.setPanelText(2, std::to_wstring(done + 1) + L" site(s) searched");
+        showHits(hits);
+        letEventsRun(category);
+        if (ended()) return count;
+    }
+    showHits(hits);
+    return count;
+}
+
+void frmSearch::beQuiet() { quiet_.emplace(workspace_.lstCategory, workspace_.lstInfo, lstResults_); }
+
+// The panel says how many sites were searched whenever a message can ask for it, and only then: a million texts that
+// nobody sees would take longer than the search.
+void frmSearch::letEventsRun(std::size_t category)
+{
+    quiet_.reset();
+    workspace_.lstCategory.ensureVisible(category);
+    turns_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
+    if (!ended()) beQuiet();
+}
+
+void frmSearch::showHits(HitList& hits)
+{
+    if (hits.empty()) return;
+    HitList::Block block = hits.take();
+    lstResults_.append(std::move(block.texts), block.rows);
+}
+
+std::optional<SearchSection> frmSearch::section() const
+{
+    constexpr std::array sections{SearchSection::all, SearchSection::name, SearchSection::url,
+                                  SearchSection::description};
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+        if (optSection_[i].on()) return sections[i];
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> frmSearch::rowOf(const std::wstring& title, std::size_t likely) const
+{
+    const ListView& categories = workspace_.lstCategory;
+    if (likely < categories.count() && categories.textView(likely, 0) == title) return likely;
+    for (std::size_t row = 0; row < categories.count(); ++row) {
+        if (categories.textView(row, 0) == title) return row;
+    }
+    return std::nullopt;
+}
+
+// Shows the category again that was shown before, or the one that now stands where it stood.
+void frmSearch::restore(const Remembered& category)
+{
+    const ListView& categories = workspace_.lstCategory;
+    if (categories.empty()) return;
+    const std::size_t instead = std::min(category.row, categories.count() - 1);
+    selectCategory(workspace_, rowOf(category.title, category.row).value_or(instead));
+}
+
+// The frame's controls, and the keyboard with them.
+void frmSearch::setSearchEnabled(bool on)
+{
+    const bool hadFocus = IsChild(handle(), GetFocus()) != 0 && !lstResults_.hasFocus();
+    if (!on && hadFocus) cmdCancel_.setFocus(); // a disabled control would keep the keys from everybody
+    for (Control* const control : std::initializer_list<Control*>{&fraSearch_, &lblCaptions_, &txtSearch_,
+                                                                  &cmdSearch_, &fraWhat_, &chkCase_}) {
+        control->setEnabled(on);
+    }
+    for (OptionButton& option : optSection_) option.setEnabled(on);
+    if (on && cmdCancel_.hasFocus() && !unloaded()) txtSearch_.setFocus();
+}
+
+} // namespace vandrel

@@ -1,0 +1,66 @@
+#include "search/quick_search.h"
+
+#include "platform/list_view.h"
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+#include "platform/simple_controls.h"
+#include "search/platform_folding.h"
+#include "search/site_match.h"
+#include "shared/workspace.h"
+#include "store/category_files.h"
+
+#include <limits>
+
+namespace vandrel {
+namespace {
+
+// Behind the current row, from 1; the first one when there is no current row.
+std::int16_t rowBehindCurrent(const ListView& sites)
+{
+    const auto current = sites.currentRow();
+    if (!current) return 1;
+    if (*current + 2 > std::numeric_limits<std::int16_t>::max()) throw RuntimeError(error_number::overflow);
+    return static_cast<std::int16_t>(*current + 2);
+}
+
+bool isInList(const ComboBox& box, const std::wstring& text)
+{
+    for (std::size_t index = 0; index < box.count(); ++index) {
+        if (box.entry(index) == text) return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void cmbSearch_GotFocus(ComboBox& cmbSearch)
+{
+    if (cmbSearch.text() == searchPrompt) cmbSearch.setText({});
+}
+
+void cmdSearch_Click(Workspace& workspace, ComboBox& cmbSearch)
+{
+    ListView& sites = workspace.lstInfo;
+    Search(workspace, cmbSearch.text(), rowBehindCurrent(sites), SearchMode::text, 0);
+    // A hit that the user cannot see would be none.
+    if (const auto row = sites.currentRow()) {
+        sites.ensureVisible(*row);
+        showSiteInStatusBar(workspace, *row);
+    }
+    if (const std::wstring text = cmbSearch.text(); !isInList(cmbSearch, text)) cmbSearch.add(text);
+}
+
+void Search(Workspace& workspace, const std::wstring& strTerm, const std::int16_t& StartAt,
+            const SearchMode& SearchMode, const std::int16_t&)
+{
+    ListView& sites = workspace.lstInfo;
+    const SiteMatcher matcher(strTerm, SearchMode, SearchSection::all, platformFolding());
+    for (auto row = static_cast<std::size_t>(StartAt - 1); row < sites.count(); ++row) {
+        if (!matcher.matches(sites.rows()[row].texts)) continue;
+        sites.select(row);
+        return;
+    }
+    tell(workspace.window, L"No more matches were found.", L"Search", BoxIcon::information);
+}
+
+} // namespace vandrel

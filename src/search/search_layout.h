@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/twips.h"
+
+namespace vandrel {
+
+// The arithmetic of the search dialog's layout, in twips.
+namespace search_layout {
+
+inline constexpr Twips smallestWidth{7200};
+inline constexpr Twips smallestHeight{4755};
+// Of the inner height what is not the results': the search controls above them and the status bar below.
+inline constexpr Twips restOfHeight{2150};
+// Of that, what is above the results.
+inline constexpr Twips resultsTop{1790};
+
+constexpr Twips resultsHeight(Twips innerHeight) { return innerHeight - restOfHeight; }
+constexpr Twips listHeight(Twips frameHeight) { return frameHeight - 390_twips; }
+constexpr Twips lastColumn(Twips listWidth, Twips otherColumns)
+{
+    return listWidth - (otherColumns + 270_twips);
+}
+
+} // namespace search_layout
+} // namespace vandrel

@@ -1,0 +1,69 @@
+#include "search/site_match.h"
+
+#include "shared/site_columns.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace vandrel {
+namespace {
+
+constexpr std::size_t npos = std::wstring_view::npos;
+
+bool isWithin(std::wstring_view text, std::wstring_view block)
+{
+    // A built-in comparison of pointers into different blocks is not defined; this one is.
+    constexpr std::less_equal<const wchar_t*> notBehind;
+    return notBehind(block.data(), text.data()) &&
+           notBehind(text.data() + text.size(), block.data() + block.size());
+}
+
+} // namespace
+
+SiteMatcher::SiteMatcher(std::wstring_view term, SearchMode mode, SearchSection section,
+                         const CaseFolding& folding)
+    : section_(section),
+      chosen_(mode == SearchMode::text ? Matcher(term, folding) : Matcher(term)),
+      binary_(term)
+{}
+
+bool SiteMatcher::matches(const SiteTexts& site) const
+{
+    switch (section_) {
+    case SearchSection::all:
+        return chosen_.occursIn(site[nameColumn]) || binary_.occursIn(site[urlColumn]) ||
+               binary_.occursIn(site[descriptionColumn]);
+    case SearchSection::name: return chosen_.occursIn(site[nameColumn]);
+    case SearchSection::url: return chosen_.occursIn(site[urlColumn]);
+    case SearchSection::description: return chosen_.occursIn(site[descriptionColumn]);
+    }
+    return false;
+}
+
+void SiteSequence::setBlock(std::wstring_view block)
+{
+    block_ = block;
+    candidate_.reset();
+}
+
+bool SiteSequence::matches(const SiteTexts& site)
+{
+    std::size_t begin = npos;
+    std::size_t end = 0;
+    for (const std::wstring_view field : site) {
+        if (field.empty()) continue;
+        if (!isWithin(field, block_)) return matcher_.matches(site);
+        const auto start = static_cast<std::size_t>(field.data() - block_.data());
+        begin = std::min(begin, start);
+        end = std::max(end, start + field.size());
+    }
+    if (begin == npos) return matcher_.matches(site);                       // a site of empty fields
+    if (candidate_ && begin < searchedFrom_) return matcher_.matches(site); // out of order
+    if (!candidate_ || *candidate_ < begin) {
+        candidate_ = matcher_.widest().candidate(block_, begin);
+        searchedFrom_ = begin;
+    }
+    return *candidate_ < end && matcher_.matches(site);
+}
+
+} // namespace vandrel

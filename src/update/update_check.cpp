@@ -1,0 +1,37 @@
+#include "update/update_check.h"
+
+#include "platform/internet_transfer.h"
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+#include "platform/scope_exit.h"
+#include "platform/shell.h"
+#include "shared/workspace.h"
+#include "update/version_report.h"
+
+namespace vandrel {
+
+void CheckUpdates(Workspace& workspace, const std::wstring& site,
+                  const std::function<void(bool on)>& enableEntry)
+{
+    enableEntry(false);
+    const ScopeExit enable([&] { enableEntry(true); });
+    const std::wstring running = runningVersion();
+    std::wstring latest;
+    try {
+        latest = workspace.inetScan.OpenURL(site + L"/update/VDVer.txt");
+    } catch (const RuntimeError&) {
+        if (workspace.inetScan.quitting()) return; // nobody is left to be told
+        throw;
+    }
+    if (latest == running) {
+        tell(workspace.window, noUpdateText(latest), noUpdateTitle, BoxIcon::information);
+    } else if (askYesNo(workspace.window, newVersionText(running, latest), newVersionTitle,
+                        BoxIcon::question)) {
+        shellOpen(workspace.window, site + L"/files/VDUpdate.exe");
+        PostMessageW(workspace.window, WM_CLOSE, 0, 0);
+    } else {
+        tell(workspace.window, declinedText(), declinedTitle, BoxIcon::information);
+    }
+}
+
+} // namespace vandrel
