@@ -44,13 +44,12 @@ class Durability : public testing::TestWithParam<int> {
         const HANDLE begun = CreateEventW(nullptr, TRUE, FALSE, name.c_str());
         std::string program = VANDREL_SAVE_LOOP;
         if (program.starts_with("/")) program.insert(0, "Z:"); // on a Unix host every file is on drive Z
-        std::wstring line = L"\"" + std::filesystem::path(program).wstring() + L"\" \"" + folder.path() +
-                            L"\" " + name;
+        const std::wstring line = L"\"" + std::filesystem::path(program).wstring() + L"\" \"" +
+                                  folder.path() + L"\" " + name;
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION started{};
-        ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                   &startup, &started));
+        ASSERT_TRUE(startProcess(line, startup, started)) << "error " << GetLastError();
         const HANDLE either[] = {begun, started.hProcess};
         EXPECT_EQ(WaitForMultipleObjects(2, either, FALSE, limitMilliseconds), WAIT_OBJECT_0);
         waitExactly(milliseconds);
@@ -61,6 +60,18 @@ class Durability : public testing::TestWithParam<int> {
         CloseHandle(started.hThread);
         CloseHandle(started.hProcess);
         CloseHandle(begun);
+    }
+    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may not be
+    // found.
+    static bool startProcess(std::wstring line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
+    {
+        const ULONGLONG deadline = GetTickCount64() + limitMilliseconds;
+        while (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                              &started) == 0) {
+            if (GetTickCount64() >= deadline) return false;
+            Sleep(20);
+        }
+        return true;
     }
     static void waitExactly(double milliseconds)
     {

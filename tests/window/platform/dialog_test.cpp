@@ -282,5 +282,25 @@ TEST_F(DialogPlace, IsOnTheScreenWhileTheOwnerIsHidden)
     expectWithin(placeOver(100, 100));
 }
 
+TEST_F(DialogPlace, IsWhatTheSystemSuggestsWhenTheDpiChanges)
+{
+    SmallDialog dialog(window.handle());
+    during(dialog, [&](HWND shown) {
+        RECT before{};
+        GetClientRect(shown, &before);
+        const RECT suggested{77, 88, 577, 488};
+        SendMessageW(shown, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&suggested));
+        RECT place{};
+        GetWindowRect(shown, &place);
+        EXPECT_EQ(place.left, 77);
+        EXPECT_EQ(place.top, 88);
+        RECT after{};
+        GetClientRect(shown, &after);
+        EXPECT_EQ(after.right, before.right) << "a dialog of fixed size has the size of its controls";
+        EXPECT_EQ(after.bottom, before.bottom);
+        press(shown, IDOK);
+    });
+}
+
 } // namespace
 } // namespace vandrel::test

@@ -1,0 +1,84 @@
+#include "list_rows_texts.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace vandrel {
+namespace {
+
+// Rows that look into a text of their own.
+struct Batch {
+    explicit Batch(const Names& names)
+    {
+        for (const std::wstring& name : names) *text += name;
+        std::wstring_view rest = *text;
+        for (const std::wstring& name : names) {
+            rows.push_back({{rest.substr(0, name.size())}});
+            rest.remove_prefix(name.size());
+        }
+    }
+
+    std::shared_ptr<std::wstring> text = std::make_shared<std::wstring>();
+    std::vector<ListRows::Row> rows;
+};
+
+TEST(AppendedRows, GoToTheEndInTheirOrder)
+{
+    ListRows list = filled({{L"m"}, {L"k"}});
+    const Batch batch({L"z", L"a"});
+    list.append(batch.text, batch.rows);
+    EXPECT_EQ(names(list), (Names{L"m", L"k", L"z", L"a"}));
+    list.append(nullptr, {});
+    EXPECT_EQ(list.size(), 4U);
+}
+
+TEST(AppendedRows, GoToTheEndOfASortedListUntilItIsSortedAgain)
+{
+    ListRows list = filled({{L"m"}, {L"k"}});
+    list.sortBy(nameColumn, SortOrder::ascending);
+    const Batch batch({L"z", L"a"});
+    list.append(batch.text, batch.rows);
+    EXPECT_EQ(names(list), (Names{L"k", L"m", L"z", L"a"}));
+    EXPECT_TRUE(list.sorted());
+    list.setSorted(true);
+    EXPECT_EQ(names(list), (Names{L"a", L"k", L"m", L"z"}));
+}
+
+TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
+{
+    ListRows list;
+    std::optional<Batch> first(Names{L"one"});
+    std::optional<Batch> second(Names{L"two"});
+    const std::weak_ptr<const std::wstring> firstText = first->text;
+    const std::weak_ptr<const std::wstring> secondText = second->text;
+    list.append(first->text, first->rows);
+    list.append(second->text, second->rows);
+    first.reset();
+    second.reset();
+    EXPECT_EQ(names(list), (Names{L"one", L"two"}));
+    list.clear();
+    EXPECT_TRUE(firstText.expired());
+    EXPECT_TRUE(secondText.expired());
+}
+
+TEST(BlockOfRows, IsWhatTheListWasFilledWith)
+{
+    ListRows list;
+    EXPECT_EQ(list.block(), nullptr);
+    list.add({L"by hand"}, 1);
+    EXPECT_EQ(list.block(), nullptr);
+    const Batch batch({L"a"});
+    list.fill(batch.text, batch.rows);
+    EXPECT_EQ(list.block(), batch.text);
+    list.add({L"by hand"}, 1);
+    EXPECT_EQ(list.block(), batch.text);
+    const Batch other({L"b"});
+    list.append(other.text, other.rows);
+    EXPECT_EQ(list.block(), batch.text);
+    list.clear();
+    EXPECT_EQ(list.block(), nullptr);
+}
+
+} // namespace
+} // namespace vandrel

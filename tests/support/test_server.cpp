@@ -1,0 +1,311 @@
+#include "tests/support/test_server.h"
+
+#include <winsock2.h>
+
+#include <ws2tcpip.h>
+#include <chrono>
+#include <condition_variable>
+#include <list>
+#include <map>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
+
+namespace vandrel::test {
+namespace {
+
+constexpr std::uint64_t hugeBody = 100'000'000;
+constexpr std::uint64_t pauseEvery = 20'000;
+constexpr auto pause = std::chrono::milliseconds(5);
+constexpr auto trickleEvery = std::chrono::milliseconds(20);
+
+struct Reply {
+    int status;
+    std::string body;
+    std::string location{};
+};
+
+std::string bytesOf(const Reply& reply)
+{
+    std::string bytes = "HTTP/1.1 " + std::to_string(reply.status) + " Told\r\n";
+    if (!reply.location.empty()) bytes += "Location: " + reply.location + "\r\n";
+    bytes += "Content-Type: text/html\r\nContent-Length: " + std::to_string(reply.body.size()) + "\r\n\r\n";
+    return bytes + reply.body;
+}
+
+SOCKET boundSocket(sockaddr_in& address)
+{
+    const SOCKET made = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = 0;
+    int size = sizeof address;
+    if (made == INVALID_SOCKET || bind(made, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
+        getsockname(made, reinterpret_cast<sockaddr*>(&address), &size) != 0) {
+        throw std::runtime_error("no port is free");
+    }
+    return made;
+}
+
+} // namespace
+
+class TestServer::Server {
+  public:
+    Server()
+    {
+        WSADATA data{};
+        WSAStartup(MAKEWORD(2, 2), &data);
+        listener_ = boundSocket(address_);
+        deaf_ = boundSocket(deafAddress_); // bound and not listening: nobody else gets the port
+        listen(listener_, SOMAXCONN);
+        threads_.emplace_back([this] { acceptAll(); });
+    }
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+    ~Server()
+    {
+        {
+            const std::lock_guard lock(guard);
+            stopping_ = true;
+        }
+        changed.notify_all();
+        // A last connection wakes the thread that waits for one.
+        const SOCKET last = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+        connect(last, reinterpret_cast<const sockaddr*>(&address_), sizeof address_);
+        threads_.front().join();
+        threads_.pop_front();
+        for (std::thread& thread : threads_) thread.join();
+        closesocket(last);
+        closesocket(listener_);
+        closesocket(deaf_);
+        WSACleanup();
+    }
+
+    unsigned short port() const { return ntohs(address_.sin_port); }
+    unsigned short deafPort() const { return ntohs(deafAddress_.sin_port); }
+
+    mutable std::mutex guard; // of what follows
+    std::condition_variable changed;
+    std::map<std::string, Reply> replies;
+    std::vector<std::string> requests;
+    std::size_t connections = 0;
+    std::size_t held = 0;
+    std::size_t lettings = 0;
+    std::uint64_t bytesSent = 0;
+    std::size_t hugeEnded = 0;
+
+  private:
+    void acceptAll()
+    {
+        while (true) {
+            const SOCKET accepted = accept(listener_, nullptr, nullptr);
+            const std::lock_guard lock(guard);
+            if (stopping_ || accepted == INVALID_SOCKET) {
+                if (accepted != INVALID_SOCKET) closesocket(accepted);
+                return;
+            }
+            ++connections;
+            u_long atOnce = 1;
+            ioctlsocket(accepted, static_cast<long>(FIONBIO), &atOnce);
+            threads_.emplace_back([this, accepted] {
+                serve(accepted);
+                closesocket(accepted);
+            });
+        }
+    }
+    // Looks now and then: not every system wakes a call that waits when its socket is shut down.
+    bool waitFor(SOCKET socket, short what)
+    {
+        while (true) {
+            {
+                const std::lock_guard lock(guard);
+                if (stopping_) return false;
+            }
+            WSAPOLLFD poll{socket, what, 0};
+            const int ready = WSAPoll(&poll, 1, 10);
+            if (ready != 0) return ready > 0;
+        }
+    }
+    int receive(SOCKET socket, char* part, int size)
+    {
+        return waitFor(socket, POLLRDNORM) ? recv(socket, part, size, 0) : 0;
+    }
+    bool sendAll(SOCKET socket, const std::string& bytes)
+    {
+        for (std::size_t at = 0; at < bytes.size();) {
+            if (!waitFor(socket, POLLWRNORM)) return false;
+            const int sent = send(socket, bytes.data() + at, static_cast<int>(bytes.size() - at), 0);
+            if (sent < 0 && WSAGetLastError() == WSAEWOULDBLOCK) continue;
+            if (sent <= 0) return false;
+            at += static_cast<std::size_t>(sent);
+        }
+        return true;
+    }
+    void serve(SOCKET socket)
+    {
+        std::string got;
+        while (true) {
+            const std::size_t end = got.find("\r\n\r\n");
+            if (end == std::string::npos) {
+                char part[4096];
+                const int count = receive(socket, part, sizeof part);
+                if (count <= 0) return;
+                got.append(part, static_cast<std::size_t>(count));
+                continue;
+            }
+            const std::size_t start = got.find(' ') + 1;
+            const std::string path = got.substr(start, got.find(' ', start) - start);
+            got.erase(0, end + 4);
+            {
+                const std::lock_guard lock(guard);
+                requests.push_back(path);
+            }
+            if (!answer(socket, path.substr(0, path.find('?')))) return;
+        }
+    }
+    // Whether the connection is good for another request.
+    bool answer(SOCKET socket, const std::string& path)
+    {
+        if (path == "/closed") return false;
+        if (path == "/reset") {
+            const linger atOnce{1, 0};
+            setsockopt(socket, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&atOnce), sizeof atOnce);
+            return false;
+        }
+        if (path == "/silent") return waitForEnd(socket);
+        if (path == "/held") return hold() && sendAll(socket, bytesOf({200, "fine"}));
+        if (path == "/trickle") return trickle(socket);
+        if (path == "/huge") return sendHuge(socket);
+        if (path == "/cut") {
+            const std::string whole = bytesOf({200, "0123456789"});
+            sendAll(socket, whole.substr(0, whole.size() - 5));
+            return false;
+        }
+        return sendAll(socket, bytesOf(replyTo(path)));
+    }
+    Reply replyTo(const std::string& path)
+    {
+        if (path == "/ok") return {200, "fine"};
+        if (path == "/broken") return {500, "out of order"};
+        if (path == "/moved") return {302, "elsewhere", "/ok"};
+        if (path == "/loop") return {302, "round and round", "/loop"};
+        if (path == "/astray")
+            return {302, "elsewhere", "http://127.0.0.1:" + std::to_string(deafPort()) + "/"};
+        const std::lock_guard lock(guard);
+        const auto found = replies.find(path);
+        return found == replies.end() ? Reply{404, "no such page"} : found->second;
+    }
+    // Until the client goes away.
+    bool waitForEnd(SOCKET socket)
+    {
+        char part[256];
+        while (receive(socket, part, sizeof part) > 0) {}
+        return false;
+    }
+    bool hold()
+    {
+        std::unique_lock lock(guard);
+        ++held;
+        const std::size_t before = lettings;
+        changed.wait(lock, [&] { return stopping_ || lettings != before; });
+        --held;
+        return !stopping_;
+    }
+    bool trickle(SOCKET socket)
+    {
+        if (!sendAll(socket, "HTTP/1.1 200 Told\r\nX-Long: ")) return false;
+        std::unique_lock lock(guard);
+        while (!changed.wait_for(lock, trickleEvery, [this] { return stopping_; })) {
+            lock.unlock();
+            if (!sendAll(socket, "x")) return false;
+            lock.lock();
+        }
+        return false;
+    }
+    bool sendHuge(SOCKET socket)
+    {
+        bool whole = sendAll(socket, "HTTP/1.1 200 Told\r\nContent-Type: text/html\r\nContent-Length: " +
+                                         std::to_string(hugeBody) + "\r\n\r\n");
+        const std::string part(10'000, 'x');
+        for (std::uint64_t sent = 0; whole && sent < hugeBody; sent += part.size()) {
+            whole = sendAll(socket, part);
+            std::unique_lock lock(guard);
+            bytesSent += part.size();
+            // As slowly as a network: Wine empties a connection that it closes as long as more is there at once.
+            if (bytesSent % pauseEvery == 0) changed.wait_for(lock, pause, [this] { return stopping_; });
+        }
+        const std::lock_guard lock(guard);
+        ++hugeEnded;
+        return whole;
+    }
+
+    sockaddr_in address_{};
+    sockaddr_in deafAddress_{};
+    SOCKET listener_ = INVALID_SOCKET;
+    SOCKET deaf_ = INVALID_SOCKET;
+    bool stopping_ = false; // with `guard`, as is what follows
+    std::list<std::thread> threads_;
+};
+
+TestServer::TestServer() : server_(std::make_unique<Server>()) {}
+TestServer::~TestServer() = default;
+
+std::wstring TestServer::root() const { return L"http://127.0.0.1:" + std::to_wstring(server_->port()); }
+
+std::wstring TestServer::refusedAddress(const std::wstring& scheme, const std::wstring& path) const
+{
+    return scheme + L"://127.0.0.1:" + std::to_wstring(server_->deafPort()) + path;
+}
+
+void TestServer::put(const std::string& path, const std::string& body, int status)
+{
+    const std::lock_guard lock(server_->guard);
+    server_->replies[path] = {status, body, {}};
+}
+
+void TestServer::redirect(const std::string& path, const std::string& location, int status)
+{
+    const std::lock_guard lock(server_->guard);
+    server_->replies[path] = {status, "elsewhere", location};
+}
+
+std::vector<std::string> TestServer::requests() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->requests;
+}
+
+std::size_t TestServer::connections() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->connections;
+}
+
+std::size_t TestServer::held() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->held;
+}
+
+void TestServer::letGo()
+{
+    {
+        const std::lock_guard lock(server_->guard);
+        ++server_->lettings;
+    }
+    server_->changed.notify_all();
+}
+
+std::uint64_t TestServer::bytesSent() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->bytesSent;
+}
+
+std::size_t TestServer::hugeEnded() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->hugeEnded;
+}
+
+} // namespace vandrel::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "tests/window/mainwindow/recorder.h"
+#include "tests/window/mainwindow/window_parts.h"
+#include "tests/window/store/store_test.h"
+
+namespace vandrel::test {
+
+inline constexpr const wchar_t* browserKey =
+    L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE";
+
+// The main window with a recorder in place of the web browser.
+class LinkTest : public StoreTest {
+  protected:
+    // Three sites, the second one is the current.
+    void startWithSites()
+    {
+        folder.write(L"Work.udb", threeSites);
+        start();
+        lstInfo().select(1);
+    }
+    std::string threeSitesWithTheSecondOpened() const
+    {
+        return "Beta|http://b.example/|second|9/30/2002\r\n"
+               "Alpha|http://c.example/|first|11/16/2002\r\n"
+               "Gamma|http://a.example/|third|1/15/2003\r\n";
+    }
+
+    Recorder recorder;
+};
+
+} // namespace vandrel::test

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "platform/registry.h"
+#include "platform/shell.h"
+#include "tests/support/answers.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace vandrel::test {
+
+// The default value of a registry key, until the end of the test; no value takes it away.
+class RegistryDefault {
+  public:
+    RegistryDefault(HKEY root, const std::wstring& path, const std::optional<std::wstring>& text)
+    {
+        DWORD disposition = 0;
+        EXPECT_EQ(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_,
+                                  &disposition),
+                  ERROR_SUCCESS);
+        DWORD bytes = 0;
+        if (RegQueryValueExW(key_, nullptr, nullptr, &type_, nullptr, &bytes) == ERROR_SUCCESS) {
+            before_.emplace(bytes, '\0');
+            RegQueryValueExW(key_, nullptr, nullptr, &type_, reinterpret_cast<BYTE*>(before_->data()),
+                             &bytes);
+        }
+        if (text) {
+            RegSetValueExW(key_, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text->c_str()),
+                           static_cast<DWORD>((text->size() + 1) * sizeof(wchar_t)));
+        } else {
+            RegDeleteValueW(key_, nullptr);
+        }
+    }
+    RegistryDefault(const RegistryDefault&) = delete;
+    RegistryDefault& operator=(const RegistryDefault&) = delete;
+    ~RegistryDefault()
+    {
+        if (before_) {
+            RegSetValueExW(key_, nullptr, 0, type_, reinterpret_cast<const BYTE*>(before_->data()),
+                           static_cast<DWORD>(before_->size()));
+        } else {
+            RegDeleteValueW(key_, nullptr);
+        }
+        RegCloseKey(key_);
+    }
+
+  private:
+    HKEY key_ = nullptr;
+    DWORD type_ = REG_SZ;
+    std::optional<std::string> before_;
+};
+
+// Takes the place of the web browser and writes down how it is started.
+class Recorder {
+  public:
+    Recorder() : program_(besideTheTests(L"recorder.exe"))
+    {
+        SetEnvironmentVariableW(L"VANDREL_RECORD", folder_.file(L"record.txt").c_str());
+    }
+    Recorder(const Recorder&) = delete;
+    Recorder& operator=(const Recorder&) = delete;
+    ~Recorder() { SetEnvironmentVariableW(L"VANDREL_RECORD", nullptr); }
+
+    const std::wstring& program() const { return program_; }
+    // The command line that the shell makes to open an address or a file.
+    std::wstring opening(const std::wstring& target) const
+    {
+        return L"\"" + program_ + L"\" \"" + target + L"\"";
+    }
+
+    // The command lines so far.
+    std::vector<std::wstring> lines() const
+    {
+        std::vector<std::wstring> all;
+        const std::string bytes = folder_.has(L"record.txt") ? folder_.read(L"record.txt") : "";
+        for (std::size_t at = 0, end = 0; (end = bytes.find('\n', at)) != std::string::npos; at = end + 1) {
+            std::wstring line(bytes.size(), L'\0');
+            line.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data() + at,
+                                                                     static_cast<int>(end - at), line.data(),
+                                                                     static_cast<int>(line.size()))));
+            all.push_back(line);
+        }
+        return all;
+    }
+    // Waits for so many, and gives them.
+    std::vector<std::wstring> linesOf(std::size_t count) const
+    {
+        pumpUntil([&] { return lines().size() >= count; });
+        return lines();
+    }
+    // Whether nothing was started: what is started now is then the first that is written down.
+    bool nothingWasStarted() const
+    {
+        shellOpen(nullptr, L"http://last.example/");
+        return linesOf(1) == std::vector<std::wstring>{opening(L"http://last.example/")};
+    }
+
+  private:
+    static std::wstring besideTheTests(const std::wstring& name)
+    {
+        std::wstring path(MAX_PATH, L'\0');
+        path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
+        return path.substr(0, path.find_last_of(L'\\') + 1) + name;
+    }
+
+    TempFolder folder_{L"record"};
+    std::wstring program_;
+    RegistryDefault http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", opening(L"%1")};
+    RegistryDefault html_{HKEY_CLASSES_ROOT, L".html", L"VandrelTest.Page"};
+    RegistryDefault page_{HKEY_CLASSES_ROOT, L"VandrelTest.Page\\shell\\open\\command", opening(L"%1")};
+};
+
+} // namespace vandrel::test

@@ -1,0 +1,128 @@
+#include "tests/window/mainwindow/recorder.h"
+#include "tests/window/search/search_test.h"
+
+namespace vandrel::test {
+namespace {
+
+class SearchOpening : public SearchTest {
+  protected:
+    void doubleClick(int row)
+    {
+        const HWND list = part(parts::results);
+        const POINT at = pointOnRow(search().results(), row);
+        clickRow(search().results(), row);
+        PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+        PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+        pump();
+    }
+    void moveMouseOver(int row)
+    {
+        const POINT at = pointOnRow(search().results(), row);
+        SendMessageW(part(parts::results), WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
+    }
+    // The tip of the results.
+    std::wstring tip()
+    {
+        struct Search {
+            HWND owner;
+            HWND list;
+            std::wstring text;
+        } found{dialog(), part(parts::results), L"(no tip)"};
+        EnumThreadWindows(
+            GetCurrentThreadId(),
+            [](HWND window, LPARAM param) -> BOOL {
+                auto& s = *reinterpret_cast<Search*>(param);
+                std::array<wchar_t, 64> kind{};
+                GetClassNameW(window, kind.data(), 64);
+                if (std::wstring(kind.data()) != TOOLTIPS_CLASSW || GetWindow(window, GW_OWNER) != s.owner)
+                    return TRUE;
+                std::array<wchar_t, 2048> text{};
+                TTTOOLINFOW tool{};
+                tool.cbSize = sizeof tool;
+                tool.hwnd = s.owner;
+                tool.uId = reinterpret_cast<UINT_PTR>(s.list);
+                tool.lpszText = text.data();
+                SendMessageW(window, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+                s.text = text.data();
+                return FALSE;
+            },
+            reinterpret_cast<LPARAM>(&found));
+        return found.text;
+    }
+
+    Recorder recorder;
+};
+
+TEST_F(SearchOpening, ADoubleClickOpensTheSite)
+{
+    startWithCategories();
+    find(L"daily");
+    doubleClick(1);
+    EXPECT_EQ(recorder.linesOf(1), Lines{recorder.opening(L"http://sky.example/daily")});
+}
+
+TEST_F(SearchOpening, EnterInTheListOpensTheSelectedSiteAndSearchesNothing)
+{
+    startWithCategories();
+    find(L"daily");
+    search().results().select(1);
+    typeOver(dialog(), parts::term, L"nowhere to be found");
+    SetFocus(part(parts::results));
+    pressKey(VK_RETURN);
+    EXPECT_EQ(recorder.linesOf(1), Lines{recorder.opening(L"http://sky.example/daily")});
+    EXPECT_EQ(search().results().count(), 3U);
+}
+
+TEST_F(SearchOpening, LeavesDateAndFileAsTheyAre)
+{
+    startWithCategories();
+    find(L"daily");
+    doubleClick(0);
+    EXPECT_EQ(recorder.linesOf(1).size(), 1U);
+    EXPECT_EQ(folder.read(L"News.udb"), newsSites);
+    EXPECT_EQ(sites()[0], L"Daily News|http://Paper.example/|Read It Early|9/30/2002");
+}
+
+TEST_F(SearchOpening, ASiteWithoutAnAddressOpensNothing)
+{
+    startWithCategories();
+    find(L"daily");
+    ASSERT_EQ(found(1)[2], L"");
+    doubleClick(2);
+    EXPECT_TRUE(recorder.nothingWasStarted());
+}
+
+TEST_F(SearchOpening, TheRowThatSaysThatThereIsNothingOpensNothing)
+{
+    startWithCategories();
+    find(L"nowhere to be found");
+    doubleClick(0);
+    EXPECT_TRUE(recorder.nothingWasStarted());
+}
+
+TEST_F(SearchOpening, AnEmptyListOpensNothingAndHasNoTip)
+{
+    startWithCategories();
+    SetFocus(part(parts::results));
+    pressKey(VK_RETURN);
+    SendMessageW(part(parts::results), WM_MOUSEMOVE, 0, MAKELPARAM(20, 40));
+    EXPECT_EQ(tip(), L"");
+    EXPECT_TRUE(recorder.nothingWasStarted());
+}
+
+TEST_F(SearchOpening, TheTipIsAboutTheSelectedRowWhereverTheMouseIs)
+{
+    startWithCategories();
+    find(L"daily");
+    moveMouseOver(2);
+    EXPECT_EQ(tip(), L"Name: Daily News - URL: http://Paper.example/ - Description: Read It Early");
+    search().results().select(1);
+    moveMouseOver(0);
+    EXPECT_EQ(tip(), L"Name: Weather - URL: http://sky.example/daily - Description: Clouds");
+    find(L"nowhere to be found");
+    moveMouseOver(0);
+    EXPECT_EQ(tip(), L"Name: No results found. - URL:  - Description: ");
+}
+
+} // namespace
+} // namespace vandrel::test

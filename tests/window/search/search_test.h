@@ -1,0 +1,134 @@
+#pragma once
+
+#include "mainwindow/command_tables.h"
+#include "platform/topmost.h"
+#include "search/frm_search.h"
+#include "tests/window/dialogs/site_editor.h"
+#include "tests/window/mainwindow/clicks.h"
+#include "tests/window/mainwindow/keys.h"
+#include "tests/window/mainwindow/window_parts.h"
+#include "tests/window/store/store_test.h"
+
+namespace vandrel::test {
+
+// The controls of the search window.
+namespace parts {
+inline constexpr int term = 101;
+inline constexpr int section = 102; // and the three behind it
+inline constexpr int caseSensitive = 106;
+inline constexpr int results = 107;
+} // namespace parts
+
+enum Section { allSections, nameOnly, urlOnly, descriptionOnly };
+
+// Two categories of two sites, in which "daily" stands in a name, an address and a description, and an empty one.
+inline constexpr const char* newsSites = "Daily News|http://Paper.example/|Read It Early|9/30/2002\r\n"
+                                         "Weather|http://sky.example/daily|Clouds|10/1/2002\r\n";
+inline constexpr const char* toolsSites = "Compiler|http://gcc.example/|DAILY builds|1/1/2003\r\n"
+                                          "daily diary||private|1/2/2003\r\n";
+
+// The main window with the search window beside it.
+class SearchTest : public StoreTest {
+  protected:
+    void startWithCategories()
+    {
+        folder.write(L"News.udb", newsSites);
+        folder.write(L"Tools.udb", toolsSites);
+        folder.write(L"Unused.udb", "");
+        start();
+        open();
+    }
+    void open()
+    {
+        main->run(mnuFind);
+        pump();
+        ASSERT_NE(main->searchWindow(), nullptr);
+    }
+
+    frmSearch& search() { return *main->searchWindow(); }
+    HWND dialog() { return search().handle(); }
+    HWND part(int id) { return GetDlgItem(dialog(), id); }
+    HWND frame(const std::wstring& text) { return childWithText(dialog(), text); }
+    // Panels count from 1.
+    std::wstring panel(int number)
+    {
+        const HWND bar = FindWindowExW(dialog(), nullptr, STATUSCLASSNAMEW, nullptr);
+        std::wstring text(
+            LOWORD(SendMessageW(bar, SB_GETTEXTLENGTHW, static_cast<WPARAM>(number - 1), 0)) + 1U, L'\0');
+        SendMessageW(bar, SB_GETTEXTW, static_cast<WPARAM>(number - 1),
+                     reinterpret_cast<LPARAM>(text.data()));
+        text.pop_back();
+        return text;
+    }
+    void choose(Section section) { press(dialog(), parts::section + section); }
+    void setCaseSensitive(bool on)
+    {
+        if ((SendMessageW(part(parts::caseSensitive), BM_GETCHECK, 0, 0) == BST_CHECKED) != on)
+            press(dialog(), parts::caseSensitive);
+    }
+    // Types the term and presses the button.
+    void find(const std::wstring& term)
+    {
+        typeOver(dialog(), parts::term, term);
+        press(dialog(), IDOK);
+    }
+    Lines found(std::size_t column = 0) { return this->column(search().results(), column); }
+    // Names found in a section with letter case ignored, or not.
+    Lines foundIn(Section section, bool caseSensitive, const std::wstring& term)
+    {
+        choose(section);
+        setCaseSensitive(caseSensitive);
+        find(term);
+        return found();
+    }
+    using StoreTest::choose;
+};
+
+// So many sites in the form of a category file.
+inline std::string manySites(const std::string& name, int count)
+{
+    std::string lines;
+    for (int i = 1; i <= count; ++i)
+        lines += name + " " + std::to_string(i) + "|http://many.example/|d|1/1/2003\r\n";
+    return lines;
+}
+
+// While a search runs, does something whenever it lets messages run: `action` gets the number of the time, from 1.
+class Turns {
+  public:
+    Turns(frmMain& main, std::function<void(int turn)> action)
+        : main_(main),
+          action_(std::move(action)),
+          filter_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); }),
+          watch_(main.workspace().lstCategory.handle(), LVM_ENSUREVISIBLE, [this] {
+              // What the action itself brings into view is not the search's doing.
+              if (!acting_) PostThreadMessageW(GetCurrentThreadId(), turnMessage, 0, 0);
+          })
+    {
+        main.searchWindow()->setTurnMilliseconds(0);
+    }
+    int count() const { return count_; }
+
+  private:
+    static constexpr UINT turnMessage = WM_APP + 1;
+
+    bool filterMessage(const MSG& message)
+    {
+        if (message.hwnd != nullptr || message.message != turnMessage) return false;
+        const frmSearch* const search = main_.searchWindow();
+        if (search == nullptr || !search->searching() || acting_) return true;
+        acting_ = true;
+        action_(++count_);
+        acting_ = false;
+        return true;
+    }
+
+    frmMain& main_;
+    std::function<void(int)> action_;
+    int count_ = 0;
+    bool acting_ = false;
+    MessageLoop::Registration filter_;
+    MessageWatch watch_;
+};
+
+} // namespace vandrel::test
