@@ -4,6 +4,13 @@ namespace vandrel::bench {
 
 // Reading, saving, sorting, changing and selecting in a category of 100,000 sites.
 void storeRows();
+// Importing the shortcuts of a folder.
+void exchangeRows();
+// Searching all categories of a million sites; beside grep when VANDREL_GREP_MS says how long that took.
+void makeSearchFiles();
+void searchRows();
+// Checking sites against a server of this machine.
+void scanRows();
 // The program as a process: start, idling, size.
 void programRows();
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace vandrel::bench {
+
+// Files with as little between the bytes and the caller as there can be: the floors are made of these.
+
+std::wstring currentFolder();
+void writeFile(const wchar_t* name, const std::string& bytes);
+std::string readWhole(const wchar_t* name);
+// From and to the ANSI code page.
+std::wstring decodePlainly(const std::string& bytes);
+void writePlainly(const wchar_t* name, const std::wstring& text);
+
+// Bytes of the working set.
+double memoryInUse();
+
+} // namespace vandrel::bench

@@ -1,0 +1,146 @@
+#include "benchmarks/measure.h"
+#include "benchmarks/plain_files.h"
+#include "benchmarks/rows.h"
+#include "mainwindow/frm_main.h"
+#include "platform/scope_exit.h"
+#include "tests/support/answers.h"
+#include "tests/support/test_server.h"
+
+#include <windows.h>
+#include <wininet.h>
+
+#include <cstdio>
+
+namespace vandrel::bench {
+namespace {
+
+constexpr std::size_t checksAtOnce = 500;
+constexpr int runs = 3;
+constexpr std::size_t checksForMemory = 5'000;
+constexpr unsigned waitingMilliseconds = 3'000;
+
+// The processor time of this process so far, in milliseconds.
+double processorTime()
+{
+    FILETIME created{};
+    FILETIME ended{};
+    FILETIME kernel{};
+    FILETIME user{};
+    GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
+    const auto milliseconds = [](const FILETIME& time) {
+        return static_cast<double>((static_cast<ULONGLONG>(time.dwHighDateTime) << 32U) +
+                                   time.dwLowDateTime) /
+               1e4;
+    };
+    return milliseconds(kernel) + milliseconds(user);
+}
+
+// A system may leave the count at nought.
+bool countsProcessorTime()
+{
+    const double before = processorTime();
+    const double start = now();
+    while (now() - start < 100) {}
+    return processorTime() - before > 50;
+}
+
+// What any check does at least: the same call on the same thread, and nothing around it.
+void checkPlainly(HINTERNET session, const std::wstring& url, std::size_t count)
+{
+    constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_COOKIES |
+                            INTERNET_FLAG_NO_UI | INTERNET_FLAG_PRAGMA_NOCACHE;
+    for (std::size_t i = 0; i < count; ++i)
+        InternetCloseHandle(InternetOpenUrlW(session, url.c_str(), nullptr, 0, flags, 0));
+}
+
+std::wstring scanFolder() { return currentFolder() + L"\\scan"; }
+
+void makeCategory(const wchar_t* title, const std::wstring& url, std::size_t count)
+{
+    std::string lines;
+    for (std::size_t i = 0; i < count; ++i)
+        lines += "Site " + std::to_string(i) + "|" + std::string(url.begin(), url.end()) + "||\r\n";
+    writeFile((scanFolder() + L"\\" + title + L".udb").c_str(), lines);
+}
+
+void click(Workspace& workspace, const wchar_t* title)
+{
+    ListView& categories = workspace.lstCategory;
+    for (std::size_t row = 0; row < categories.count(); ++row) {
+        if (categories.text(row) != title) continue;
+        categories.select(row);
+        categories.ItemClick(row);
+    }
+}
+
+void waitingRow(frmMain& window)
+{
+    if (!countsProcessorTime()) {
+        std::printf("| processor time while a check waits | | not counted by this system | | | |\n");
+        return;
+    }
+    window.workspace().inetScan.setRequestTimeout(waitingMilliseconds);
+    click(window.workspace(), L"Silent");
+    const double before = processorTime();
+    window.run(mnuScanAllURLs);
+    const double waiting = processorTime() - before;
+    window.workspace().inetScan.setRequestTimeout(InternetTransfer::usualSeconds * 1000);
+    // The main window's timer runs in both. The count may go in steps of some milliseconds.
+    const double start = now();
+    const double beforeIdling = processorTime();
+    while (now() - start < waitingMilliseconds) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+        test::pump();
+    }
+    const double idling = processorTime() - beforeIdling;
+    print({"processor time of a check that waits 3 s", "", waiting, 1, "ms", 100});
+    print({"processor time of 3 idle seconds", "", idling, 1, "ms", 100});
+}
+
+void rateRow(frmMain& window, const std::wstring& url)
+{
+    const HINTERNET session = InternetOpenW(L"Plain", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
+    const ScopeExit close([&] { InternetCloseHandle(session); });
+    checkPlainly(session, url, 10);
+    const double floor = timed([&] { checkPlainly(session, url, checksAtOnce); }, [] {}, runs);
+    InternetTransfer& transfer = window.workspace().inetScan;
+    const auto openAll = [&] {
+        for (std::size_t i = 0; i < checksAtOnce; ++i) transfer.OpenURL(url, InternetTransfer::Body::none);
+    };
+    print({"opening 500 addresses that answer at once, on the other thread", "500 bare InternetOpenUrl",
+           timed(
+               openAll, [] {}, runs),
+           floor, "ms", 1.5});
+    click(window.workspace(), L"Quick");
+    const double ours = timed([&] { window.run(mnuScanAllURLs); }, [] {}, runs);
+    print({"scanning 500 sites that answer at once", "500 bare InternetOpenUrl", ours, floor, "ms", 3});
+}
+
+void memoryRow(frmMain& window)
+{
+    const double before = memoryInUse();
+    for (std::size_t done = 0; done < checksForMemory; done += checksAtOnce) window.run(mnuScanAllURLs);
+    print({"memory after 5,000 checks more", "before them", memoryInUse() / 1e6, before / 1e6, "MB", 1.2});
+}
+
+} // namespace
+
+void scanRows()
+{
+    const test::TestServer server;
+    CreateDirectoryW(scanFolder().c_str(), nullptr);
+    makeCategory(L"Quick", server.address(L"/ok"), checksAtOnce);
+    makeCategory(L"Silent", server.address(L"/silent"), 1);
+    frmMain window({.dataFolder = scanFolder(),
+                    .commandLine = {},
+                    .settings = SettingsStore(L"VandrelBench"),
+                    .today = [] { return std::wstring(L"11/16/2002"); }});
+    window.Form_Load();
+    window.show(SW_SHOW);
+    test::pump();
+    waitingRow(window);
+    rateRow(window, server.address(L"/ok"));
+    memoryRow(window);
+}
+
+} // namespace vandrel::bench

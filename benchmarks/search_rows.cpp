@@ -1,0 +1,108 @@
+#include "benchmarks/measure.h"
+#include "benchmarks/plain_files.h"
+#include "benchmarks/rows.h"
+#include "benchmarks/site_generator.h"
+#include "mainwindow/frm_main.h"
+#include "store/category_files.h"
+#include "tests/support/answers.h"
+
+#include <cstdlib>
+#include <cwchar>
+
+namespace vandrel::bench {
+namespace {
+
+constexpr std::size_t categoryCount = 50;
+constexpr std::size_t sitesInCategory = 20'000;
+// Ten sites in a million have it; the generator makes no such letters.
+constexpr const wchar_t* rareWord = L"quetzal";
+constexpr const wchar_t* frequentWord = L"the";
+constexpr const wchar_t* noWord = L"xylophonist";
+
+std::wstring searchFolder() { return currentFolder() + L"\\search"; }
+
+std::wstring fileOf(std::size_t category)
+{
+    return searchFolder() + L"\\Category " + std::to_wstring(100 + category) + L".udb";
+}
+
+// What any search of the same files does at least: it reads and decodes them and goes through their letters once.
+std::size_t plainSearch(const std::wstring& word)
+{
+    std::size_t found = 0;
+    for (std::size_t category = 0; category < categoryCount; ++category) {
+        const std::wstring text = decodePlainly(readWhole(fileOf(category).c_str()));
+        for (std::size_t at = text.find(word); at != std::wstring::npos; at = text.find(word, at + 1))
+            ++found;
+    }
+    return found;
+}
+
+double grepMilliseconds()
+{
+    const char* const text = std::getenv("VANDREL_GREP_MS");
+    return text != nullptr ? std::atof(text) : 0;
+}
+
+void searchRow(frmSearch& search, const char* work, const std::wstring& word, double floor, double aim)
+{
+    const double ours = timed([&] { search.DoSearch(word); });
+    print({work, "reading, decoding, one plain pass", ours, floor, "ms", aim});
+}
+
+} // namespace
+
+void makeSearchFiles()
+{
+    CreateDirectoryW(searchFolder().c_str(), nullptr);
+    for (std::size_t category = 0; category < categoryCount; ++category) {
+        std::string bytes = generatedSites(sitesInCategory, static_cast<unsigned>(category + 1));
+        if (category % 5 == 0) bytes += "The Quetzal|http://birds.example/|Feathers|\r\n";
+        writeFile(fileOf(category).c_str(), bytes);
+    }
+}
+
+void searchRows()
+{
+    makeSearchFiles();
+    frmMain window({.dataFolder = searchFolder(),
+                    .commandLine = {},
+                    .settings = SettingsStore(L"VandrelBench"),
+                    .today = [] { return std::wstring(L"11/16/2002"); }});
+    window.Form_Load();
+    window.show(SW_SHOW);
+    window.run(mnuFind);
+    test::pump();
+    frmSearch& search = *window.searchWindow();
+    search.DoSearch(rareWord);
+    const double before = memoryInUse();
+
+    const double floor = timed([] { plainSearch(rareWord); });
+    searchRow(search, "searching 1,000,000 sites for a rare word", rareWord, floor, 2);
+    if (const double grep = grepMilliseconds(); grep > 0) {
+        print({"the same", "grep -F -i -c over the files", timed([&] { search.DoSearch(rareWord); }), grep,
+               "ms", 1});
+    }
+    searchRow(search, "a word that is nowhere", noWord, floor, 2);
+    searchRow(search, "a frequent word", frequentWord, floor, 3);
+    searchRow(search, "the empty term: every site is a hit", L"", floor, 4);
+
+    // Sorting and scrolling the million rows that the last search left.
+    ListView& results = search.results();
+    const auto click = [&] {
+        results.ColumnClick(0);
+        UpdateWindow(results.handle());
+    };
+    print({"a click on a header of 1,000,000 results until painted", "", timed(click), 1, "ms", 1000});
+    const auto page = [&] {
+        SendMessageW(results.handle(), WM_VSCROLL, SB_PAGEDOWN, 0);
+        UpdateWindow(results.handle());
+    };
+    print({"a page further in them", "", timed(page), 1, "ms", 100});
+
+    search.DoSearch(rareWord);
+    for (int i = 0; i < repetitions; ++i) search.DoSearch(rareWord);
+    print({"memory after 50 searches", "after the first", memoryInUse() / 1e6, before / 1e6, "MB", 1.2});
+}
+
+} // namespace vandrel::bench
