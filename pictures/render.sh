@@ -4,11 +4,11 @@
 # Needs rsvg-convert (librsvg2-bin) and icotool (icoutils). The rendered files
 # are kept in the repository, so only a change of a picture calls for this.
 #
-# <name>.svg is drawn on a 48x48 grid; <name>-16.svg and <name>-20.svg are the
-# simplified drawings for those two sizes, with edges on whole pixels.
-# Every .ico holds 16, 20, 24, 32, 40 and 48 px as 32-bit bitmaps with alpha.
-# The program's own icon also holds 64 px likewise, and 128 and 256 px as PNG
-# (as bitmaps these two alone would weigh 330 KB).
+# <name>.svg is the drawing, on a 48x48 grid unless its sizes call for another;
+# <name>-<size>.svg is the drawing for that size alone, with edges on whole
+# pixels where the grid would blur them, and simpler if the size is small.
+# On the 48x48 grid, even coordinates are whole pixels at 24 px too; 16, 20
+# and 32 px have drawings of their own.
 set -euo pipefail
 export LC_ALL=C
 
@@ -23,30 +23,35 @@ tmp=$(mktemp -d)
 trap 'rm -rf -- "$tmp"' EXIT
 mkdir -p -- "$out"
 
+# The sizes of a picture in pixels: those kept as 32-bit bitmaps with alpha,
+# and those kept as PNG because as bitmaps they would weigh a few hundred KB.
+sizes_of() {
+    bitmaps=(16 20 24 32 40 48)
+    pngs=()
+    case $1 in
+        vandrel) bitmaps+=(64); pngs=(128 256) ;;
+        # 100, 125, 150, 200 and 250 % of 64 px; drawn on a 96x96 grid, where
+        # every sixth line is on whole pixels in all of them.
+        logo) bitmaps=(64); pngs=(80 96 128 160) ;;
+    esac
+}
+
+# render <name> <size>: draws it and sets png to the file
+render() {
+    local drawing=$here/$1-$2.svg
+    [[ -f $drawing ]] || drawing=$here/$1.svg
+    png=$tmp/$1-$2.png
+    rsvg-convert --width "$2" --height "$2" --output "$png" "$drawing"
+}
+
 for source in "$here"/*.svg; do
     name=$(basename -- "$source" .svg)
-    case $name in *-16|*-20) continue ;; esac
+    case $name in *-[0-9][0-9]) continue ;; esac
 
-    sizes=(16 20 24 32 40 48)
-    large=()
-    if [[ $name == vandrel ]]; then
-        sizes+=(64)
-        large=(128 256)
-    fi
-
+    sizes_of "$name"
     args=()
-    for size in "${sizes[@]}" "${large[@]}"; do
-        drawing=$source
-        if [[ -f $here/$name-$size.svg ]]; then
-            drawing=$here/$name-$size.svg
-        fi
-        png=$tmp/$name-$size.png
-        rsvg-convert --width "$size" --height "$size" --output "$png" "$drawing"
-        case " ${large[*]} " in
-            *" $size "*) args+=("--raw=$png") ;;
-            *) args+=("$png") ;;
-        esac
-    done
+    for size in "${bitmaps[@]}"; do render "$name" "$size"; args+=("$png"); done
+    for size in "${pngs[@]}"; do render "$name" "$size"; args+=("--raw=$png"); done
 
     # Written aside and moved, so that a failure leaves the old picture whole.
     icotool --create --icon --bit-depth=32 --output="$tmp/$name.ico" "${args[@]}"

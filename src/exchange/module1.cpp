@@ -2,6 +2,9 @@
 
 #include "platform/ansi_text.h"
 #include "platform/handle.h"
+#include "platform/modal_scope.h"
+
+#include <shlobj.h>
 
 #include <array>
 
@@ -51,6 +54,21 @@ void WriteINIValue(const std::wstring& section, const std::wstring& key, const s
     }
     WritePrivateProfileStringA(ansi(section).c_str(), ansi(key).c_str(), ansi(value).c_str(),
                                ansiPath(fileName).c_str());
+}
+
+std::wstring BrowseForFolder(HWND owner, const std::wstring& title)
+{
+    BROWSEINFOW settings{};
+    settings.hwndOwner = owner;
+    settings.lpszTitle = title.c_str();
+    settings.ulFlags = BIF_RETURNONLYFSDIRS;
+    const ModalScope others(nullptr, owner);
+    const PIDLIST_ABSOLUTE chosen = SHBrowseForFolderW(&settings);
+    if (chosen == nullptr) return {};
+    std::array<wchar_t, MAX_PATH> path{};
+    SHGetPathFromIDListW(chosen, path.data());
+    CoTaskMemFree(chosen);
+    return path.data();
 }
 
 } // namespace vandrel::Module1

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 
 namespace vandrel::Module1 {
@@ -13,5 +15,9 @@ std::wstring ReadINIValue(const std::wstring& section, const std::wstring& key, 
 // Puts a value in its place, or adds it; what else the file holds stays. Failure is not reported.
 void WriteINIValue(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                    const std::wstring& fileName);
+
+// Shows the system's folder browser. Returns the chosen folder, with a backslash at its end only where it is the root
+// of a drive; empty when the user cancels or chooses what is no folder of the file system.
+std::wstring BrowseForFolder(HWND owner, const std::wstring& title);
 
 } // namespace vandrel::Module1

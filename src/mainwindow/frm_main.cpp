@@ -175,6 +175,7 @@ void frmMain::giveFocusBack()
 void frmMain::dropClosedWindows()
 {
     if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching()) frmSearch_.reset();
+    if (frmAbout_ && frmAbout_->unloaded()) frmAbout_.reset();
 }
 
 bool frmMain::moveFocus(bool backwards)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/frm_about.h"
 #include "mainwindow/availability.h"
 #include "mainwindow/command_tables.h"
 #include "mainwindow/layout.h"
@@ -47,6 +48,7 @@ class frmMain : public Window, public Form {
     SearchPanel& searchPanel() { return picSearch_; }
     // Null while it is closed.
     frmSearch* searchWindow() { return frmSearch_.get(); }
+    frmAbout* aboutBox() { return frmAbout_.get(); }
     const MainLayout& layout() const { return layout_; }
     // Runs the procedure of a menu entry, as choosing it does.
     void run(int entry);
@@ -92,6 +94,8 @@ class frmMain : public Window, public Form {
     void mnuHoverSelect_Click();
     void mnuKeepTop_Click();
     void mnuFind_Click();
+    void mnuOptions_Click();
+    void mnuAbout_Click();
     void mnuCheckUpdates_Click();
     void mnuRenameCat_Click();
     void mnuQuit_Click();
@@ -133,6 +137,7 @@ class frmMain : public Window, public Form {
     std::size_t sortColumn_ = 0;
     HWND lastFocus_ = nullptr; // of the controls, before the window was left
     std::unique_ptr<frmSearch> frmSearch_;
+    std::unique_ptr<frmAbout> frmAbout_;
     MessageLoop::Registration keys_;
 };
 

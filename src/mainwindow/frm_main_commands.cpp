@@ -1,4 +1,7 @@
 #include "capture/dropped_link.h"
+#include "dialogs/frm_options.h"
+#include "exchange/backup.h"
+#include "exchange/create_html.h"
 #include "exchange/frm_import.h"
 #include "exchange/shortcut_export.h"
 #include "mainwindow/frm_main.h"
@@ -8,6 +11,7 @@
 #include "store/category_files.h"
 #include "store/site_operations.h"
 #include "update/update_check.h"
+#include "update/version_report.h"
 
 namespace vandrel {
 
@@ -42,6 +46,10 @@ void frmMain::bindCommands()
         {mnuQuit, [this] { mnuQuit_Click(); }},
         {mnuScanSelected, [this] { scanner_.mnuScanSelected_Click(); }},
         {mnuScanAllURLs, [this] { scanner_.mnuScanAllURLs_Click(); }},
+        {mnuCurrentCat, [this] { CreateHTML(workspace_, false); }},
+        {mnuAllCats, [this] { CreateHTML(workspace_, true); }},
+        {mnuBUCurrentCat, [this] { BackUpCurrent(workspace_); }},
+        {mnuBUAllCat, [this] { BackUpAll(workspace_); }},
         {mnuImport, [this] { mnuImport_Click(workspace_); }},
         {mnuExport, [this] { mnuExport_Click(workspace_); }},
         {mnuAddCategory, [this] { AddCategory(workspace_); }},
@@ -57,6 +65,8 @@ void frmMain::bindCommands()
         {mnuGridlines, [this] { mnuGridlines_Click(); }},
         {mnuHoverSelect, [this] { mnuHoverSelect_Click(); }},
         {mnuKeepTop, [this] { mnuKeepTop_Click(); }},
+        {mnuOptions, [this] { mnuOptions_Click(); }},
+        {mnuAbout, [this] { mnuAbout_Click(); }},
         {mnuViewHelp, [this] { mnuViewHelp_Click(workspace_); }},
         {mnuCheckUpdates, [this] { mnuCheckUpdates_Click(); }},
     };
@@ -158,9 +168,27 @@ void frmMain::mnuFind_Click()
         frmSearch_ = std::make_unique<frmSearch>(workspace_);
         frmSearch_->show();
     } else if (!frmSearch_->unloaded()) {
-        ShowWindow(frmSearch_->handle(), IsIconic(frmSearch_->handle()) ? SW_RESTORE : SW_SHOW);
-        SetActiveWindow(frmSearch_->handle());
+        frmSearch_->bringForward();
     }
+}
+
+void frmMain::mnuOptions_Click()
+{
+    const TopmostPause pause(workspace_.keepOnTop);
+    frmOptions(handle(), workspace_.options, *this).showModal();
+}
+
+void frmMain::mnuAbout_Click()
+{
+    dropClosedWindows();
+    const TopmostPause pause(workspace_.keepOnTop);
+    if (frmAbout_) {
+        frmAbout_->bringForward();
+    } else {
+        frmAbout_ = std::make_unique<frmAbout>(handle(), runningVersion());
+        frmAbout_->showModeless();
+    }
+    frmAbout_->DoTab(1);
 }
 
 void frmMain::mnuCheckUpdates_Click()

@@ -11,6 +11,8 @@ constexpr Twips listPicture{240};
 constexpr Twips toolBarPicture{360};
 constexpr Twips firstPanel{2700};
 constexpr Twips searchHeight{540};
+constexpr Twips smallestSearch{2880};
+constexpr Twips largestSearch{4050}; // beside all buttons of the toolbar in the smallest window
 
 } // namespace
 
@@ -106,6 +108,8 @@ void frmMain::picSepBar_MouseUp()
 
 void frmMain::fontsChanged()
 {
+    layout_.searchWidth = std::clamp(toTwips(picSearch_.fittingWidth(), dpi()), smallestSearch,
+                                     largestSearch);
     Form_Resize();
     if (GetParent(PB_.handle()) == StatusBar1_.handle()) sinkProgressBar();
 }

@@ -1,9 +1,9 @@
 #include "mainwindow/frm_main.h"
-#include "mainwindow/off2000.h"
 #include "mainwindow/registry_module.h"
 #include "platform/guarded.h"
 #include "platform/number_text.h"
 #include "shared/apply_font.h"
+#include "shared/off2000.h"
 #include "store/category_files.h"
 #include "store/site_operations.h"
 

@@ -10,6 +10,9 @@ enum ControlId { idSearchText = 301, idSearchButton };
 
 constexpr Twips pictureSize{240};
 constexpr Twips openListHeight{3000};
+constexpr Twips gap{45};
+
+int buttonWidthFor(int boxHeight) { return boxHeight + 2; } // square, and the edges
 
 } // namespace
 
@@ -37,14 +40,23 @@ void SearchPanel::setEnabled(bool on)
     cmdSearch.setEnabled(on);
 }
 
+int SearchPanel::fittingWidth() const
+{
+    const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, cmbSearch.dpi());
+    const int margins = cmbSearch.pixels(300_twips) +
+                        cmbSearch.sizeOf(searchPrompt).cy / 2; // slanted letters lean out
+    return cmbSearch.sizeOf(searchPrompt).cx + arrow + margins + cmbSearch.pixels(gap) +
+           buttonWidthFor(cmbSearch.height());
+}
+
 void SearchPanel::place(int left, int top, int width, int height)
 {
     SetWindowPos(handle(), HWND_TOP, left, top, width, height, SWP_NOACTIVATE);
     const int boxHeight = cmbSearch.height();
     const int boxTop = (height - boxHeight) / 2;
-    const int buttonWidth = boxHeight + 2;
-    const int gap = cmbSearch.pixels(45_twips);
-    cmbSearch.place(0, boxTop, width - buttonWidth - gap, boxHeight + cmbSearch.pixels(openListHeight));
+    const int buttonWidth = buttonWidthFor(boxHeight);
+    cmbSearch.place(0, boxTop, width - buttonWidth - cmbSearch.pixels(gap),
+                    boxHeight + cmbSearch.pixels(openListHeight));
     cmbSearch.clearTextSelection();
     cmdSearch.place(width - buttonWidth, boxTop, buttonWidth, boxHeight);
 }

@@ -17,6 +17,8 @@ class SearchPanel : public Window {
     void setEnabled(bool on);
     // Pixels, from the parent's client area.
     void place(int left, int top, int width, int height);
+    // Pixels, in which the box shows its first text whole.
+    int fittingWidth() const;
     // The button's picture for the DPI that the panel now has.
     void drawForDpi();
 };

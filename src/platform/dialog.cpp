@@ -125,7 +125,8 @@ void Dialog::unload()
 
 bool Dialog::filterMessage(MSG& message)
 {
-    return (message.hwnd == window_ || IsChild(window_, message.hwnd)) && IsDialogMessageW(window_, &message);
+    if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
+    return filterKey(message) || IsDialogMessageW(window_, &message);
 }
 
 void Dialog::giveFirstFocus()
@@ -140,6 +141,12 @@ void Dialog::showModeless()
     placeOverOwner();
     ShowWindow(window_, SW_SHOW);
     giveFirstFocus();
+}
+
+void Dialog::bringForward()
+{
+    ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
+    SetActiveWindow(window_);
 }
 
 void Dialog::showModal()

@@ -24,6 +24,8 @@ class Dialog : public Form {
     void showModal();
     // Returns at once. The dialog goes from the screen when it is unloaded, and is then the owner's to delete.
     void showModeless();
+    // Makes a modeless dialog that is open already the active window.
+    void bringForward();
     bool unloaded() const { return unloaded_; }
 
     void fontsChanged() override { layOut(); }
@@ -41,6 +43,8 @@ class Dialog : public Form {
     virtual void layOut() = 0;
     // Pixels, with the frame; what a sizable dialog is not made smaller than.
     virtual SIZE smallestSize() const { return {}; }
+    // Asked before the dialog's own keys; returns whether it has dealt with the message.
+    virtual bool filterKey(const MSG& /*message*/) { return false; }
     virtual void onOk() { unload(); }
     virtual void onCancel() { unload(); }
 

@@ -4,7 +4,9 @@
 #include "platform/system_error.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
+#include <optional>
 #include <vector>
 
 namespace vandrel {
@@ -78,6 +80,33 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const std::string&
     return written && closed;
 }
 
+// A move over a file would go past its read-only mark.
+void requireReplaceable(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY))) {
+        throw RuntimeError(error_number::pathFileAccess);
+    }
+}
+
+// Under whatever names: a folder can be reached in many ways, and a file may have several.
+bool isSameFile(const std::wstring& one, const std::wstring& other)
+{
+    const auto identity = [](const std::wstring& path) {
+        BY_HANDLE_FILE_INFORMATION info{};
+        const FileHandle file(CreateFileW(path.c_str(), 0,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
+        const bool known = file && GetFileInformationByHandle(file.get(), &info);
+        return known ? std::optional(
+                           std::array{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow})
+                     : std::nullopt;
+    };
+    const auto first = identity(one);
+    return first && first == identity(other);
+}
+
 } // namespace
 
 HANDLE FileLayer::createForWriting(const std::wstring& path)
@@ -134,17 +163,18 @@ std::wstring extendedPath(const std::wstring& path)
 {
     if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
     if (path.starts_with(L"\\\\")) return L"\\\\?\\UNC\\" + path.substr(2);
-    return path.size() > 2 && path[1] == L':' && path[2] == L'\\' ? L"\\\\?\\" + path : path;
+    if (path.size() < 3 || path[1] != L':' || path[2] != L'\\') return path;
+    // In this form two backslashes are no longer one, and the root of a drive ends with one.
+    std::wstring single = path;
+    const auto both = [](wchar_t a, wchar_t b) { return a == L'\\' && b == L'\\'; };
+    single.erase(std::ranges::unique(single, both).begin(), single.end());
+    return L"\\\\?\\" + single;
 }
 
 void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
 {
     const std::wstring target = extendedPath(path);
-    const DWORD attributes = GetFileAttributesW(target.c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES &&
-        (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY))) {
-        throw RuntimeError(error_number::pathFileAccess); // the move below would go past a read-only mark
-    }
+    requireReplaceable(target);
     const std::wstring sibling = siblingOf(target);
     const bool written = withPatience(sibling, [&] { return writeSibling(files, sibling, bytes); }) &&
                          files.copyIdentity(target, sibling);
@@ -154,6 +184,34 @@ void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& 
     // Waited for in vain: a file that another program has open, whatever the move calls it.
     const bool held = written && reason == ERROR_ACCESS_DENIED && fileExists(path);
     throw runtimeErrorOf(held ? ERROR_SHARING_VIOLATION : reason);
+}
+
+void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
+{
+    const HANDLE file = files.createForWriting(extendedPath(path));
+    if (file == INVALID_HANDLE_VALUE) raiseLastError();
+    const bool written = writeAll(files, file, bytes);
+    const DWORD reason = GetLastError();
+    const bool closed = files.close(file);
+    if (!written) throw runtimeErrorOf(reason);
+    if (!closed) raiseLastError();
+}
+
+void copyFile(const std::wstring& from, const std::wstring& to)
+{
+    const std::wstring source = extendedPath(from);
+    const std::wstring target = extendedPath(to);
+    if (isSameFile(source, target)) throw RuntimeError(error_number::permissionDenied);
+    requireReplaceable(target);
+    const std::wstring sibling = siblingOf(target);
+    if (CopyFileW(source.c_str(), sibling.c_str(), FALSE) &&
+        withPatience(target, [&] { return systemFiles().replace(sibling, target); })) {
+        return;
+    }
+    const DWORD reason = GetLastError();
+    SetFileAttributesW(sibling.c_str(), FILE_ATTRIBUTE_NORMAL); // it may be a copy of a read-only file
+    systemFiles().remove(sibling);
+    throw runtimeErrorOf(reason);
 }
 
 void createEmptyFile(const std::wstring& path)

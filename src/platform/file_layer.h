@@ -35,6 +35,14 @@ std::wstring extendedPath(const std::wstring& path);
 // 57, 61, 70, 71, 75 or 76) with the old file whole and nothing left beside it.
 void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& files = systemFiles());
 
+// Puts `bytes` in the file, which is emptied first: what stops it leaves the file as far as it was written. For files
+// that can be made again. Throws RuntimeError.
+void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files = systemFiles());
+
+// Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does. Throws RuntimeError, also when both
+// are the same file (70).
+void copyFile(const std::wstring& from, const std::wstring& to);
+
 // Creates the file without content, or empties the one that is there. Throws RuntimeError.
 void createEmptyFile(const std::wstring& path);
 // Throw RuntimeError when the file cannot be removed or renamed.

@@ -16,6 +16,24 @@ FontHandle makeFont(const FontDescription& description, unsigned dpi)
     return FontHandle(CreateFontIndirectW(&font));
 }
 
+std::vector<std::wstring> screenFonts()
+{
+    std::vector<std::wstring> names;
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesW(
+        screen, nullptr,
+        [](const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM param) {
+            auto& found = *reinterpret_cast<std::vector<std::wstring>*>(param);
+            // Some systems give a font once for each of its scripts.
+            if (std::ranges::find(found, font->lfFaceName) == found.end())
+                found.emplace_back(font->lfFaceName);
+            return 1;
+        },
+        reinterpret_cast<LPARAM>(&names));
+    ReleaseDC(nullptr, screen);
+    return names;
+}
+
 SIZE textSize(HFONT font, const std::wstring& text)
 {
     const HDC screen = GetDC(nullptr);

@@ -3,6 +3,7 @@
 #include "platform/handle.h"
 
 #include <string>
+#include <vector>
 
 namespace vandrel {
 
@@ -16,6 +17,9 @@ struct FontDescription {
 };
 
 FontHandle makeFont(const FontDescription& description, unsigned dpi);
+
+// The names of the fonts that the screen can show, in the order in which the system gives them.
+std::vector<std::wstring> screenFonts();
 
 // Pixels that a text takes on one line in the font; the height is that of the font's lines.
 SIZE textSize(HFONT font, const std::wstring& text);

@@ -5,14 +5,15 @@
 namespace vandrel {
 namespace {
 
-// The system's own link colour is unreadable in some of its plain themes; in high contrast it is the one to take.
-COLORREF linkColor()
+// The system's own link colour is unreadable in some of its plain themes.
+constexpr COLORREF linkColor = RGB(0x00, 0x50, 0xB0);
+
+bool highContrast()
 {
-    constexpr COLORREF blue = RGB(0x00, 0x50, 0xB0);
     HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof contrast;
     SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
-    return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0 ? GetSysColor(COLOR_HOTLIGHT) : blue;
+    return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 } // namespace
@@ -23,6 +24,21 @@ LinkLabel::LinkLabel(HWND parent, int id, const std::wstring& text)
     setText(text);
 }
 
+void LinkLabel::setLook(COLORREF color, bool underlined)
+{
+    if (color_ == color && isUnderlined_ == underlined) return;
+    color_ = color;
+    isUnderlined_ = underlined;
+    applyFont();
+    InvalidateRect(handle(), nullptr, TRUE);
+}
+
+COLORREF LinkLabel::textColor() const
+{
+    if (highContrast()) return GetSysColor(isUnderlined_ ? COLOR_HOTLIGHT : COLOR_BTNTEXT);
+    return color_.value_or(linkColor);
+}
+
 void LinkLabel::onCommand(WORD code, WORD)
 {
     if (code == STN_CLICKED && Click) Click();
@@ -30,7 +46,7 @@ void LinkLabel::onCommand(WORD code, WORD)
 
 std::optional<LRESULT> LinkLabel::onColor(HDC context, UINT)
 {
-    SetTextColor(context, linkColor());
+    SetTextColor(context, textColor());
     SetBkColor(context, GetSysColor(COLOR_3DFACE));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_3DFACE));
 }
@@ -47,6 +63,9 @@ LRESULT LinkLabel::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         if ((wParam == VK_RETURN || wParam == VK_SPACE) && Click) Click();
         return 0;
     case WM_LBUTTONDOWN: setFocus(); break;
+    case WM_MOUSEMOVE:
+        if (MouseMove) MouseMove();
+        break;
     case WM_SETCURSOR: SetCursor(LoadCursorW(nullptr, IDC_HAND)); return TRUE;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: InvalidateRect(handle(), nullptr, TRUE); break;
@@ -72,6 +91,7 @@ void LinkLabel::drawFocus()
 void LinkLabel::applyFont()
 {
     Control::applyFont();
+    if (!isUnderlined_) return;
     LOGFONTW font{};
     GetObjectW(fontHandle(), sizeof font, &font);
     font.lfUnderline = TRUE;

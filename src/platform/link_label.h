@@ -13,6 +13,12 @@ class LinkLabel : public Control {
     LinkLabel(HWND parent, int id, const std::wstring& text);
 
     std::function<void()> Click;
+    std::function<void()> MouseMove;
+
+    // Its own colour (0x00BBGGRR) in place of that of links; where the user wants high contrast, the system's colour
+    // of links or of plain text takes its place.
+    void setLook(COLORREF color, bool underlined);
+    bool underlined() const { return isUnderlined_; }
 
     void onCommand(WORD code, WORD id) override;
     std::optional<LRESULT> onColor(HDC context, UINT message) override;
@@ -23,7 +29,10 @@ class LinkLabel : public Control {
 
   private:
     void drawFocus();
+    COLORREF textColor() const;
 
+    std::optional<COLORREF> color_;
+    bool isUnderlined_ = true;
     FontHandle underlined_;
 };
 

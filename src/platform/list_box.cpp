@@ -49,6 +49,13 @@ std::optional<std::size_t> ListBox::selected() const
 
 void ListBox::select(std::size_t entry) { SendMessageW(handle(), LB_SETCURSEL, entry, 0); }
 
+std::optional<std::size_t> ListBox::find(const std::wstring& text) const
+{
+    const LRESULT entry = SendMessageW(handle(), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                       reinterpret_cast<LPARAM>(text.c_str()));
+    return entry == LB_ERR ? std::nullopt : std::optional(static_cast<std::size_t>(entry));
+}
+
 void ListBox::onCommand(WORD code, WORD)
 {
     if (code == LBN_SELCHANGE && Click) Click();

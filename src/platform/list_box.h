@@ -20,6 +20,10 @@ class ListBox : public Control {
     void fill(const std::vector<std::wstring>& texts);
     std::optional<std::size_t> selected() const;
     void select(std::size_t entry);
+    // The entry with that text, whatever the case of its letters.
+    std::optional<std::size_t> find(const std::wstring& text) const;
+    // Scrolls, as far as the list goes, until the entry is the first that is seen.
+    void scrollToTop(std::size_t entry) { SendMessageW(handle(), LB_SETTOPINDEX, entry, 0); }
 
     void onCommand(WORD code, WORD id) override;
 

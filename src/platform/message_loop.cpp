@@ -63,4 +63,10 @@ bool MessageLoop::dispatchPending()
     return true;
 }
 
+void MessageLoop::paintPending()
+{
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT)) dispatch(message);
+}
+
 } // namespace vandrel

@@ -35,6 +35,8 @@ class MessageLoop {
     void run();
     // What is waiting now, and no longer. False when a request to quit was among it.
     bool dispatchPending();
+    // Lets windows be painted and nothing else happen.
+    void paintPending();
 
   private:
     void dispatch(MSG& message);

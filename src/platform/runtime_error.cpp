@@ -30,6 +30,7 @@ std::wstring runtimeErrorDescription(int number)
     case e::pathFileAccess: return L"Path/File access error";
     case e::pathNotFound: return L"Path not found";
     case e::objectNotSet: return L"Object variable or With block variable not set";
+    case e::invalidPropertyValue: return L"Invalid property value";
     case e::noSuchFormat: return L"Specified format doesn't match format of data";
     case e::clipboardBusy: return L"Can't open Clipboard";
     case e::invalidDialogFileName: return L"Invalid filename";

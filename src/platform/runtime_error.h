@@ -23,6 +23,7 @@ inline constexpr int diskNotReady = 71;
 inline constexpr int pathFileAccess = 75;
 inline constexpr int pathNotFound = 76;
 inline constexpr int objectNotSet = 91;
+inline constexpr int invalidPropertyValue = 380;
 inline constexpr int noSuchFormat = 461;
 inline constexpr int clipboardBusy = 521;
 inline constexpr int invalidDialogFileName = 20477;

@@ -18,6 +18,12 @@ Label::Label(HWND parent, const std::wstring& text, Ampersand ampersand)
     setText(text);
 }
 
+void Label::center()
+{
+    SetWindowLongPtrW(handle(), GWL_STYLE, GetWindowLongPtrW(handle(), GWL_STYLE) | SS_CENTER);
+    InvalidateRect(handle(), nullptr, TRUE);
+}
+
 Frame::Frame(HWND parent, const std::wstring& text)
     : Control(parent, WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT, -1)
 {
@@ -53,6 +59,11 @@ bool CheckBox::checked() const { return SendMessageW(handle(), BM_GETCHECK, 0, 0
 void CheckBox::setChecked(bool on)
 {
     SendMessageW(handle(), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+void CheckBox::onCommand(WORD code, WORD)
+{
+    if (code == BN_CLICKED && Click) Click();
 }
 
 OptionButton::OptionButton(HWND parent, int id, const std::wstring& text, Place place)
@@ -140,6 +151,12 @@ void ComboBox::add(const std::wstring& text)
 void ComboBox::onCommand(WORD code, WORD)
 {
     if (code == CBN_SETFOCUS && GotFocus) GotFocus();
+    if (code != CBN_SELCHANGE || !Click) return;
+    // The box itself gets the text only after this message.
+    const LRESULT chosen = SendMessageW(handle(), CB_GETCURSEL, 0, 0);
+    if (chosen == CB_ERR) return;
+    setText(entry(static_cast<std::size_t>(chosen)));
+    Click();
 }
 
 void ComboBox::clearTextSelection() { SendMessageW(handle(), CB_SETEDITSEL, 0, MAKELPARAM(-1, 0)); }

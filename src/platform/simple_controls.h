@@ -10,6 +10,8 @@ class Label : public Control {
   public:
     enum class Ampersand { letter, accessKey }; // an access key leads to the control after the label
     Label(HWND parent, const std::wstring& text, Ampersand ampersand = Ampersand::letter);
+
+    void center();
 };
 
 // A group box.
@@ -36,8 +38,11 @@ class CheckBox : public Control {
   public:
     CheckBox(HWND parent, int id, const std::wstring& text);
 
+    std::function<void()> Click;
+
     bool checked() const;
     void setChecked(bool on);
+    void onCommand(WORD code, WORD id) override;
 };
 
 // One of several, of which one is on. The first of a group begins it, the arrow keys go through it, and Tab leads to
@@ -79,6 +84,7 @@ class ComboBox : public Control {
     ComboBox(HWND parent, int id);
 
     std::function<void()> GotFocus;
+    std::function<void()> Click; // the user chose an entry of the list, whose text is in the box now
 
     std::size_t count() const;
     std::wstring entry(std::size_t index) const;

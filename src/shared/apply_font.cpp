@@ -7,8 +7,9 @@ namespace vandrel {
 
 void ApplyFont(Form& form, const std::wstring& name, std::uint32_t color, int size, bool bold, bool italic)
 {
+    const bool usable = isFontSize(size);
     for (Control* const control : form.controls()) {
-        control->setFont({name, size, bold, italic});
+        control->setFont({name, usable ? size : control->font().size, bold, italic});
         control->setForeColor(color);
     }
     form.fontsChanged();

@@ -9,7 +9,9 @@
 
 namespace vandrel {
 
-// The web site of the program's maker, without a slash at its end.
+// The web site of the program's maker, without a slash at its end; where to write to, and whose the program is.
 inline const std::wstring makersSite = VANDREL_MAKERS_SITE;
+inline const std::wstring makersEmail = L"vandrel@brisan.example";
+inline const std::wstring makersNotice = L"\u00A9 2026 Brisan Software";
 
 } // namespace vandrel

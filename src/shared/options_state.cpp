@@ -16,7 +16,7 @@ std::wstring textOr(std::wstring text, std::wstring_view fallback)
 int fontSizeOf(std::wstring_view text)
 {
     const long size = lenientWhole(text, -1, largestFontSize + 1);
-    return size >= 1 && size <= largestFontSize ? static_cast<int>(size) : defaultFontSize;
+    return isFontSize(size) ? static_cast<int>(size) : defaultFontSize;
 }
 
 bool flagOf(std::wstring_view text) { return lenientWhole(text, -32768, 32767) != 0; }
@@ -24,6 +24,8 @@ bool flagOf(std::wstring_view text) { return lenientWhole(text, -32768, 32767) !
 std::wstring_view flagText(bool on) { return on ? L"1" : L"0"; }
 
 } // namespace
+
+bool isFontSize(long size) { return size >= 1 && size <= largestFontSize; }
 
 OptionsState optionsFrom(const std::function<std::wstring(std::wstring_view key)>& read)
 {

@@ -7,6 +7,9 @@
 
 namespace vandrel {
 
+// Points; whether a font can have that size.
+bool isFontSize(long size);
+
 // The font that every window of the program shows its texts in.
 struct DisplayFont {
     std::wstring name;

@@ -88,7 +88,12 @@ void makeFirstCategory(Workspace& workspace)
 
 std::wstring categoryPath(const Workspace& workspace, const std::wstring& title)
 {
-    return workspace.dataFolder + L"\\" + title + std::wstring(categoryExtension);
+    return categoryPath(workspace.dataFolder, title);
+}
+
+std::wstring categoryPath(const std::wstring& folder, const std::wstring& title)
+{
+    return folder + L"\\" + title + std::wstring(categoryExtension);
 }
 
 void listCategories(Workspace& workspace)

@@ -8,8 +8,9 @@ namespace vandrel {
 struct Workspace;
 class FileLayer;
 
-// Where the category of that title is kept.
+// Where the category of that title is kept: in the data folder, or in another.
 std::wstring categoryPath(const Workspace& workspace, const std::wstring& title);
+std::wstring categoryPath(const std::wstring& folder, const std::wstring& title);
 
 // Puts the title of every category file of the data folder into the category list, in the folder's order.
 void listCategories(Workspace& workspace);

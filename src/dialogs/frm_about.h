@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/dialog.h"
+#include "platform/link_label.h"
+#include "platform/picture_box.h"
+#include "platform/simple_controls.h"
+#include "platform/tab_strip.h"
+
+namespace vandrel {
+
+// Which version this is, who made it, and where to find them.
+class frmAbout : public Dialog {
+  public:
+    // `version` is that of the running program, "1.3.0".
+    frmAbout(HWND owner, const std::wstring& version);
+
+    // Selects a tab, from 1, and shows what belongs to it.
+    void DoTab(int n);
+
+    std::vector<Control*> controls() override;
+
+  protected:
+    void layOut() override;
+    bool filterKey(const MSG& message) override { return Tabs_.takeKey(message); }
+
+  private:
+    void Form_Load(const std::wstring& version);
+    void lblSite_Click();
+    void lblEmail_Click();
+    void highlight(LinkLabel* link); // null: none
+    void cmdOK_Click() { unload(); }
+
+    PictureBox fraAbout_;
+    PictureBox picInfo_;
+    PictureBox Picture1_;
+    Label lblInfo_;
+    LinkLabel lblEmail_;
+    LinkLabel lblSite_;
+    Button cmdOK_;
+    TabStrip Tabs_;
+    IconHandle logo_;
+};
+
+} // namespace vandrel

@@ -1,0 +1,68 @@
+#include "exchange/backup.h"
+
+#include "exchange/module1.h"
+#include "platform/file_layer.h"
+#include "platform/list_view.h"
+#include "platform/message_loop.h"
+#include "platform/runtime_error.h"
+#include "platform/simple_controls.h"
+#include "platform/status_bar.h"
+#include "platform/turns.h"
+#include "shared/workspace.h"
+#include "store/category_files.h"
+
+namespace vandrel {
+namespace {
+
+void backUp(const Workspace& workspace, std::size_t category, const std::wstring& folder)
+{
+    const std::wstring title = workspace.lstCategory.text(category);
+    copyFile(categoryPath(workspace, title), categoryPath(folder, title));
+}
+
+void backUpEvery(Workspace& workspace, const std::wstring& folder)
+{
+    const std::size_t count = workspace.lstCategory.count();
+    workspace.PB.setVisible(true);
+    workspace.PB.setMaximum(count);
+    Turns turns;
+    for (std::size_t category = 0; category < count; ++category) {
+        workspace.PB.setValue(category + 1);
+        if (turns.due()) turns.take([] { MessageLoop::current().paintPending(); });
+        backUp(workspace, category, folder);
+    }
+    workspace.PB.setVisible(false);
+}
+
+// `copy` gets the chosen folder. Failure leaves the progress bar as it is.
+template <typename Copy> void intoChosenFolder(Workspace& workspace, const wchar_t* title, Copy copy)
+{
+    try {
+        const std::wstring folder = Module1::BrowseForFolder(workspace.window, title);
+        if (folder.empty()) return;
+        copy(folder);
+        workspace.StatusBar1.setPanelText(1, L"Backup successful.");
+    } catch (const RuntimeError&) {
+        workspace.StatusBar1.setPanelText(1, L"Backup failed.");
+    }
+}
+
+} // namespace
+
+void BackUpAll(Workspace& workspace)
+{
+    intoChosenFolder(workspace, L"Choose where to backup the files:",
+                     [&](const std::wstring& folder) { backUpEvery(workspace, folder); });
+}
+
+void BackUpCurrent(Workspace& workspace)
+{
+    intoChosenFolder(workspace, L"Choose where to backup the selected category:",
+                     [&](const std::wstring& folder) {
+                         const auto category = workspace.lstCategory.currentRow();
+                         if (!category) throw RuntimeError(error_number::objectNotSet);
+                         backUp(workspace, *category, folder);
+                     });
+}
+
+} // namespace vandrel

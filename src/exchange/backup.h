@@ -1,0 +1,12 @@
+#pragma once
+
+namespace vandrel {
+
+struct Workspace;
+
+// Each asks for a folder and copies category files there, whatever lay there under their names: of every category in
+// the list, up to the first that cannot be copied, or of the selected one. The status bar says how it went.
+void BackUpAll(Workspace& workspace);
+void BackUpCurrent(Workspace& workspace);
+
+} // namespace vandrel

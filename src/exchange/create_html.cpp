@@ -1,0 +1,138 @@
+#include "exchange/create_html.h"
+
+#include "exchange/html_page.h"
+#include "platform/ansi_text.h"
+#include "platform/file_dialog.h"
+#include "platform/file_layer.h"
+#include "platform/list_view.h"
+#include "platform/message_box.h"
+#include "platform/message_loop.h"
+#include "platform/runtime_error.h"
+#include "platform/shell.h"
+#include "platform/simple_controls.h"
+#include "platform/status_bar.h"
+#include "platform/turns.h"
+#include "shared/maker.h"
+#include "shared/site_columns.h"
+#include "shared/workspace.h"
+#include "store/category_files.h"
+
+#include <new>
+
+namespace vandrel {
+namespace {
+
+// The page as it is written: a category is encoded as soon as it is complete.
+class PageBytes {
+  public:
+    explicit PageBytes(const OptionsState& options) : page_(options) {}
+
+    HtmlPage& page() { return page_; }
+    void encode()
+    {
+        encodeAnsi(page_.text(), bytes_);
+        page_.clear();
+    }
+    // The whole of it, as one record.
+    const std::string& end()
+    {
+        page_.end(makersSite);
+        encode();
+        return bytes_ += "\r\n";
+    }
+
+  private:
+    HtmlPage page_;
+    std::string bytes_;
+};
+
+void addSites(const Workspace& workspace, HtmlPage& page)
+{
+    // A page that lacks a category without saying so would be published like that.
+    if (workspace.unreadCategory) throw RuntimeError(error_number::permissionDenied);
+    const ListView& sites = workspace.lstInfo;
+    for (std::size_t row = 0; row < sites.count(); ++row) {
+        page.addSite(sites.textView(row, nameColumn), sites.textView(row, urlColumn),
+                     sites.textView(row, descriptionColumn));
+    }
+}
+
+void showAgain(Workspace& workspace, std::optional<std::size_t> category)
+{
+    if (category) {
+        selectCategory(workspace, *category);
+        return;
+    }
+    workspace.lstCategory.clearSelection();
+    workspace.lstInfo.clear();
+    showSelectedCategory(workspace);
+}
+
+void addEveryCategory(Workspace& workspace, PageBytes& bytes)
+{
+    ListView& categories = workspace.lstCategory;
+    const auto before = categories.currentRow();
+    std::optional<ListPause> categoriesPause(categories);
+    std::optional<ListPause> sitesPause(workspace.lstInfo);
+    Turns turns;
+    for (std::size_t category = 0; category < categories.count(); ++category) {
+        workspace.PB.setValue(category + 1);
+        categories.select(category);
+        lstCategory_ItemClick(workspace, category);
+        if (workspace.options.generateEmpty || !workspace.lstInfo.empty()) {
+            bytes.page().addTitle(categories.text(category));
+        }
+        addSites(workspace, bytes.page());
+        bytes.encode();
+        if (!turns.due()) continue;
+        sitesPause.reset();
+        categoriesPause.reset();
+        turns.take([] { MessageLoop::current().paintPending(); });
+        categoriesPause.emplace(categories);
+        sitesPause.emplace(workspace.lstInfo);
+    }
+    sitesPause.reset();
+    categoriesPause.reset();
+    showAgain(workspace, before);
+}
+
+void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
+{
+    workspace.PB.setVisible(true);
+    workspace.PB.setMaximum(workspace.lstCategory.count());
+    PageBytes bytes(workspace.options);
+    if (!AllCat) addSites(workspace, bytes.page());
+    else if (!workspace.lstCategory.empty()) addEveryCategory(workspace, bytes);
+    writeFile(path, bytes.end());
+    if (askYesNo(workspace.window, L"Output successful! Open file?", L"Success!", BoxIcon::question))
+        shellOpen(workspace.window, path);
+    workspace.PB.setVisible(false);
+    workspace.StatusBar1.setPanelText(1, L"HTML Generated.");
+}
+
+void reportFailure(Workspace& workspace, const RuntimeError& error)
+{
+    tell(workspace.window, std::to_wstring(error.number()) + L" - " + error.description(), L"Error",
+         BoxIcon::exclamation);
+    workspace.PB.setVisible(false);
+    workspace.StatusBar1.setPanelText(1, L"Generation failed.");
+}
+
+} // namespace
+
+void CreateHTML(Workspace& workspace, bool AllCat)
+{
+    try {
+        FileDialog CD1;
+        CD1.title = L"Output an HTML file...";
+        CD1.filter = L"HTML Files (*.htm)|*.htm";
+        CD1.showSave(workspace.window);
+        if (!CD1.fileName.empty()) writePage(workspace, AllCat, CD1.fileName);
+    } catch (const RuntimeError& error) {
+        reportFailure(workspace, error);
+    } catch (const std::bad_alloc&) {
+        reportFailure(workspace, RuntimeError(error_number::outOfMemory));
+    }
+}
+
+} // namespace vandrel

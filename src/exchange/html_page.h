@@ -1,0 +1,29 @@
+#pragma once
+
+#include "shared/options_state.h"
+
+#include <string>
+#include <string_view>
+
+namespace vandrel {
+
+// A page that lists sites in a table, as text. Nothing is escaped: a description may hold markup of its own.
+class HtmlPage {
+  public:
+    // Begins the page with its font, and the table with its width and border.
+    explicit HtmlPage(const OptionsState& options);
+
+    void addTitle(std::wstring_view category); // a row across all columns
+    void addSite(std::wstring_view name, std::wstring_view url, std::wstring_view description);
+    // Ends the page; `site` is the maker's web site.
+    void end(std::wstring_view site);
+
+    // What was added since the last call, so that nobody has to hold the whole page.
+    std::wstring_view text() const { return text_; }
+    void clear() { text_.clear(); }
+
+  private:
+    std::wstring text_;
+};
+
+} // namespace vandrel
