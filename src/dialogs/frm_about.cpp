@@ -48,6 +48,8 @@ frmAbout::frmAbout(HWND owner, const std::wstring& version)
         DrawIconEx(context, 0, 0, logo_.get(), area.right, area.bottom, 0, nullptr, DI_NORMAL);
     };
     cmdOK_.Click = [this] { cmdOK_Click(); };
+    Picture1_.setCaption(L"Vandrel's logo");
+    Tabs_.setAccessibleName(L"Pages");
     setFirstFocus(cmdOK_.handle());
     highlight(nullptr);
     Form_Load(version);

@@ -41,8 +41,8 @@ frmOptions::frmOptions(HWND owner, OptionsState& options, Form& mainWindow)
       options_(options),
       mainWindow_(mainWindow),
       picAppearance_(handle(), idAppearance),
-      lblFontCaption_(picAppearance_.handle(), L"Overall Font Name:"),
       lblFontName_(picAppearance_.handle(), L"Arial"),
+      lblFontCaption_(picAppearance_.handle(), L"Overall Font Name:"),
       lstFonts_(picAppearance_.handle(), idFonts),
       lblFontSize_(picAppearance_.handle(), L"Font Size:"),
       cboFontSize_(picAppearance_.handle(), idFontSize),
@@ -80,6 +80,9 @@ frmOptions::frmOptions(HWND owner, OptionsState& options, Form& mainWindow)
     TabStrip1_.Click = [this] { TabStrip1_Click(); };
     cmdOK_.Click = [this] { cmdOK_Click(); };
     cmdCancel_.Click = [this] { cmdCancel_Click(); };
+    picColor_.setCaption(L"Font Color");
+    picPreview_.setCaption(L"Sample");
+    TabStrip1_.setAccessibleName(L"Pages");
     setFirstFocus(lstFonts_.handle());
     layOut();
     Form_Load();
@@ -87,10 +90,10 @@ frmOptions::frmOptions(HWND owner, OptionsState& options, Form& mainWindow)
 
 std::vector<Control*> frmOptions::controls()
 {
-    return {&lblFontCaption_, &lblFontName_,   &lstFonts_,     &lblFontSize_,   &cboFontSize_, &fraFonts_,
-            &chkFontBold_,    &chkItalic_,     &cmdFontColor_, &fraEffects_,    &lblHTMLFont_, &lstHTMLFont_,
-            &lblBorder_,      &cboHTMLBorder_, &lblWidth_,     &cboTableWidth_, &fraTable_,    &chkEmpty_,
-            &cmdOK_,          &cmdCancel_,     &TabStrip1_};
+    return {&lblFontName_, &lblFontCaption_, &lstFonts_,     &lblFontSize_,   &cboFontSize_, &fraFonts_,
+            &chkFontBold_, &chkItalic_,      &cmdFontColor_, &fraEffects_,    &lblHTMLFont_, &lstHTMLFont_,
+            &lblBorder_,   &cboHTMLBorder_,  &lblWidth_,     &cboTableWidth_, &fraTable_,    &chkEmpty_,
+            &cmdOK_,       &cmdCancel_,      &TabStrip1_};
 }
 
 void frmOptions::Form_Load()

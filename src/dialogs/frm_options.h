@@ -43,8 +43,8 @@ class frmOptions : public Dialog {
 
     // In the order in which Tab goes through them, the tabs last: the pages lie on top of them.
     PictureBox picAppearance_;
-    Label lblFontCaption_;
     Label lblFontName_;
+    Label lblFontCaption_; // next to the list, whose name it is
     ListBox lstFonts_;
     Label lblFontSize_;
     ComboBox cboFontSize_;

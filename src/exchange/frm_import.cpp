@@ -67,6 +67,7 @@ frmImport::frmImport(Workspace& workspace)
     cmdImport_.Click = [this] { cmdImport_Click(); };
     cmdImportAll_.Click = [this] { cmdImportAll_Click(); };
     cmdCancel_.Click = [this] { cmdCancel_Click(); };
+    prgImport_.setAccessibleName(L"Progress");
     setFirstFocus(filImport_.handle());
     Form_Load();
 }

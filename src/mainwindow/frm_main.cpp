@@ -56,6 +56,10 @@ frmMain::frmMain(Startup startup)
     SendMessageW(handle(), WM_SETICON, ICON_SMALL,
                  reinterpret_cast<LPARAM>(programIcon(SM_CXSMICON).release()));
     Toolbar1_.setButtonMenu(scanButton, scanButtonMenu());
+    lstCategory_.setAccessibleName(L"Categories");
+    lstInfo_.setAccessibleName(L"Sites");
+    Toolbar1_.setAccessibleName(L"Toolbar");
+    PB_.setAccessibleName(L"Progress");
     for (Control* const control : controls()) control->setFont({});
     drawForDpi();
     SetMenu(handle(), menus_.bar());

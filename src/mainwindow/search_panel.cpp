@@ -21,6 +21,7 @@ SearchPanel::SearchPanel(HWND parent)
               .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
               .extendedStyle = WS_EX_CONTROLPARENT,
               .parent = parent}),
+      lblSearch(handle(), L"Quick Search"),
       cmbSearch(handle(), idSearchText),
       cmdSearch(handle(), idSearchButton, L"Quick Search")
 {

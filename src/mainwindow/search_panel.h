@@ -10,6 +10,7 @@ class SearchPanel : public Window {
   public:
     explicit SearchPanel(HWND parent);
 
+    Label lblSearch; // takes no room: a screen reader looks for a box's name in front of it
     ComboBox cmbSearch;
     Button cmdSearch;
 

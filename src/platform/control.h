@@ -42,6 +42,9 @@ class Control {
     virtual void setForeColor(COLORREF color);
     COLORREF foreColor() const { return foreColor_; }
 
+    // What a screen reader says of a control that shows no text of its own.
+    void setAccessibleName(const std::wstring& name) { SetWindowTextW(window_, name.c_str()); }
+
     static Control* of(HWND window);
 
     // What the parent was told about this control; no value leaves the message to the parent.

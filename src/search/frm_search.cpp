@@ -68,6 +68,7 @@ frmSearch::frmSearch(Workspace& workspace)
     lstResults_.DblClick = [this] { lstResults_DblClick(); };
     lstResults_.Return = [this] { lstResults_DblClick(); };
     lstResults_.MouseMove = [this] { lstResults_MouseMove(); };
+    lstResults_.setAccessibleName(lblResults_.text());
     setFirstFocus(txtSearch_.handle());
     Form_Load();
 }
