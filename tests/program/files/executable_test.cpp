@@ -113,6 +113,16 @@ TEST_F(Executable, IsLoadedAnywhereInTheWholeAddressSpaceAndItsDataIsNeverRun)
     EXPECT_GT(directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0U);
 }
 
+TEST_F(Executable, GetsItsDllsFromTheSystemFolderAlone)
+{
+    const IMAGE_DATA_DIRECTORY place = directory(IMAGE_DIRECTORY_ENTRY_LOAD_CONFIG);
+    ASSERT_GE(place.Size, sizeof(IMAGE_LOAD_CONFIG_DIRECTORY64));
+    const auto config = at<IMAGE_LOAD_CONFIG_DIRECTORY64>(offsetOf(place.VirtualAddress));
+    EXPECT_EQ(config.Size, place.Size);
+    EXPECT_EQ(config.Reserved1, LOAD_LIBRARY_SEARCH_SYSTEM32); // the flags for dependent DLLs
+    EXPECT_EQ(config.SecurityCookie, 0U);
+}
+
 TEST_F(Executable, HasNoSectionThatIsBothWritableAndExecutable)
 {
     EXPECT_FALSE(sections.empty());
