@@ -98,8 +98,9 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
 
 void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
 {
-    workspace.PB.setVisible(true);
     workspace.PB.setMaximum(workspace.lstCategory.count());
+    workspace.PB.setValue(0);
+    workspace.PB.setVisible(true);
     PageBytes bytes(workspace.options);
     if (!AllCat) addSites(workspace, bytes.page());
     else if (!workspace.lstCategory.empty()) addEveryCategory(workspace, bytes);

@@ -80,7 +80,7 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const std::string&
     return written && closed;
 }
 
-// A move over a file would go past its read-only mark.
+// A move over a file would go past its read-only mark, and so would some systems that write into it.
 void requireReplaceable(const std::wstring& path)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -188,7 +188,9 @@ void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& 
 
 void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
 {
-    const HANDLE file = files.createForWriting(extendedPath(path));
+    const std::wstring target = extendedPath(path);
+    requireReplaceable(target);
+    const HANDLE file = files.createForWriting(target);
     if (file == INVALID_HANDLE_VALUE) raiseLastError();
     const bool written = writeAll(files, file, bytes);
     const DWORD reason = GetLastError();
