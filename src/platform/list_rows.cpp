@@ -119,14 +119,17 @@ bool ListRows::comesBefore(const Row& a, const Row& b) const
     return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
 }
 
-bool ListRows::inOrder() const
-{
-    return std::ranges::is_sorted(rows_, [this](const Row& a, const Row& b) { return comesBefore(a, b); });
-}
-
 bool ListRows::sort()
 {
-    if (!sorted_ || inOrder()) return false;
+    if (!sorted_) return false;
+    const auto before = [this](const Row& a, const Row& b) { return comesBefore(a, b); };
+    const auto end = std::ranges::is_sorted_until(rows_, before);
+    if (end == rows_.end()) return false;
+    if (end + 1 == rows_.end()) {
+        // One row added to others in order: it goes behind its equals, where a stable sort would put it.
+        std::rotate(std::upper_bound(rows_.begin(), end, *end, before), end, rows_.end());
+        return true;
+    }
     std::vector<std::wstring_view> keys(rows_.size());
     std::ranges::transform(rows_, keys.begin(), [this](const Row& row) { return row.texts[sortKey_]; });
     const std::vector<std::uint32_t> order = sortedOrder(keys, sortOrder_ == SortOrder::descending);

@@ -76,7 +76,6 @@ class ListRows {
   private:
     void identify(std::span<Row> rows);
     bool comesBefore(const Row& a, const Row& b) const;
-    bool inOrder() const;
     bool sort();
     std::wstring_view keep(std::wstring text);
     Row keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image);

@@ -106,6 +106,7 @@ class ListView : public Control {
     LRESULT findRow(const NMLVFINDITEMW& wanted) const;
     POINT menuPoint() const;
     std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
+    bool isSelectedBlock(std::size_t first, std::size_t rows) const;
     std::vector<std::size_t> selectedRows() const;
     void dropSelection();
     void takeSelection();

@@ -13,7 +13,11 @@ class Turns {
     static constexpr ULONGLONG usualMilliseconds = 100;
 
     // 0: whenever it is asked.
-    explicit Turns(ULONGLONG milliseconds = usualMilliseconds) : milliseconds_(milliseconds) { waitFor(0); }
+    explicit Turns(ULONGLONG milliseconds = usualMilliseconds) : Turns(milliseconds, milliseconds) {}
+    // The first one after `first` milliseconds: work that is done sooner is done in one go.
+    Turns(ULONGLONG milliseconds, ULONGLONG first)
+        : milliseconds_(milliseconds), next_(GetTickCount64() + first)
+    {}
 
     bool due() const { return GetTickCount64() >= next_; }
     // Runs `turn`, and waits the longer for the next one the longer it takes.
@@ -31,7 +35,7 @@ class Turns {
     }
 
     ULONGLONG milliseconds_;
-    ULONGLONG next_ = 0;
+    ULONGLONG next_;
 };
 
 } // namespace vandrel

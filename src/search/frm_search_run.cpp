@@ -13,6 +13,9 @@ namespace {
 const std::wstring noResults = L"No results found.";
 
 constexpr std::size_t sitesBetweenTurns = 5;
+// Painting both windows takes as long as searching half a million sites; what is done within this time is shown at once.
+constexpr ULONGLONG longestSilence = 350; // milliseconds
+
 // The memory from the first text of the rows to the last one's end. They must have been read from one file and not
 // been changed since, so that it is one piece.
 std::wstring_view blockOf(std::span<const ListRows::Row> rows)
@@ -61,7 +64,7 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
 
     std::size_t searched = 0;
     beQuiet();
-    turns_ = Turns(turnMilliseconds_);
+    turns_ = Turns(turnMilliseconds_, turnMilliseconds_ == 0 ? 0 : longestSilence);
     for (std::size_t i = 0; i < titles.size() && !ended(); ++i) {
         // While messages were run, a category may have gone, and others taken its place.
         if (const auto row = rowOf(titles[i], i)) searched += searchCategory(*row, SearchString, mode);

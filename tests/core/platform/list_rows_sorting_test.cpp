@@ -31,6 +31,31 @@ TEST(ListRowsSorting, AddWhileSortedGoesBehindItsEquals)
     }
 }
 
+TEST(ListRowsSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
+{
+    using Site = std::pair<std::wstring, std::wstring>;
+    for (const SortOrder order : {SortOrder::ascending, SortOrder::descending}) {
+        const bool up = order == SortOrder::ascending;
+        std::vector<Site> inOrder{{L"low", L"a"}, {L"first", L"m"}, {L"second", L"m"}, {L"high", L"z"}};
+        if (!up) inOrder = {{L"high", L"z"}, {L"first", L"m"}, {L"second", L"m"}, {L"low", L"a"}};
+        for (std::size_t place = 0; place <= inOrder.size(); ++place) {
+            ListRows list;
+            for (std::size_t row = 0; row < inOrder.size(); ++row) {
+                if (row == place) list.add({L"new", L"m"}, 1);
+                list.add({inOrder[row].first, inOrder[row].second}, 1);
+            }
+            if (place == inOrder.size()) list.add({L"new", L"m"}, 1);
+            list.sortBy(urlColumn, order);
+            Names wanted = up ? Names{L"low", L"first", L"second", L"high"}
+                              : Names{L"high", L"first", L"second", L"low"};
+            // Among its equals it stays where it stood.
+            const std::size_t among = place <= 1 ? 1 : place == 2 ? 2 : 3;
+            wanted.insert(wanted.begin() + static_cast<std::ptrdiff_t>(among), L"new");
+            EXPECT_EQ(names(list), wanted) << place;
+        }
+    }
+}
+
 TEST(ListRowsSorting, SwitchingSortingOnSortsByTheKeyThatWasSet)
 {
     ListRows list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
