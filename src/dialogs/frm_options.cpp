@@ -111,7 +111,8 @@ void frmOptions::Form_Load()
     cboHTMLBorder_.setText(decimalText(static_cast<long>(options_.htmlBorder)));
     show(lstHTMLFont_, options_.htmlFont);
     chkEmpty_.setChecked(options_.generateEmpty);
-    PreviewIt();
+    // OK takes sizes that no font has; without a sample the dialog must still open, or nobody could take one back.
+    if (isFontSize(options_.font.size)) PreviewIt();
 }
 
 // ---- the sample
@@ -121,15 +122,16 @@ void frmOptions::PreviewIt()
     previewColor_ = picColor_.backColor();
     const int size = wholeNumberOf(cboFontSize_.text());
     if (!isFontSize(size)) throw RuntimeError(error_number::invalidPropertyValue);
-    previewFont_ = makeFont({lblFontName_.text(), size, chkFontBold_.checked(), chkItalic_.checked()}, dpi());
+    previewFont_ = {lblFontName_.text(), size, chkFontBold_.checked(), chkItalic_.checked()};
     picPreview_.refresh();
 }
 
 void frmOptions::paintPreview(HDC context, const RECT& area) const
 {
     FillRect(context, &area, GetSysColorBrush(COLOR_WINDOW));
-    const std::wstring name = lblFontName_.text();
-    const HGDIOBJ before = SelectObject(context, previewFont_.get());
+    const std::wstring& name = previewFont_.name;
+    const FontHandle font = makeFont(previewFont_, dpi());
+    const HGDIOBJ before = SelectObject(context, font.get());
     SetTextColor(context, previewColor_);
     SetBkMode(context, TRANSPARENT);
     TextOutW(context, 0, 0, name.c_str(), static_cast<int>(name.size()));

@@ -38,7 +38,7 @@ class frmOptions : public Dialog {
     OptionsState& options_;
     Form& mainWindow_;
     ColorDialog colorDialog_;
-    FontHandle previewFont_;
+    FontDescription previewFont_{.name = L""}; // nothing is shown before the first sample
     COLORREF previewColor_ = 0;
 
     // In the order in which Tab goes through them, the tabs last: the pages lie on top of them.

@@ -12,6 +12,7 @@
 #include "platform/simple_controls.h"
 #include "platform/status_bar.h"
 #include "platform/turns.h"
+#include "platform/window_text.h"
 #include "shared/maker.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
@@ -57,21 +58,20 @@ void addSites(const Workspace& workspace, HtmlPage& page)
     }
 }
 
-void showAgain(Workspace& workspace, std::optional<std::size_t> category)
+// What the window shows while no category is selected.
+void showNone(Workspace& workspace, const std::wstring& caption)
 {
-    if (category) {
-        selectCategory(workspace, *category);
-        return;
-    }
     workspace.lstCategory.clearSelection();
     workspace.lstInfo.clear();
     showSelectedCategory(workspace);
+    SetWindowTextW(workspace.window, caption.c_str());
 }
 
 void addEveryCategory(Workspace& workspace, PageBytes& bytes)
 {
     ListView& categories = workspace.lstCategory;
     const auto before = categories.currentRow();
+    const std::wstring caption = windowText(workspace.window);
     std::optional<ListPause> categoriesPause(categories);
     std::optional<ListPause> sitesPause(workspace.lstInfo);
     Turns turns;
@@ -93,7 +93,8 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
     }
     sitesPause.reset();
     categoriesPause.reset();
-    showAgain(workspace, before);
+    if (before) selectCategory(workspace, *before);
+    else showNone(workspace, caption);
 }
 
 void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)

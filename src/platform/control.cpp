@@ -2,6 +2,7 @@
 
 #include "platform/guarded.h"
 #include "platform/system_error.h"
+#include "platform/window_text.h"
 
 #include <commctrl.h>
 
@@ -99,13 +100,7 @@ bool Control::hasFocus() const
     return focus != nullptr && (focus == window_ || IsChild(window_, focus));
 }
 
-std::wstring Control::text() const
-{
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window_)), L'\0');
-    const int length = GetWindowTextW(window_, text.data(), static_cast<int>(text.size()) + 1);
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
+std::wstring Control::text() const { return windowText(window_); }
 
 void Control::setText(const std::wstring& text) { SetWindowTextW(window_, text.c_str()); }
 

@@ -188,9 +188,8 @@ void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& 
 
 void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
 {
-    const std::wstring target = extendedPath(path);
-    requireReplaceable(target);
-    const HANDLE file = files.createForWriting(target);
+    requireReplaceable(path);
+    const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) raiseLastError();
     const bool written = writeAll(files, file, bytes);
     const DWORD reason = GetLastError();

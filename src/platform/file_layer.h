@@ -36,7 +36,8 @@ std::wstring extendedPath(const std::wstring& path);
 void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& files = systemFiles());
 
 // Puts `bytes` in the file, which is emptied first: what stops it leaves the file as far as it was written. For files
-// that can be made again. Throws RuntimeError.
+// that can be made again, under names that the user typed: the system trims them as it does for every program. Throws
+// RuntimeError.
 void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files = systemFiles());
 
 // Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does. Throws RuntimeError, also when both

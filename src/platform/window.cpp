@@ -3,6 +3,7 @@
 #include "platform/control.h"
 #include "platform/guarded.h"
 #include "platform/system_error.h"
+#include "platform/window_text.h"
 
 #include <utility>
 
@@ -51,13 +52,7 @@ LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-std::wstring Window::caption() const
-{
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window_)), L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextW(window_, text.data(), static_cast<int>(text.size()) + 1)));
-    return text;
-}
+std::wstring Window::caption() const { return windowText(window_); }
 
 void Window::setCaption(const std::wstring& caption) { SetWindowTextW(window_, caption.c_str()); }
 
