@@ -21,6 +21,7 @@ int main(int argc, char** argv)
     vandrel::bench::programRows();
     vandrel::bench::storeRows();
     vandrel::bench::exchangeRows();
+    vandrel::bench::outputRows();
     vandrel::bench::searchRows();
     vandrel::bench::scanRows();
     return 0;

@@ -6,6 +6,8 @@ namespace vandrel::bench {
 void storeRows();
 // Importing the shortcuts of a folder.
 void exchangeRows();
+// Writing all categories as a page, and backing them up.
+void outputRows();
 // Searching all categories of a million sites; beside grep when VANDREL_GREP_MS says how long that took.
 void makeSearchFiles();
 void searchRows();

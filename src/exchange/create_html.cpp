@@ -58,6 +58,13 @@ void addSites(const Workspace& workspace, HtmlPage& page)
     }
 }
 
+// Between two turns nobody sees the lists.
+struct Quiet {
+    Quiet(ListView& first, ListView& second) : categories(first), sites(second) {}
+    ListPause categories;
+    ListPause sites;
+};
+
 // What the window shows while no category is selected.
 void showNone(Workspace& workspace, const std::wstring& caption)
 {
@@ -72,8 +79,7 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
     ListView& categories = workspace.lstCategory;
     const auto before = categories.currentRow();
     const std::wstring caption = windowText(workspace.window);
-    std::optional<ListPause> categoriesPause(categories);
-    std::optional<ListPause> sitesPause(workspace.lstInfo);
+    std::optional<Quiet> quiet(std::in_place, categories, workspace.lstInfo);
     Turns turns;
     for (std::size_t category = 0; category < categories.count(); ++category) {
         workspace.PB.setValue(category + 1);
@@ -85,14 +91,13 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
         addSites(workspace, bytes.page());
         bytes.encode();
         if (!turns.due()) continue;
-        sitesPause.reset();
-        categoriesPause.reset();
-        turns.take([] { MessageLoop::current().paintPending(); });
-        categoriesPause.emplace(categories);
-        sitesPause.emplace(workspace.lstInfo);
+        turns.take([&] {
+            quiet.reset();
+            MessageLoop::current().paintPending();
+            quiet.emplace(categories, workspace.lstInfo);
+        });
     }
-    sitesPause.reset();
-    categoriesPause.reset();
+    quiet.reset();
     if (before) selectCategory(workspace, *before);
     else showNone(workspace, caption);
 }
