@@ -18,6 +18,8 @@ IconHandle programIcon(int metric) { return loadIcon(L"a-vandrel", GetSystemMetr
 
 frmMain::frmMain(Startup startup)
     : Window({.className = L"Vandrel.Main", .style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN}),
+      bigIcon_(programIcon(SM_CXICON)),
+      smallIcon_(programIcon(SM_CXSMICON)),
       preferences_(std::move(startup.settings)),
       commandLine_(std::move(startup.commandLine)),
       lstCategory_(handle(), idCategories, ListView::Selection::one, true,
@@ -52,9 +54,8 @@ frmMain::frmMain(Startup startup)
 {
     setCaption(programTitle);
     workspace_.keepOnTop.window = handle();
-    SendMessageW(handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(programIcon(SM_CXICON).release()));
-    SendMessageW(handle(), WM_SETICON, ICON_SMALL,
-                 reinterpret_cast<LPARAM>(programIcon(SM_CXSMICON).release()));
+    SendMessageW(handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon_.get()));
+    SendMessageW(handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
     Toolbar1_.setButtonMenu(scanButton, scanButtonMenu());
     lstCategory_.setAccessibleName(L"Categories");
     lstInfo_.setAccessibleName(L"Sites");
@@ -72,9 +73,6 @@ frmMain::~frmMain()
 {
     KillTimer(handle(), tmrClipboard);
     SetMenu(handle(), nullptr); // the menus have an owner of their own
-    for (const WPARAM kind : {ICON_BIG, ICON_SMALL}) {
-        DestroyIcon(reinterpret_cast<HICON>(SendMessageW(handle(), WM_SETICON, kind, 0)));
-    }
 }
 
 std::vector<Control*> frmMain::controls()

@@ -108,6 +108,8 @@ class frmMain : public Window, public Form {
     void dropClosedWindows();
     void giveFocusBack();
 
+    IconHandle bigIcon_;
+    IconHandle smallIcon_;
     Preferences preferences_;
     std::wstring commandLine_;
     MainLayout layout_;

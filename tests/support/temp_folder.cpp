@@ -19,10 +19,13 @@ TempFolder::TempFolder(const std::wstring& name)
     GetTempPathW(MAX_PATH, base);
     path_ = std::wstring(base) + name + L"-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
             std::to_wstring(++counter);
+    remove(); // a killed run with the same process number may have left one
     fs::create_directories(path_);
 }
 
-TempFolder::~TempFolder()
+TempFolder::~TempFolder() { remove(); }
+
+void TempFolder::remove() const
 {
     std::error_code ignored;
     for (fs::recursive_directory_iterator entry(path_, ignored), end; entry != end;

@@ -23,6 +23,8 @@ class TempFolder {
     std::vector<std::wstring> names() const;
 
   private:
+    void remove() const;
+
     std::wstring path_;
 };
 

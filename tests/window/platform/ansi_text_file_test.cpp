@@ -2,8 +2,8 @@
 
 #include "platform/ansi_text.h"
 #include "platform/handle.h"
+#include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/error_of.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #include "platform/folder.h"
 #include "platform/handle.h"
 #include "platform/system_error.h"
+#include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/error_of.h"
 #include "tests/window/platform/wine.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "platform/folder_list.h"
 
+#include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/error_of.h"
 #include "tests/window/platform/keys.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #include "platform/internet_transfer.h"
 
 #include "tests/support/answers.h"
+#include "tests/support/error_of.h"
 #include "tests/support/meanwhile.h"
 #include "tests/support/test_server.h"
-#include "tests/window/platform/error_of.h"
 
 #include <windows.h>
 #include <psapi.h>

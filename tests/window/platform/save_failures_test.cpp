@@ -1,6 +1,6 @@
 #include "platform/runtime_error.h"
+#include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/error_of.h"
 #include "tests/window/platform/failing_files.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/runtime_error.h"
 #include "store/category_files.h"
+#include "tests/support/error_of.h"
 #include "tests/support/main_window_test.h"
 
 #include <initializer_list>
@@ -59,17 +59,6 @@ class StoreTest : public MainWindowTest {
 };
 
 using Lines = std::vector<std::wstring>;
-
-// The number of the run-time error that the action raises; 0 for none.
-template <typename Action> int errorOf(Action action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 // The run-time error box as the user gets it.
 inline void expectErrorBox(Answers& answers, int number, const std::wstring& description)

@@ -1,0 +1,127 @@
+#include "tests/program/support/day_surroundings.h"
+
+#include "tests/program/support/eventually.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace vandrel::test {
+namespace {
+
+constexpr const wchar_t* recordName = L"record.txt";
+constexpr const wchar_t* answerName = L"answer.txt";
+
+std::string utf8(const std::wstring& text)
+{
+    std::string bytes(text.size() * 3, '\0');
+    bytes.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr)));
+    return bytes;
+}
+
+void require(LSTATUS status)
+{
+    if (status != ERROR_SUCCESS)
+        throw std::runtime_error("the registry refused: error " + std::to_string(status));
+}
+
+} // namespace
+
+// ---- the registry
+
+RegistryValue::RegistryValue(HKEY root, const std::wstring& path, std::wstring name, const std::wstring& text)
+    : name_(std::move(name))
+{
+    remember(root, path);
+    require(RegSetValueExW(key_, name_.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                           static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
+}
+
+RegistryValue::RegistryValue(HKEY root, const std::wstring& path, std::wstring name, DWORD number)
+    : name_(std::move(name))
+{
+    remember(root, path);
+    require(RegSetValueExW(key_, name_.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
+                           sizeof number));
+}
+
+void RegistryValue::remember(HKEY root, const std::wstring& path)
+{
+    require(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_, nullptr));
+    DWORD bytes = 0;
+    wasThere_ = RegQueryValueExW(key_, name_.c_str(), nullptr, &typeBefore_, nullptr, &bytes) ==
+                ERROR_SUCCESS;
+    before_.resize(bytes);
+    if (wasThere_) RegQueryValueExW(key_, name_.c_str(), nullptr, nullptr, before_.data(), &bytes);
+}
+
+RegistryValue::~RegistryValue()
+{
+    if (wasThere_) {
+        RegSetValueExW(key_, name_.c_str(), 0, typeBefore_, before_.data(),
+                       static_cast<DWORD>(before_.size()));
+    } else {
+        RegDeleteValueW(key_, name_.c_str());
+    }
+    RegCloseKey(key_);
+}
+
+// ---- the browser
+
+BrowserStandIn::BrowserStandIn()
+{
+    DeleteFileW(folder_.file(recordName).c_str()); // of a run that was ended by force
+    SetEnvironmentVariableW(L"VANDREL_RECORD", folder_.file(recordName).c_str());
+}
+
+BrowserStandIn::~BrowserStandIn() { SetEnvironmentVariableW(L"VANDREL_RECORD", nullptr); }
+
+std::wstring BrowserStandIn::command() { return L"\"" + nativePath(VANDREL_RECORDER) + L"\" \"%1\""; }
+
+std::string BrowserStandIn::opening(const std::wstring& address)
+{
+    return utf8(L"\"" + nativePath(VANDREL_RECORDER) + L"\" \"" + address + L"\"");
+}
+
+std::vector<std::string> BrowserStandIn::opened() const
+{
+    std::vector<std::string> lines;
+    const std::string bytes = folder_.has(recordName) ? folder_.read(recordName) : "";
+    for (std::size_t at = 0, end = 0; (end = bytes.find('\n', at)) != std::string::npos; at = end + 1)
+        lines.push_back(bytes.substr(at, end - at));
+    return lines;
+}
+
+// ---- the link
+
+DraggedLink::DraggedLink(const std::wstring& link, POINT point)
+{
+    DeleteFileW(folder_.file(answerName).c_str());
+    const std::wstring program = nativePath(VANDREL_DRAG_SOURCE);
+    std::wstring line = L"\"" + program + L"\" unicode \"" + link + L"\" " + std::to_wstring(point.x) + L" " +
+                        std::to_wstring(point.y) + L" \"" + folder_.file(answerName) + L"\"";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &started)) {
+        throw std::runtime_error("nothing can be dragged: error " + std::to_string(GetLastError()));
+    }
+    CloseHandle(started.hThread);
+    process_ = started.hProcess;
+}
+
+DraggedLink::~DraggedLink()
+{
+    TerminateProcess(process_, 0);
+    WaitForSingleObject(process_, limitMilliseconds);
+    CloseHandle(process_);
+}
+
+std::string DraggedLink::answer() const
+{
+    return folder_.has(answerName) ? folder_.read(answerName) : std::string();
+}
+
+} // namespace vandrel::test

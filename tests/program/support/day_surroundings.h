@@ -1,0 +1,69 @@
+#pragma once
+
+#include "tests/program/support/program_files.h"
+#include "tests/support/temp_folder.h"
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace vandrel::test {
+
+// A value of the registry, until the end of the test.
+class RegistryValue {
+  public:
+    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, const std::wstring& text);
+    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, DWORD number);
+    RegistryValue(const RegistryValue&) = delete;
+    RegistryValue& operator=(const RegistryValue&) = delete;
+    ~RegistryValue();
+
+  private:
+    void remember(HKEY root, const std::wstring& path);
+
+    HKEY key_ = nullptr;
+    std::wstring name_;
+    bool wasThere_ = false;
+    DWORD typeBefore_ = REG_SZ;
+    std::vector<BYTE> before_;
+};
+
+// Takes the place of the web browser and writes down what it is to open.
+class BrowserStandIn {
+  public:
+    BrowserStandIn();
+    BrowserStandIn(const BrowserStandIn&) = delete;
+    BrowserStandIn& operator=(const BrowserStandIn&) = delete;
+    ~BrowserStandIn();
+
+    // The command lines so far.
+    std::vector<std::string> opened() const;
+    // The one by which it opens this address.
+    static std::string opening(const std::wstring& address);
+
+  private:
+    static std::wstring command();
+
+    TempFolder folder_{L"browser"};
+    RegistryValue http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", L"", command()};
+    RegistryValue https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", L"", command()};
+};
+
+// Another program, from which the link is dragged to the point.
+class DraggedLink {
+  public:
+    DraggedLink(const std::wstring& link, POINT point);
+    DraggedLink(const DraggedLink&) = delete;
+    DraggedLink& operator=(const DraggedLink&) = delete;
+    ~DraggedLink();
+
+    // What the other program was told; nothing while it still waits to be told.
+    std::string answer() const;
+
+  private:
+    TempFolder folder_{L"drag"};
+    HANDLE process_ = nullptr;
+};
+
+} // namespace vandrel::test

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "tests/window/endurance/at_once.h"
+#include "tests/window/endurance/own_process.h"
+#include "tests/window/endurance/resources.h"
+#include "tests/window/search/search_test.h"
+
+#include <cstdio>
+
+namespace vandrel::test {
+
+// The main window on a small collection, used for hours.
+class EnduranceTest : public SearchTest {
+  protected:
+    void startSmall()
+    {
+        folder.write(L"News.udb", newsSites);
+        folder.write(L"Tools.udb", toolsSites);
+        folder.write(L"Unused.udb", "");
+        start();
+        workspace().favoritesFolder = folder.path();
+        clickCategory(L"News");
+    }
+    // Chooses the entry, which opens a dialog or box, and answers that.
+    void open(int entry, std::function<void(HWND)> answer)
+    {
+        const int before = atOnce_.answered();
+        atOnce_.answer = std::move(answer);
+        choose(entry);
+        atOnce_.answer = nullptr;
+        ASSERT_EQ(atOnce_.answered(), before + 1);
+    }
+    // A tenth of so many, which beside all the other tests is enough for what is left behind in each round. A run by
+    // hand takes all of them with VANDREL_ENDURANCE=100 (per cent) and VANDREL_TIMEOUT=1800 (seconds).
+    static int rounds(int all)
+    {
+        const auto part = environmentText(L"VANDREL_ENDURANCE");
+        return all * (part ? std::stoi(*part) : usualPerCent) / 100;
+    }
+    // So many rounds must leave nothing behind. The first hundred fill what the system and the program keep for the
+    // next time.
+    void endure(int count, const std::function<void()>& round)
+    {
+        constexpr int first = 100;
+        for (int i = 0; i < first && !HasFailure(); ++i) round();
+        pump();
+        const Resources before = resourcesInUse();
+        const ULONGLONG begun = GetTickCount64();
+        for (int i = 0; i < count && !HasFailure(); ++i) round();
+        const ULONGLONG milliseconds = GetTickCount64() - begun;
+        pump();
+        const Resources after = resourcesInUse();
+        EXPECT_TRUE(heldAsBefore(before, after));
+        std::printf("%s%d rounds in %llu ms; before: %s; after: %s\n", reportMark, count, milliseconds,
+                    report(before).c_str(), report(after).c_str());
+    }
+    // That line of the output.
+    static std::string reportIn(const std::string& output)
+    {
+        const std::size_t at = output.find(reportMark);
+        if (at == std::string::npos) return "no report\n";
+        return output.substr(at, output.find('\n', at) + 1 - at);
+    }
+
+  private:
+    static constexpr int usualPerCent = 10;
+    static constexpr const char* reportMark = "endured ";
+
+    AtOnce atOnce_;
+};
+
+} // namespace vandrel::test

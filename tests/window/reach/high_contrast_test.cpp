@@ -1,0 +1,138 @@
+#include "tests/window/reach/reach_test.h"
+
+#include <array>
+
+namespace vandrel::test {
+namespace {
+
+// Light on dark, as the system's high-contrast themes are, for one test.
+class LightOnDark {
+  public:
+    LightOnDark()
+    {
+        for (std::size_t i = 0; i < elements.size(); ++i) before_[i] = GetSysColor(elements[i]);
+        SetSysColors(static_cast<int>(elements.size()), elements.data(), colors.data());
+        contrast_.cbSize = sizeof contrast_;
+        SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast_, &contrast_, 0);
+        HIGHCONTRASTW on = contrast_;
+        on.dwFlags |= HCF_HIGHCONTRASTON;
+        SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof on, &on, 0);
+    }
+    LightOnDark(const LightOnDark&) = delete;
+    LightOnDark& operator=(const LightOnDark&) = delete;
+    ~LightOnDark()
+    {
+        SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof contrast_, &contrast_, 0);
+        SetSysColors(static_cast<int>(elements.size()), elements.data(), before_.data());
+    }
+    // Wine has the colours and not the switch.
+    static bool told()
+    {
+        HIGHCONTRASTW now{};
+        now.cbSize = sizeof now;
+        SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof now, &now, 0);
+        return (now.dwFlags & HCF_HIGHCONTRASTON) != 0;
+    }
+
+  private:
+    static constexpr std::array<int, 6> elements{COLOR_WINDOW,  COLOR_WINDOWTEXT, COLOR_3DFACE,
+                                                 COLOR_BTNTEXT, COLOR_HOTLIGHT,   COLOR_GRAYTEXT};
+    static constexpr std::array<COLORREF, 6> colors{0x000000, 0xFFFFFF, 0x000000,
+                                                    0xFFFFFF, 0x00FFFF, 0x00FF00};
+    std::array<COLORREF, 6> before_{};
+    HIGHCONTRASTW contrast_{};
+};
+
+int lightness(COLORREF color)
+{
+    return (GetRValue(color) * 3 + GetGValue(color) * 6 + GetBValue(color)) / 10;
+}
+
+// What the screen shows of a control: its commonest colour, and the lightest that stands on that.
+struct Seen {
+    int ground;
+    int lightest;
+};
+
+Seen seenOf(HWND control)
+{
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    const RECT area = clientOf(control);
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = area.right;
+    info.bmiHeader.biHeight = -area.bottom;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    const HDC screen = GetDC(control);
+    const HDC context = CreateCompatibleDC(screen);
+    void* bits = nullptr;
+    const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ old = SelectObject(context, bitmap);
+    BitBlt(context, 0, 0, area.right, area.bottom, screen, 0, 0, SRCCOPY);
+    GdiFlush();
+    std::array<int, 256> counts{};
+    const auto* const pixels = static_cast<const RGBQUAD*>(bits);
+    for (LONG i = 0; i < area.right * area.bottom; ++i)
+        ++counts[static_cast<std::size_t>(
+            lightness(RGB(pixels[i].rgbRed, pixels[i].rgbGreen, pixels[i].rgbBlue)))];
+    SelectObject(context, old);
+    DeleteObject(bitmap);
+    DeleteDC(context);
+    ReleaseDC(control, screen);
+    int lightest = 255;
+    while (lightest > 0 && counts[static_cast<std::size_t>(lightest)] == 0) --lightest;
+    return {static_cast<int>(std::ranges::max_element(counts) - counts.begin()), lightest};
+}
+
+bool showsText(HWND control)
+{
+    const std::wstring kind = classOf(control);
+    if (kind == WC_LISTBOXW) return SendMessageW(control, LB_GETCOUNT, 0, 0) > 0;
+    if (kind == WC_LISTVIEWW) return true; // the captions of its columns, at least
+    return !windowText(control).empty();
+}
+
+// A link is light on dark only where the system says that contrast is high.
+bool isLink(HWND control) { return classOf(control) == WC_STATICW && !isLabel(control); }
+
+class HighContrast : public ReachTest, public testing::WithParamInterface<Shown> {};
+
+TEST_P(HighContrast, LabelsBoxesAndListsAreLightOnDark)
+{
+    const LightOnDark colors;
+    // The lists keep the colours that they were made with, and Wine's library those that a list was last told of.
+    SendMessageW(lstInfo().handle(), WM_SYSCOLORCHANGE, 0, 0);
+    main.reset();
+    pump();
+    start();
+    workspace().favoritesFolder = favorites.path();
+    lstInfo().select(0);
+    in(GetParam(), [](HWND window) {
+        pump();
+        int seen = 0;
+        for (const HWND control : visibleWithin(window)) {
+            const std::wstring kind = classOf(control);
+            if (kind != WC_STATICW && kind != WC_EDITW && kind != WC_LISTBOXW && kind != WC_COMBOBOXW &&
+                kind != WC_LISTVIEWW) {
+                continue;
+            }
+            if (isLink(control) && !LightOnDark::told()) continue;
+            if (IsRectEmpty(std::array{clientOf(control)}.data())) continue;
+            const Seen look = seenOf(control);
+            const std::string name = testing::PrintToString(kind + L" " + windowText(control)) + " " +
+                                     testing::PrintToString(spokenName(control));
+            EXPECT_LT(look.ground, 64) << name;
+            if (showsText(control)) {
+                EXPECT_GT(look.lightest, 160) << name;
+            }
+            ++seen;
+        }
+        EXPECT_GT(seen, 0);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWindow, HighContrast, testing::ValuesIn(allShown));
+
+} // namespace
+} // namespace vandrel::test

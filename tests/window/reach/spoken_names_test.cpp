@@ -1,0 +1,79 @@
+#include "shared/maker.h"
+#include "tests/window/reach/reach_test.h"
+
+namespace vandrel::test {
+namespace {
+
+// Every control that can be seen, as its kind and its name; labels, frames and panels hold the others. The splitter bar
+// is for the mouse alone, and the status bar's texts speak for themselves.
+const std::map<Shown, Names> names{
+    {Shown::mainWindow,
+     {L"Button: Quick Search", L"ComboBox: Quick Search", L"SysListView32: Categories",
+      L"SysListView32: Sites", L"ToolbarWindow32: Toolbar", L"Vandrel.SplitterBar: ",
+      L"msctls_statusbar32: "}},
+    {Shown::siteEditor,
+     {L"Button: ...", L"Button: Cancel", L"Button: OK", L"Edit: Description:", L"Edit: Site Name:",
+      L"Edit: Site URL:"}},
+    {Shown::properties, {L"Button: OK", L"Edit: Description:", L"Edit: Name:", L"Static: http://b.example/"}},
+    {Shown::import,
+     {L"Button: Cancel", L"Button: Import", L"Button: Import All", L"ComboBox: Drive:", L"ListBox: Files:",
+      L"ListBox: Folders:"}},
+    {Shown::search,
+     {L"Button: All Sections", L"Button: Case Sensitive", L"Button: Close", L"Button: Description only",
+      L"Button: Name Only", L"Button: Search", L"Button: URL Only", L"Edit: Search Term:",
+      L"SysListView32: Search Results", L"msctls_statusbar32: "}},
+    {Shown::options,
+     {L"Button: Bold", L"Button: Cancel", L"Button: Font Color...", L"Button: Italic", L"Button: OK",
+      L"ComboBox: Font Size:", L"ListBox: Overall Font Name:", L"SysTabControl32: Pages",
+      L"Vandrel.PictureBox: Font Color", L"Vandrel.PictureBox: Sample"}},
+    {Shown::htmlOptions,
+     {L"Button: Cancel", L"Button: Generate Empty Categories", L"Button: OK", L"ComboBox: Border:",
+      L"ComboBox: Width:", L"ListBox: HTML Font Name:", L"SysTabControl32: Pages"}},
+    {Shown::about,
+     {L"Button: OK", L"Static: " + makersEmail, L"Static: " + makersSite.substr(makersSite.find(L"www")),
+      L"SysTabControl32: Pages", L"Vandrel.PictureBox: Vandrel's logo"}},
+    {Shown::inputBox,
+     {L"Button: Cancel", L"Button: OK", L"Edit: Please enter a title for the new category."}},
+};
+
+class SpokenNames : public ReachTest, public testing::WithParamInterface<Shown> {
+  protected:
+    static Names namesOf(HWND window)
+    {
+        Names all;
+        for (const HWND control : visibleWithin(window)) {
+            if (isLabel(control) || isFrame(control) || isPanel(control)) continue;
+            all.push_back(classOf(control) + L": " + spokenName(control));
+        }
+        std::ranges::sort(all);
+        return all;
+    }
+};
+
+TEST_P(SpokenNames, AreThoseOfTheTable)
+{
+    in(GetParam(), [](HWND window) { EXPECT_EQ(namesOf(window), names.at(GetParam())); });
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWindow, SpokenNames, testing::ValuesIn(allShown));
+
+class SpokenNamesOfHidden : public ReachTest {};
+
+TEST_F(SpokenNamesOfHidden, ProgressBarsAreNamedBeforeTheyAreSeen)
+{
+    for (const Shown shown : {Shown::mainWindow, Shown::import}) {
+        in(shown, [](HWND window) {
+            HWND bar = FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr);
+            if (bar == nullptr) { // sunk into the status bar
+                const HWND status = FindWindowExW(window, nullptr, STATUSCLASSNAMEW, nullptr);
+                bar = FindWindowExW(status, nullptr, PROGRESS_CLASSW, nullptr);
+            }
+            ASSERT_NE(bar, nullptr);
+            EXPECT_FALSE(IsWindowVisible(bar));
+            EXPECT_EQ(spokenName(bar), L"Progress");
+        });
+    }
+}
+
+} // namespace
+} // namespace vandrel::test

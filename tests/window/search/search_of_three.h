@@ -1,0 +1,20 @@
+#pragma once
+
+#include "tests/window/search/search_test.h"
+
+namespace vandrel::test {
+
+// Twelve, three and seven sites: a search lets messages run three times.
+class SearchOfThreeTest : public SearchTest {
+  protected:
+    SearchOfThreeTest()
+    {
+        folder.write(L"A.udb", manySites("a", 12));
+        folder.write(L"B.udb", manySites("b", 3));
+        folder.write(L"C.udb", manySites("c", 7));
+        start();
+        open();
+    }
+};
+
+} // namespace vandrel::test
