@@ -132,7 +132,8 @@ void frmOptions::paintPreview(HDC context, const RECT& area) const
     const std::wstring& name = previewFont_.name;
     const FontHandle font = makeFont(previewFont_, dpi());
     const HGDIOBJ before = SelectObject(context, font.get());
-    SetTextColor(context, previewColor_);
+    // As in every control, black is the system's own colour of texts.
+    SetTextColor(context, previewColor_ == 0 ? GetSysColor(COLOR_WINDOWTEXT) : previewColor_);
     SetBkMode(context, TRANSPARENT);
     TextOutW(context, 0, 0, name.c_str(), static_cast<int>(name.size()));
     SelectObject(context, before);

@@ -9,7 +9,8 @@ namespace {
 constexpr std::array<const wchar_t*, 5> listPictures{L"site", L"site", L"folder", L"folder-open", L"dead"};
 constexpr Twips listPicture{240};
 constexpr Twips toolBarPicture{360};
-constexpr Twips firstPanel{2700};
+constexpr Twips firstPanel{2700}; // or what its widest text needs
+constexpr const wchar_t* widestOutcome = L"Backup successful.";
 constexpr Twips searchHeight{540};
 constexpr Twips smallestSearch{2880};
 constexpr Twips largestSearch{4050}; // beside all buttons of the toolbar in the smallest window
@@ -61,7 +62,8 @@ void frmMain::applyLayout()
     Toolbar1_.place(0, std::max(0, (top - barHeight) / 2), std::max(0, pixels(layout_.searchLeft)),
                     barHeight);
     StatusBar1_.dock();
-    const int first = pixels(firstPanel);
+    const int outcome = StatusBar1_.sizeOf(widestOutcome).cx + pixels(120_twips);
+    const int first = std::max(pixels(firstPanel), outcome);
     StatusBar1_.setPanelEdges(first, first + (pixels(layout_.clientWidth) - first) * 2 / 5);
 }
 

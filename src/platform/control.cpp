@@ -135,6 +135,18 @@ std::optional<LRESULT> Control::onColor(HDC context, UINT message)
     return reinterpret_cast<LRESULT>(GetSysColorBrush(field ? COLOR_WINDOW : COLOR_3DFACE));
 }
 
+void tellSystemColors(HWND window)
+{
+    EnumChildWindows(
+        window,
+        [](HWND child, LPARAM) -> BOOL {
+            SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
+            return TRUE;
+        },
+        0);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {

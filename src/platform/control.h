@@ -73,6 +73,9 @@ class Control {
     COLORREF foreColor_ = 0;
 };
 
+// Hands WM_SYSCOLORCHANGE, which the system sends to top-level windows only, to all controls within the window.
+void tellSystemColors(HWND window);
+
 // Hands WM_NOTIFY, WM_COMMAND, WM_DRAWITEM and the colour messages that a parent got to the control they are about.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 

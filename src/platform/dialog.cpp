@@ -65,6 +65,10 @@ INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.cx, smallest.cy};
         return TRUE;
     }
+    if (message == WM_SYSCOLORCHANGE) {
+        tellSystemColors(window_);
+        return TRUE;
+    }
     if (message == WM_DPICHANGED) {
         dpiChanged(*reinterpret_cast<const RECT*>(lParam));
         return TRUE;

@@ -8,12 +8,11 @@ namespace {
 // The system's own link colour is unreadable in some of its plain themes.
 constexpr COLORREF linkColor = RGB(0x00, 0x50, 0xB0);
 
-bool highContrast()
+// High contrast, or colours that the user has chosen: ours are for light surfaces.
+bool surfaceIsDark()
 {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
-    return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+    const COLORREF surface = GetSysColor(COLOR_3DFACE);
+    return GetRValue(surface) + GetGValue(surface) + GetBValue(surface) < 3 * 128;
 }
 
 } // namespace
@@ -35,7 +34,7 @@ void LinkLabel::setLook(COLORREF color, bool underlined)
 
 COLORREF LinkLabel::textColor() const
 {
-    if (highContrast()) return GetSysColor(isUnderlined_ ? COLOR_HOTLIGHT : COLOR_BTNTEXT);
+    if (surfaceIsDark()) return GetSysColor(isUnderlined_ ? COLOR_HOTLIGHT : COLOR_BTNTEXT);
     return color_.value_or(linkColor);
 }
 

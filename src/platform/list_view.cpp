@@ -245,6 +245,14 @@ void ListView::setForeColor(COLORREF color)
     send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(color == 0 ? GetSysColor(COLOR_WINDOWTEXT) : color));
 }
 
+void ListView::takeSystemColors()
+{
+    const auto ground = static_cast<LPARAM>(GetSysColor(COLOR_WINDOW));
+    send(LVM_SETBKCOLOR, 0, ground);
+    send(LVM_SETTEXTBKCOLOR, 0, ground);
+    setForeColor(foreColor());
+}
+
 void ListView::editLabel(std::size_t row)
 {
     setFocus();

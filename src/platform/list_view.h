@@ -96,6 +96,7 @@ class ListView : public Control {
     friend class ListPause;
     void catchUp();
     template <typename Change> void changeRows(Change change);
+    void takeSystemColors();
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);
     bool unselectsMany(UINT message) const;

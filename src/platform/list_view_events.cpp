@@ -92,6 +92,11 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return Control::onMessage(message, wParam, lParam) | DLGC_WANTARROWS |
                (wantsKey ? DLGC_WANTMESSAGE : 0);
     }
+    case WM_SYSCOLORCHANGE: {
+        const LRESULT answer = Control::onMessage(message, wParam, lParam);
+        takeSystemColors();
+        return answer;
+    }
     default: return Control::onMessage(message, wParam, lParam);
     }
 }
