@@ -36,10 +36,12 @@ WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winedbg.exe=d"
 # The locale decides the ANSI code page, the form of dates and how names on the disk are read: C.UTF-8 is code
 # page 1252, 11/16/2002 and any letter (plain C would take the eighth bit off every letter of a file name).
 LC_ALL=${VANDREL_LC:-C.UTF-8}
+# Tests without a window (prefix "files") leave the first processor to those with one.
+[[ $VANDREL_PREFIX != files || -z ${VANDREL_CPU-} ]] || VANDREL_CPU=1
 export VANDREL_PREFIX WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LC_ALL
 
 # A Windows program asks the Wine server for nearly everything, and waits for the answer. On one processor that is a
-# switch of tasks; on two, each has to be woken up, which takes ten times as long. VANDREL_CPU says on which of the
+# switch of tasks; on two, each has to be woken up, which takes far longer. VANDREL_CPU says on which of the
 # processors at hand, counted from 0, the server of a prefix and its programs run; empty: on any.
 wine_on_cpu() {
     [[ -n ${VANDREL_CPU-} ]] || { "$@"; return; }

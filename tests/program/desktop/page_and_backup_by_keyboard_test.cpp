@@ -1,9 +1,9 @@
 #include "tests/program/support/program_test.h"
+#include "tests/program/support/registry_value.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 
 namespace vandrel::test {
 namespace {
@@ -30,43 +30,13 @@ void chooseByKeys(const ProgramDriver& program, WORD entry, WORD subEntry)
     program.key(subEntry);
 }
 
-// Where the shell says that the user's desktop is, until the end of the test: the folder browser begins there.
-class DesktopFolder {
-  public:
+// Where the shell says that the user's desktop is: the folder browser begins there.
+struct DesktopFolder : RegistryValue {
     explicit DesktopFolder(const std::wstring& path)
-    {
-        RegCreateKeyExW(HKEY_CURRENT_USER,
-                        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders", 0,
-                        nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_, nullptr);
-        DWORD bytes = 0;
-        if (RegQueryValueExW(key_, valueName, nullptr, &type_, nullptr, &bytes) == ERROR_SUCCESS) {
-            before_.emplace(bytes, '\0');
-            RegQueryValueExW(key_, valueName, nullptr, &type_, reinterpret_cast<BYTE*>(before_->data()),
-                             &bytes);
-        }
-        EXPECT_EQ(RegSetValueExW(key_, valueName, 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
-                                 static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t))),
-                  ERROR_SUCCESS);
-    }
-    DesktopFolder(const DesktopFolder&) = delete;
-    DesktopFolder& operator=(const DesktopFolder&) = delete;
-    ~DesktopFolder()
-    {
-        if (before_) {
-            RegSetValueExW(key_, valueName, 0, type_, reinterpret_cast<const BYTE*>(before_->data()),
-                           static_cast<DWORD>(before_->size()));
-        } else {
-            RegDeleteValueW(key_, valueName);
-        }
-        RegCloseKey(key_);
-    }
-
-  private:
-    static constexpr const wchar_t* valueName = L"Desktop";
-
-    HKEY key_ = nullptr;
-    DWORD type_ = REG_SZ;
-    std::optional<std::string> before_;
+        : RegistryValue(HKEY_CURRENT_USER,
+                        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders",
+                        L"Desktop", path)
+    {}
 };
 
 // The first folder of the browser, by keys.

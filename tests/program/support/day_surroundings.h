@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/program/support/program_files.h"
+#include "tests/program/support/registry_value.h"
 #include "tests/support/temp_folder.h"
 
 #include <windows.h>
@@ -9,25 +10,6 @@
 #include <vector>
 
 namespace vandrel::test {
-
-// A value of the registry, until the end of the test.
-class RegistryValue {
-  public:
-    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, const std::wstring& text);
-    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, DWORD number);
-    RegistryValue(const RegistryValue&) = delete;
-    RegistryValue& operator=(const RegistryValue&) = delete;
-    ~RegistryValue();
-
-  private:
-    void remember(HKEY root, const std::wstring& path);
-
-    HKEY key_ = nullptr;
-    std::wstring name_;
-    bool wasThere_ = false;
-    DWORD typeBefore_ = REG_SZ;
-    std::vector<BYTE> before_;
-};
 
 // Takes the place of the web browser and writes down what it is to open.
 class BrowserStandIn {

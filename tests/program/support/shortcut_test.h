@@ -1,49 +1,9 @@
 #pragma once
 
 #include "tests/program/support/program_test.h"
-
-#include <optional>
+#include "tests/program/support/registry_value.h"
 
 namespace vandrel::test {
-
-// Where the shell says that the user's Favorites are, until the end of the test.
-class FavoritesFolder {
-  public:
-    explicit FavoritesFolder(const std::wstring& path)
-    {
-        RegCreateKeyExW(HKEY_CURRENT_USER,
-                        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders", 0, nullptr,
-                        0, KEY_ALL_ACCESS, nullptr, &key_, nullptr);
-        DWORD bytes = 0;
-        if (RegQueryValueExW(key_, valueName, nullptr, &type_, nullptr, &bytes) == ERROR_SUCCESS) {
-            before_.emplace(bytes, '\0');
-            RegQueryValueExW(key_, valueName, nullptr, &type_, reinterpret_cast<BYTE*>(before_->data()),
-                             &bytes);
-        }
-        EXPECT_EQ(RegSetValueExW(key_, valueName, 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
-                                 static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t))),
-                  ERROR_SUCCESS);
-    }
-    FavoritesFolder(const FavoritesFolder&) = delete;
-    FavoritesFolder& operator=(const FavoritesFolder&) = delete;
-    ~FavoritesFolder()
-    {
-        if (before_) {
-            RegSetValueExW(key_, valueName, 0, type_, reinterpret_cast<const BYTE*>(before_->data()),
-                           static_cast<DWORD>(before_->size()));
-        } else {
-            RegDeleteValueW(key_, valueName);
-        }
-        RegCloseKey(key_);
-    }
-
-  private:
-    static constexpr const wchar_t* valueName = L"Favorites";
-
-    HKEY key_ = nullptr;
-    DWORD type_ = REG_SZ;
-    std::optional<std::string> before_;
-};
 
 // The program with a Favorites folder of the test's own; its dialog for shortcut files is used by keys.
 class ShortcutTest : public ProgramTest {
@@ -100,7 +60,10 @@ class ShortcutTest : public ProgramTest {
     TempFolder favorites{L"favorites"};
 
   private:
-    FavoritesFolder favoritesFolder_{favorites.path()};
+    // Where the shell says that the user's Favorites are.
+    RegistryValue favoritesFolder_{HKEY_CURRENT_USER,
+                                   L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
+                                   L"Favorites", favorites.path()};
 };
 
 } // namespace vandrel::test

@@ -30,7 +30,7 @@ class EnduranceTest : public SearchTest {
         atOnce_.answer = nullptr;
         ASSERT_EQ(atOnce_.answered(), before + 1);
     }
-    // A tenth of so many, which beside all the other tests is enough for what is left behind in each round. A run by
+    // A twentieth of so many, which beside all the other tests is enough for what is left behind in each round. A run by
     // hand takes all of them with VANDREL_ENDURANCE=100 (per cent) and VANDREL_TIMEOUT=1800 (seconds).
     static int rounds(int all)
     {
@@ -63,7 +63,7 @@ class EnduranceTest : public SearchTest {
     }
 
   private:
-    static constexpr int usualPerCent = 10;
+    static constexpr int usualPerCent = 5;
     static constexpr const char* reportMark = "endured ";
 
     AtOnce atOnce_;

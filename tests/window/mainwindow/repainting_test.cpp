@@ -1,34 +1,9 @@
+#include "tests/support/pixels.h"
 #include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {
 namespace {
-
-// The pixels that the screen shows of a window's client area.
-std::vector<DWORD> pixelsOf(HWND window)
-{
-    const RECT area = clientOf(window);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = area.right;
-    info.bmiHeader.biHeight = -area.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    const HDC screen = GetDC(window);
-    const HDC context = CreateCompatibleDC(screen);
-    void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ before = SelectObject(context, bitmap);
-    BitBlt(context, 0, 0, area.right, area.bottom, screen, 0, 0, SRCCOPY);
-    GdiFlush();
-    const auto* const first = static_cast<const DWORD*>(bits);
-    std::vector<DWORD> pixels(first, first + area.right * area.bottom);
-    SelectObject(context, before);
-    DeleteObject(bitmap);
-    DeleteDC(context);
-    ReleaseDC(window, screen);
-    return pixels;
-}
 
 // What a window shows after its size has changed is what it would show if it were painted anew.
 class Repainting : public MainWindowTest {

@@ -1,3 +1,4 @@
+#include "tests/support/pixels.h"
 #include "tests/window/reach/reach_test.h"
 
 #include <array>
@@ -49,29 +50,11 @@ struct Seen {
 Seen seenOf(HWND control)
 {
     RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    const RECT area = clientOf(control);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = area.right;
-    info.bmiHeader.biHeight = -area.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    const HDC screen = GetDC(control);
-    const HDC context = CreateCompatibleDC(screen);
-    void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ old = SelectObject(context, bitmap);
-    BitBlt(context, 0, 0, area.right, area.bottom, screen, 0, 0, SRCCOPY);
-    GdiFlush();
     std::array<int, 256> counts{};
-    const auto* const pixels = static_cast<const RGBQUAD*>(bits);
-    for (LONG i = 0; i < area.right * area.bottom; ++i)
-        ++counts[static_cast<std::size_t>(
-            lightness(RGB(pixels[i].rgbRed, pixels[i].rgbGreen, pixels[i].rgbBlue)))];
-    SelectObject(context, old);
-    DeleteObject(bitmap);
-    DeleteDC(context);
-    ReleaseDC(control, screen);
+    for (const DWORD pixel : pixelsOf(control)) {
+        const COLORREF color = RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
+        ++counts[static_cast<std::size_t>(lightness(color))];
+    }
     int lightest = 255;
     while (lightest > 0 && counts[static_cast<std::size_t>(lightest)] == 0) --lightest;
     return {static_cast<int>(std::ranges::max_element(counts) - counts.begin()), lightest};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace vandrel::test {
+
+// A value of the registry, until the end of the test.
+class RegistryValue {
+  public:
+    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, const std::wstring& text);
+    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, DWORD number);
+    RegistryValue(const RegistryValue&) = delete;
+    RegistryValue& operator=(const RegistryValue&) = delete;
+    ~RegistryValue();
+
+  private:
+    void remember(HKEY root, const std::wstring& path);
+
+    HKEY key_ = nullptr;
+    std::wstring name_;
+    bool wasThere_ = false;
+    DWORD typeBefore_ = REG_SZ;
+    std::vector<BYTE> before_;
+};
+
+} // namespace vandrel::test
