@@ -205,14 +205,37 @@ void frmOptions::layOut()
     setClientSize(strip.right + strip.left, top + buttonHeight + gap);
 }
 
+// Both pages are built of lines of text, boxes as high as one and a little more, and gaps.
+struct frmOptions::Measures {
+    int line = 0;
+    int gap = 0;
+    int margin = 0;
+    int box = 0;
+};
+
+frmOptions::Measures frmOptions::measures() const
+{
+    const int line = lblFontCaption_.sizeOf(L"X").cy;
+    const int gap = TabStrip1_.pixels(120_twips);
+    return {.line = line, .gap = gap, .margin = gap / 2, .box = line + gap};
+}
+
+// Returns where the box ends.
+int frmOptions::placeBeside(Label& label, ComboBox& box, POINT at, Twips boxWidth) const
+{
+    const auto [line, gap, margin, boxHeight] = measures();
+    const int labelWidth = label.sizeOf(label.text()).cx;
+    const int width = TabStrip1_.pixels(boxWidth);
+    const int left = at.x + labelWidth + gap;
+    box.place(left, at.y, width, TabStrip1_.pixels(2400_twips)); // with the open list
+    label.place(at.x, at.y + (box.height() - line) / 2, labelWidth, line);
+    return left + width;
+}
+
 void frmOptions::layOutAppearance(SIZE page)
 {
     const auto px = [this](Twips length) { return TabStrip1_.pixels(length); };
-    const int line = lblFontCaption_.sizeOf(L"X").cy;
-    const int gap = px(120_twips);
-    const int boxHeight = line + px(120_twips);
-    const int openList = px(2400_twips);
-    const int margin = gap / 2;
+    const auto [line, gap, margin, boxHeight] = measures();
     const int previewHeight = px(900_twips);
     const int frameHeight = page.cy - previewHeight - gap - 2 * margin;
     const int effectsWidth = px(1860_twips);
@@ -224,13 +247,11 @@ void frmOptions::layOutAppearance(SIZE page)
     int top = margin + line + gap;
     const int captionWidth = lblFontCaption_.sizeOf(lblFontCaption_.text()).cx;
     lblFontCaption_.place(frameLeft, top, captionWidth, line);
-    lblFontName_.place(frameLeft + captionWidth + gap / 2, top, inner - captionWidth - gap / 2, line);
-    top += line + gap / 2;
+    lblFontName_.place(frameLeft + captionWidth + margin, top, inner - captionWidth - margin, line);
+    top += line + margin;
     const int sizeTop = margin + frameHeight - gap - boxHeight;
     lstFonts_.place(frameLeft, top, inner, sizeTop - gap - top);
-    const int sizeWidth = lblFontSize_.sizeOf(lblFontSize_.text()).cx;
-    cboFontSize_.place(frameLeft + sizeWidth + gap, sizeTop, px(1080_twips), openList);
-    lblFontSize_.place(frameLeft, sizeTop + (cboFontSize_.height() - line) / 2, sizeWidth, line);
+    placeBeside(lblFontSize_, cboFontSize_, {frameLeft, sizeTop}, 1080_twips);
 
     const int left = margin + fontsWidth + gap;
     fraEffects_.place(left, margin, effectsWidth, frameHeight);
@@ -249,13 +270,8 @@ void frmOptions::layOutAppearance(SIZE page)
 
 void frmOptions::layOutHTML(SIZE page)
 {
-    const auto px = [this](Twips length) { return TabStrip1_.pixels(length); };
-    const int line = lblHTMLFont_.sizeOf(L"X").cy;
-    const int gap = px(120_twips);
-    const int boxHeight = line + px(120_twips);
-    const int openList = px(2400_twips);
-    const int tableHeight = line + gap / 2 + boxHeight + gap;
-    const int margin = gap / 2;
+    const auto [line, gap, margin, boxHeight] = measures();
+    const int tableHeight = line + margin + boxHeight + gap;
     const int width = page.cx - 2 * margin;
     const int checkTop = page.cy - boxHeight - margin;
     const int tableTop = checkTop - margin - tableHeight;
@@ -264,16 +280,9 @@ void frmOptions::layOutHTML(SIZE page)
     const int listTop = 2 * margin + line;
     lstHTMLFont_.place(margin, listTop, width, tableTop - margin - listTop);
     fraTable_.place(margin, tableTop, width, tableHeight);
-    int left = margin + gap;
     const int top = tableTop + line + margin;
-    const auto field = [&](Label& label, ComboBox& box) {
-        const int labelWidth = label.sizeOf(label.text()).cx;
-        box.place(left + labelWidth + gap, top, px(1200_twips), openList);
-        label.place(left, top + (box.height() - line) / 2, labelWidth, line);
-        left += labelWidth + gap + px(1200_twips) + 3 * gap;
-    };
-    field(lblBorder_, cboHTMLBorder_);
-    field(lblWidth_, cboTableWidth_);
+    const int end = placeBeside(lblBorder_, cboHTMLBorder_, {margin + gap, top}, 1200_twips);
+    placeBeside(lblWidth_, cboTableWidth_, {end + 3 * gap, top}, 1200_twips);
     chkEmpty_.place(margin + gap, checkTop, width - gap, boxHeight);
 }
 

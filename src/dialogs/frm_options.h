@@ -32,6 +32,9 @@ class frmOptions : public Dialog {
     void cmdOK_Click();
     void cmdCancel_Click() { unload(); }
     void paintPreview(HDC context, const RECT& area) const;
+    struct Measures; // in pixels
+    Measures measures() const;
+    int placeBeside(Label& label, ComboBox& box, POINT at, Twips boxWidth) const;
     void layOutAppearance(SIZE page);
     void layOutHTML(SIZE page);
 

@@ -23,9 +23,7 @@ void backUp(const Workspace& workspace, std::size_t category, const std::wstring
 void backUpEvery(Workspace& workspace, const std::wstring& folder)
 {
     const std::size_t count = workspace.lstCategory.count();
-    workspace.PB.setMaximum(count);
-    workspace.PB.setValue(0);
-    workspace.PB.setVisible(true);
+    workspace.PB.begin(count);
     Turns turns;
     for (std::size_t category = 0; category < count; ++category) {
         workspace.PB.setValue(category + 1);

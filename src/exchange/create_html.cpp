@@ -58,13 +58,6 @@ void addSites(const Workspace& workspace, HtmlPage& page)
     }
 }
 
-// Between two turns nobody sees the lists.
-struct Quiet {
-    Quiet(ListView& first, ListView& second) : categories(first), sites(second) {}
-    ListPause categories;
-    ListPause sites;
-};
-
 // What the window shows while no category is selected.
 void showNone(Workspace& workspace, const std::wstring& caption)
 {
@@ -79,7 +72,8 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
     ListView& categories = workspace.lstCategory;
     const auto before = categories.currentRow();
     const std::wstring caption = windowText(workspace.window);
-    std::optional<Quiet> quiet(std::in_place, categories, workspace.lstInfo);
+    std::optional<ListPause> quiet(std::in_place, categories,
+                                   workspace.lstInfo); // nobody sees them between two turns
     Turns turns;
     for (std::size_t category = 0; category < categories.count(); ++category) {
         workspace.PB.setValue(category + 1);
@@ -104,9 +98,7 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
 
 void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
 {
-    workspace.PB.setMaximum(workspace.lstCategory.count());
-    workspace.PB.setValue(0);
-    workspace.PB.setVisible(true);
+    workspace.PB.begin(workspace.lstCategory.count());
     PageBytes bytes(workspace.options);
     if (!AllCat) addSites(workspace, bytes.page());
     else if (!workspace.lstCategory.empty()) addEveryCategory(workspace, bytes);

@@ -5,8 +5,10 @@
 
 #include <commctrl.h>
 
+#include <concepts>
 #include <functional>
 #include <initializer_list>
+#include <vector>
 
 namespace vandrel {
 
@@ -133,18 +135,22 @@ class ListView : public Control {
     bool pressFired_ = false; // the press of the button selected a row already
 };
 
-// While one lives, the native control is told neither how many rows there are nor which one is selected: for a change
-// of either it paints scroll bars and frames at once, which costs more than filling the list. For work that fills and
-// selects over and over before the next message; no more than one row may be selected meanwhile.
+// While one lives, the native controls of its lists are told neither how many rows there are nor which one is selected:
+// for a change of either they paint scroll bars and frames at once, which costs more than filling a list. For work that
+// fills and selects over and over before the next message; no more than one row of a list may be selected meanwhile.
 class ListPause {
   public:
-    explicit ListPause(ListView& list);
+    template <std::same_as<ListView>... Lists>
+    explicit ListPause(Lists&... lists) : ListPause(std::vector<ListView*>{&lists...})
+    {}
     ListPause(const ListPause&) = delete;
     ListPause& operator=(const ListPause&) = delete;
     ~ListPause();
 
   private:
-    ListView& list_;
+    explicit ListPause(std::vector<ListView*> lists);
+
+    std::vector<ListView*> lists_;
 };
 
 } // namespace vandrel

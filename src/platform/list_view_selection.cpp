@@ -88,16 +88,20 @@ void ListView::clearSelection()
 }
 
 // What was selected before is remembered as the rows were; a list of many selected rows begins without any.
-ListPause::ListPause(ListView& list) : list_(list)
+ListPause::ListPause(std::vector<ListView*> lists) : lists_(std::move(lists))
 {
-    if (list_.pauses_ == 0)
-        list_.selectedInPause_ = list_.selectedCount() == 1 ? list_.currentRow() : std::nullopt;
-    ++list_.pauses_;
+    for (ListView* const list : lists_) {
+        if (list->pauses_ == 0)
+            list->selectedInPause_ = list->selectedCount() == 1 ? list->currentRow() : std::nullopt;
+        ++list->pauses_;
+    }
 }
 
 ListPause::~ListPause()
 {
-    if (--list_.pauses_ == 0) list_.catchUp();
+    for (ListView* const list : lists_) {
+        if (--list->pauses_ == 0) list->catchUp();
+    }
 }
 
 void ListView::catchUp()

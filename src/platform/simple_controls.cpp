@@ -167,6 +167,13 @@ ProgressBar::ProgressBar(HWND parent) : Control(parent, PROGRESS_CLASSW, 0, 0, -
     SendMessageW(handle(), PBM_SETRANGE32, 0, progressSteps);
 }
 
+void ProgressBar::begin(std::size_t steps)
+{
+    setMaximum(steps);
+    setValue(0);
+    setVisible(true);
+}
+
 void ProgressBar::setMaximum(std::size_t maximum) { maximum_ = std::max<std::size_t>(maximum, 1); }
 
 void ProgressBar::setValue(std::size_t value)

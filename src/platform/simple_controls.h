@@ -100,6 +100,8 @@ class ProgressBar : public Control {
   public:
     explicit ProgressBar(HWND parent);
 
+    // Shows the bar, empty, for work of so many steps.
+    void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
     // Repaints at once, and only when the bar is longer than before on the screen.

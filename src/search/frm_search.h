@@ -42,15 +42,6 @@ class frmSearch : public Dialog {
 
   private:
     struct Remembered;
-    // Between two turns nobody sees the lists.
-    struct Quiet {
-        Quiet(ListView& first, ListView& second, ListView& third)
-            : categories(first), sites(second), results(third)
-        {}
-        ListPause categories;
-        ListPause sites;
-        ListPause results;
-    };
 
     void Form_Load();
     void cmdSearch_Click();
@@ -77,7 +68,7 @@ class frmSearch : public Dialog {
     Twips statusExtra() const;
 
     Workspace& workspace_;
-    std::optional<Quiet> quiet_; // while no message can be dispatched
+    std::optional<ListPause> quiet_; // while no message can be dispatched
     bool searching_ = false;
     bool quitting_ = false; // the program ends: nothing is touched any more
     ULONGLONG turnMilliseconds_ = Turns::usualMilliseconds;

@@ -56,8 +56,7 @@ void RemoveURL(Workspace& workspace)
         return;
     {
         ProgressBar& PB = workspace.PB;
-        PB.setMaximum(sites.count());
-        PB.setVisible(true);
+        PB.begin(sites.count());
         const ScopeExit hide([&PB] { PB.setVisible(false); });
         sites.removeSelected([&PB](std::size_t row) { PB.setValue(row); });
     }
