@@ -9,6 +9,7 @@ namespace {
 
 constexpr UINT_PTR tmrClipboard = 1;
 constexpr UINT timerMilliseconds = 1;
+constexpr Twips splitterStep{120}; // of a key
 
 enum ControlId { idCategories = 201, idSites };
 
@@ -163,7 +164,18 @@ bool frmMain::filterMessage(MSG& message)
             if (!worksWhileEditing(static_cast<MenuEntry>(row.id))) return false;
         }
     }
-    return TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
+    return (!editing && takeSplitterKey(message)) ||
+           TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
+}
+
+// The bar between the lists, for who has no mouse.
+bool frmMain::takeSplitterKey(const MSG& message)
+{
+    if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0 || GetKeyState(VK_SHIFT) >= 0)
+        return false;
+    if (message.wParam != VK_LEFT && message.wParam != VK_RIGHT) return false;
+    moveSplitter(message.wParam == VK_LEFT ? Twips{} - splitterStep : splitterStep);
+    return true;
 }
 
 // Where the user was before a dialog or another program, as long as that can still take keys.

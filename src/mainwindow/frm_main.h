@@ -78,6 +78,7 @@ class frmMain : public Window, public Form {
     void picSepBar_MouseDown(Twips x);
     void picSepBar_MouseMove(Twips x);
     void picSepBar_MouseUp();
+    void moveSplitter(Twips by);
     void dpiChanged(const RECT& suggested);
     void drawForDpi();
     int pixels(Twips length) const { return toPixels(length, dpi()); }
@@ -105,6 +106,7 @@ class frmMain : public Window, public Form {
     // Keys that no control answers.
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
+    bool takeSplitterKey(const MSG& message);
     void dropClosedWindows();
     void giveFocusBack();
 

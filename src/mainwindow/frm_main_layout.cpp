@@ -108,6 +108,16 @@ void frmMain::picSepBar_MouseUp()
     applyLayout();
 }
 
+// As a drag by so much, but not out of sight: keys have no pointer that shows where the bar went.
+void frmMain::moveSplitter(Twips by)
+{
+    readLayout();
+    if (layout_.barLeft + by > layout_.clientWidth - layout_.barWidth) return;
+    picSepBar_MouseDown(Twips{});
+    picSepBar_MouseMove(by);
+    picSepBar_MouseUp();
+}
+
 void frmMain::fontsChanged()
 {
     layout_.searchWidth = std::clamp(toTwips(picSearch_.fittingWidth(), dpi()), smallestSearch,

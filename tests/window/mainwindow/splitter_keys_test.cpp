@@ -1,0 +1,103 @@
+#include "tests/support/input.h"
+#include "tests/window/mainwindow/window_parts.h"
+
+namespace vandrel::test {
+namespace {
+
+class SplitterKeys : public MainWindowTest {
+  protected:
+    SplitterKeys()
+    {
+        setPreference(L"Config", L"Width", L"15000");
+        setPreference(L"Config", L"Height", L"9000");
+        folder.write(L"Work.udb", threeSites);
+    }
+    RECT bar() { return placeOf(splitterBar(*main)); }
+    int step() { return px(*main, 120); }
+    static void left() { pressKey(VK_LEFT, true, true); }
+    static void right() { pressKey(VK_RIGHT, true, true); }
+};
+
+TEST_F(SplitterKeys, ControlShiftAndAnArrowMoveTheBarAsADragWould)
+{
+    start();
+    for (ListView* const list : {&lstCategory(), &lstInfo()}) {
+        list->setFocus();
+        const LONG before = bar().left;
+        right();
+        right();
+        EXPECT_EQ(bar().left, before + 2 * step());
+        left();
+        EXPECT_EQ(bar().left, before + step());
+        EXPECT_EQ(placeOf(lstCategory().handle()).right, bar().left);
+        EXPECT_EQ(columnPixels(lstCategory(), 0), bar().left - px(*main, 45));
+        EXPECT_EQ(placeOf(lstInfo().handle()).left, bar().right);
+        EXPECT_EQ(placeOf(lstInfo().handle()).right, clientOf(main->handle()).right);
+        EXPECT_EQ(GetFocus(), list->handle());
+    }
+}
+
+TEST_F(SplitterKeys, TheBarStopsWhereAReleaseWouldPutItOnTheLeft)
+{
+    start();
+    lstInfo().setFocus();
+    for (int i = 0; i < 40; ++i) left();
+    EXPECT_EQ(bar().left, px(*main, 60));
+    EXPECT_EQ(widthOf(placeOf(lstCategory().handle())), px(*main, 60));
+    right();
+    EXPECT_EQ(bar().left, px(*main, 180));
+}
+
+TEST_F(SplitterKeys, TheBarStaysInTheWindowOnTheRight)
+{
+    start();
+    lstInfo().setFocus();
+    const int room = clientOf(main->handle()).right;
+    for (int i = 0; i < room / step() + 10; ++i) right();
+    EXPECT_LE(bar().right, room);
+    EXPECT_GT(bar().right, room - step());
+    left();
+    EXPECT_LE(bar().right, room - step());
+}
+
+TEST_F(SplitterKeys, OtherKeysLeaveItWhereItIs)
+{
+    start();
+    lstInfo().setFocus();
+    const LONG before = bar().left;
+    pressKey(VK_RIGHT);
+    pressKey(VK_RIGHT, true);
+    pressKey(VK_RIGHT, false, true);
+    pressKey(VK_DOWN, true, true);
+    EXPECT_EQ(bar().left, before);
+}
+
+TEST_F(SplitterKeys, InAFieldTheyBelongToTheText)
+{
+    start();
+    const LONG before = bar().left;
+    main->searchPanel().cmbSearch.setFocus();
+    right();
+    EXPECT_EQ(bar().left, before);
+    lstCategory().setFocus();
+    lstCategory().editLabel(0);
+    ASSERT_TRUE(lstCategory().editingLabel());
+    right();
+    EXPECT_EQ(bar().left, before);
+    EXPECT_TRUE(lstCategory().editingLabel());
+}
+
+TEST_F(SplitterKeys, WhereTheMousePressedLastMakesNoDifference)
+{
+    start();
+    const HWND window = splitterBar(*main);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 10));
+    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(3, 10));
+    lstInfo().setFocus();
+    const LONG before = bar().left;
+    right();
+    EXPECT_EQ(bar().left, before + step());
+}
+
+} // namespace
+} // namespace vandrel::test
