@@ -44,13 +44,13 @@ class Dragged {
     HANDLE process_ = nullptr;
 };
 
-constexpr const char* oneSite = "Old|http://z/||1/1/2001\r\n";
+constexpr const char* oldSite = "Old|http://z/||1/1/2001\r\n";
 
 class DragAndDrop : public ProgramTest {
   protected:
     void startWithOneSite()
     {
-        folder.write(L"Work.udb", oneSite);
+        folder.write(L"Work.udb", oldSite);
         start();
         EXPECT_SOON(program.siteCount(), 1);
     }
@@ -95,7 +95,7 @@ class DragAndDrop : public ProgramTest {
     void expectNothingAdded() const
     {
         EXPECT_EQ(program.siteCount(), 1);
-        EXPECT_EQ(folder.read(L"Work.udb"), oneSite);
+        EXPECT_EQ(folder.read(L"Work.udb"), oldSite);
         program.key(VK_F3);
         EXPECT_EQ(nameAndAddress(), (Fields{L"", L"http://"}));
         program.key(VK_ESCAPE);
@@ -111,7 +111,7 @@ TEST_F(DragAndDrop, ALinkOpensTheEditorAndTheBrowserGoesOnMeanwhile)
     EXPECT_SOON(dragged.answer(), std::string("returned copy"));
     EXPECT_EQ(program.openDialog(L"Add Site..."), editor);
     EXPECT_EQ(nameAndAddress(), (Fields{L"", L"http://dropped.example/?a=1&b=2"}));
-    EXPECT_EQ(folder.read(L"Work.udb"), oneSite);
+    EXPECT_EQ(folder.read(L"Work.udb"), oldSite);
 }
 
 TEST_F(DragAndDrop, ANameAndEnterMakeTheLinkALineOfTheCategoryFile)
@@ -122,13 +122,13 @@ TEST_F(DragAndDrop, ANameAndEnterMakeTheLinkALineOfTheCategoryFile)
     program.type(L"Dropped");
     program.key(VK_RETURN);
     program.back();
-    EXPECT_SOON(folder.read(L"Work.udb"), "Dropped|http://dropped.example/||" + today() + "\r\n" + oneSite);
+    EXPECT_SOON(folder.read(L"Work.udb"), "Dropped|http://dropped.example/||" + today() + "\r\n" + oldSite);
     EXPECT_EQ(program.column(0), (Texts{L"Dropped", L"Old"}));
 }
 
 TEST_F(DragAndDrop, ALinkGoesToTheCategoryThatIsShown)
 {
-    folder.write(L"A.udb", oneSite);
+    folder.write(L"A.udb", oldSite);
     folder.write(L"B.udb", "");
     start();
     program.openCategory(L"B");
@@ -138,7 +138,7 @@ TEST_F(DragAndDrop, ALinkGoesToTheCategoryThatIsShown)
     program.key(VK_RETURN);
     program.back();
     EXPECT_SOON(folder.read(L"B.udb"), "Dropped|http://dropped.example/||" + today() + "\r\n");
-    EXPECT_EQ(folder.read(L"A.udb"), oneSite);
+    EXPECT_EQ(folder.read(L"A.udb"), oldSite);
 }
 
 TEST_F(DragAndDrop, TextInItsAnsiFormIsTakenAsItIs)

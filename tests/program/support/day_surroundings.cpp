@@ -1,6 +1,7 @@
 #include "tests/program/support/day_surroundings.h"
 
 #include "tests/program/support/eventually.h"
+#include "tests/program/support/program_files.h"
 
 #include <stdexcept>
 #include <utility>
@@ -10,15 +11,6 @@ namespace {
 
 constexpr const wchar_t* recordName = L"record.txt";
 constexpr const wchar_t* answerName = L"answer.txt";
-
-std::string utf8(const std::wstring& text)
-{
-    std::string bytes(text.size() * 3, '\0');
-    bytes.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr)));
-    return bytes;
-}
 
 } // namespace
 

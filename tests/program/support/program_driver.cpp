@@ -58,15 +58,6 @@ std::vector<HWND> windowsOf(DWORD processId, const std::wstring& className = {})
     return std::move(search.found);
 }
 
-std::string utf8(const std::wstring& text)
-{
-    std::string bytes(text.size() * 3, '\0');
-    bytes.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr)));
-    return bytes;
-}
-
 std::wstring extendedIfLong(const std::wstring& path)
 {
     return path.size() < MAX_PATH ? path : extendedPath(path);

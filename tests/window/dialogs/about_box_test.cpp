@@ -1,6 +1,6 @@
 #include "shared/maker.h"
+#include "tests/support/input.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 #include <set>

@@ -1,3 +1,4 @@
+#include "tests/support/input.h"
 #include "tests/window/dialogs/editor_test.h"
 
 namespace vandrel::test {

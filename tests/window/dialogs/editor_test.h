@@ -38,13 +38,6 @@ class EditorTest : public testing::Test {
     DisplayFont font{.name = L"Arial", .color = 0, .size = 8, .bold = false, .italic = false};
 };
 
-// A key pressed in the control that has the focus, through the program's own message loop.
-inline void pressKey(WPARAM key)
-{
-    PostMessageW(GetFocus(), WM_KEYDOWN, key, 0);
-    MessageLoop::current().dispatchPending();
-}
-
 inline constexpr int editorFields[] = {editor::name, editor::address, editor::description};
 
 } // namespace vandrel::test

@@ -1,5 +1,5 @@
+#include "tests/support/input.h"
 #include "tests/window/dialogs/options_test.h"
-#include "tests/window/mainwindow/keys.h"
 
 namespace vandrel::test {
 namespace {

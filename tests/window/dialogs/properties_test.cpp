@@ -1,6 +1,6 @@
 #include "dialogs/frm_properties.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/recorder.h"
 
 namespace vandrel::test {

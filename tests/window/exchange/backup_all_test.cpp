@@ -1,7 +1,7 @@
 #include "platform/turns.h"
+#include "tests/support/message_watch.h"
 #include "tests/window/exchange/backup_drive.h"
 #include "tests/window/exchange/backup_test.h"
-#include "tests/window/mainwindow/keys.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "exchange/module1.h"
 #include "platform/topmost.h"
+#include "tests/support/input.h"
 #include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/menus_seen.h"
 
 namespace vandrel::test {

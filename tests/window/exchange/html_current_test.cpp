@@ -1,5 +1,5 @@
+#include "tests/support/message_watch.h"
 #include "tests/window/exchange/html_test.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/platform/wine.h"
 
 #include <filesystem>

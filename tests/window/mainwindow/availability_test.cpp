@@ -77,14 +77,14 @@ class Availability : public MainWindowTest {
     void tick() { SendMessageW(main->handle(), WM_TIMER, 1, 0); }
 };
 
-const std::vector<int> none;
+const std::vector<int> noCommand;
 
 TEST_F(Availability, WithSitesEverythingIsUsable)
 {
     folder.write(L"Work.udb", threeSites);
     start();
-    EXPECT_EQ(siteCommandsThatAreNot(true), none);
-    EXPECT_EQ(categoryCommandsThatAreNot(true), none);
+    EXPECT_EQ(siteCommandsThatAreNot(true), noCommand);
+    EXPECT_EQ(categoryCommandsThatAreNot(true), noCommand);
     EXPECT_TRUE(othersAreEnabled());
 }
 
@@ -92,16 +92,16 @@ TEST_F(Availability, WithAnEmptyCategoryTheSiteCommandsAreNot)
 {
     folder.write(L"Empty.udb", "");
     start();
-    EXPECT_EQ(siteCommandsThatAreNot(false), none);
-    EXPECT_EQ(categoryCommandsThatAreNot(true), none);
+    EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
+    EXPECT_EQ(categoryCommandsThatAreNot(true), noCommand);
     EXPECT_TRUE(othersAreEnabled());
 }
 
 TEST_F(Availability, WithoutCategoriesNeitherAre)
 {
     start();
-    EXPECT_EQ(siteCommandsThatAreNot(false), none);
-    EXPECT_EQ(categoryCommandsThatAreNot(false), none);
+    EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
+    EXPECT_EQ(categoryCommandsThatAreNot(false), noCommand);
     EXPECT_TRUE(othersAreEnabled());
 }
 
@@ -122,10 +122,10 @@ TEST_F(Availability, OneTickIsEnough)
     start();
     lstInfo().clear();
     tick();
-    EXPECT_EQ(siteCommandsThatAreNot(false), none);
+    EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
     lstInfo().add({L"A", L"http://a/", L"", L""}, siteImage);
     tick();
-    EXPECT_EQ(siteCommandsThatAreNot(true), none);
+    EXPECT_EQ(siteCommandsThatAreNot(true), noCommand);
 }
 
 TEST_F(Availability, AddingASiteEnablesItsCommandsWithoutAnotherAction)
@@ -171,7 +171,7 @@ TEST_F(Availability, TheFirstCategoryEnablesItsCommandsAlone)
     main->run(mnuAddCategory);
     EXPECT_ANSWERED(answers);
     EXPECT_TRUE(pumpUntil([&] { return categoryCommandsThatAreNot(true).empty(); }));
-    EXPECT_EQ(siteCommandsThatAreNot(false), none);
+    EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
 }
 
 TEST_F(Availability, DependsOnNoSelection)
@@ -181,8 +181,8 @@ TEST_F(Availability, DependsOnNoSelection)
     lstInfo().clearSelection();
     lstCategory().clearSelection();
     tick();
-    EXPECT_EQ(siteCommandsThatAreNot(true), none);
-    EXPECT_EQ(categoryCommandsThatAreNot(true), none);
+    EXPECT_EQ(siteCommandsThatAreNot(true), noCommand);
+    EXPECT_EQ(categoryCommandsThatAreNot(true), noCommand);
 }
 
 TEST_F(Availability, TicksLeaveTheMenusAloneWhileNeitherListEmptiesOrFills)

@@ -1,21 +1,12 @@
 #pragma once
 
 #include "platform/list_view.h"
-#include "tests/support/answers.h"
+#include "tests/support/input.h"
 
 #include <windows.h>
 
 // Mouse clicks as they reach a list.
 namespace vandrel::test {
-
-inline void clickAt(HWND window, POINT point, WPARAM held = 0)
-{
-    const LPARAM at = MAKELPARAM(point.x, point.y);
-    // Posted: a list that has got the press waits for what the mouse does next.
-    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | held, at);
-    PostMessageW(window, WM_LBUTTONUP, held, at);
-    pump();
-}
 
 inline POINT pointOnRow(const ListView& list, int row)
 {

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/keys.h"
+#include "tests/support/input.h"
 #include "tests/window/mainwindow/menus_seen.h"
 #include "tests/window/mainwindow/window_parts.h"
 

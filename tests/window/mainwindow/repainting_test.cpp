@@ -1,5 +1,4 @@
 #include "tests/support/pixels.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {

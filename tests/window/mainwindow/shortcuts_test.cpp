@@ -1,5 +1,6 @@
 #include "store/site_operations.h"
-#include "tests/window/mainwindow/keys.h"
+#include "tests/support/input.h"
+#include "tests/support/message_watch.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
+#include "tests/support/input.h"
 #include "tests/window/mainwindow/clicks.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {
@@ -67,7 +67,7 @@ TEST_F(SiteList, WithSeveralSelectedTheFirstOneIsShown)
     startWithSites();
     clickRow(lstInfo(), 1);
     {
-        const Keys held(true, false);
+        const HeldKeys held({VK_CONTROL});
         clickRow(lstInfo(), 2, MK_CONTROL);
     }
     EXPECT_EQ(lstInfo().selectedCount(), 2U);

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/keys.h"
+#include "tests/support/message_watch.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {

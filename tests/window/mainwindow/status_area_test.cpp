@@ -1,5 +1,5 @@
 #include "shared/apply_font.h"
-#include "tests/window/mainwindow/keys.h"
+#include "tests/support/message_watch.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {

@@ -3,8 +3,8 @@
 #include "platform/input_box.h"
 #include "platform/runtime_error.h"
 #include "platform/simple_controls.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 
 #include <gtest/gtest.h>
 
@@ -174,7 +174,7 @@ TEST_F(Dialogs, ShiftTabGoesBack)
 {
     SmallDialog dialog(window.handle());
     during(dialog, [&](HWND shown) {
-        const HeldKey shift(VK_SHIFT);
+        const HeldKeys shift({VK_SHIFT});
         postKey(GetFocus(), VK_TAB);
         MessageLoop::current().dispatchPending();
         EXPECT_EQ(GetFocus(), dialog.first.handle());

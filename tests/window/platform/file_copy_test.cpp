@@ -1,9 +1,9 @@
 #include "platform/file_layer.h"
 #include "platform/handle.h"
 #include "platform/runtime_error.h"
+#include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
 #include "tests/window/exchange/backup_drive.h"
-#include "tests/window/platform/error_of.h"
 #include "tests/window/platform/failing_files.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "platform/file_list.h"
 
+#include "tests/support/input.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 
 #include <gtest/gtest.h>
 
@@ -88,7 +88,7 @@ TEST_F(FileListTest, AClickSelectsAndIsReportedOnce)
     list.setPath(folder.path());
     int clicks = 0;
     list.Click = [&] { ++clicks; };
-    leftClickAt(list.handle(), middleOf(1));
+    clickAt(list.handle(), middleOf(1));
     EXPECT_EQ(selected(), L"b.url");
     EXPECT_EQ(clicks, 1);
 }
@@ -124,7 +124,7 @@ TEST_F(FileListTest, ADoubleClickIsReported)
     std::wstring opened;
     list.DblClick = [&] { opened = selected(); };
     const POINT at = middleOf(0);
-    leftClickAt(list.handle(), at);
+    clickAt(list.handle(), at);
     SendMessageW(list.handle(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x, at.y));
     SendMessageW(list.handle(), WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
     EXPECT_EQ(opened, L"a.url");

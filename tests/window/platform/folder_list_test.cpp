@@ -1,9 +1,9 @@
 #include "platform/folder_list.h"
 
 #include "tests/support/error_of.h"
+#include "tests/support/input.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 
 #include <gtest/gtest.h>
 
@@ -145,7 +145,7 @@ TEST_F(FolderListTest, ADoubleClickOnAnEntryOpensIt)
     RECT area{};
     SendMessageW(list.handle(), LB_GETITEMRECT, entry, reinterpret_cast<LPARAM>(&area));
     const LPARAM at = MAKELPARAM(area.left + 5, (area.top + area.bottom) / 2);
-    leftClickAt(list.handle(), {area.left + 5, (area.top + area.bottom) / 2});
+    clickAt(list.handle(), {area.left + 5, (area.top + area.bottom) / 2});
     EXPECT_EQ(list.path(), folder.path()) << "one click selects only";
     SendMessageW(list.handle(), WM_LBUTTONDBLCLK, MK_LBUTTON, at);
     SendMessageW(list.handle(), WM_LBUTTONUP, 0, at);

@@ -1,6 +1,6 @@
 #include "platform/link_label.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 
 #include <gtest/gtest.h>
 
@@ -94,9 +94,9 @@ TEST_F(LinkLook, AClickInAnyLookIsAClick)
 {
     int clicks = 0;
     link.Click = [&] { ++clicks; };
-    leftClickAt(link.handle(), {5, 5});
+    clickAt(link.handle(), {5, 5});
     link.setLook(0, false);
-    leftClickAt(link.handle(), {5, 5});
+    clickAt(link.handle(), {5, 5});
     EXPECT_EQ(clicks, 2);
     EXPECT_TRUE(link.hasFocus());
 }

@@ -43,7 +43,7 @@ TEST_F(ListClicks, AClickOnARowThatTheProgramSelectedIsAnnounced)
 TEST_F(ListClicks, AClickOnEmptySpaceIsNotAnnounced)
 {
     sites.select(1);
-    leftClickAt(sites.handle(), emptySpace(sites));
+    clickAt(sites.handle(), emptySpace(sites));
     EXPECT_TRUE(clicked.empty());
     EXPECT_TRUE(selectedRows(sites).empty());
 }
@@ -51,7 +51,7 @@ TEST_F(ListClicks, AClickOnEmptySpaceIsNotAnnounced)
 TEST_F(ListClicks, CtrlClickAddsARowAndTheSecondOneTakesItAway)
 {
     click(sites, 0);
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     click(sites, 2, MK_CONTROL);
     EXPECT_EQ(selectedRows(sites), (RowNumbers{0, 2}));
     EXPECT_EQ(clicked, (RowNumbers{0, 2}));
@@ -62,7 +62,7 @@ TEST_F(ListClicks, CtrlClickAddsARowAndTheSecondOneTakesItAway)
 TEST_F(ListClicks, ShiftClickSelectsARangeAndIsAnnouncedOnce)
 {
     click(sites, 1);
-    const HeldKey shift(VK_SHIFT);
+    const HeldKeys shift({VK_SHIFT});
     click(sites, 4, MK_SHIFT);
     EXPECT_EQ(selectedRows(sites), (RowNumbers{1, 2, 3, 4}));
     EXPECT_EQ(clicked, (RowNumbers{1, 4}));
@@ -96,7 +96,7 @@ TEST_F(ListClicks, HomeAndEndAreAnnouncedOnceEach)
 TEST_F(ListClicks, ShiftEndIsAnnouncedOnce)
 {
     click(sites, 1);
-    const HeldKey shift(VK_SHIFT);
+    const HeldKeys shift({VK_SHIFT});
     typeKey(sites.handle(), VK_END);
     EXPECT_EQ(selectedRows(sites), (RowNumbers{1, 2, 3, 4}));
     EXPECT_EQ(clicked, (RowNumbers{1, 4}));
@@ -201,7 +201,7 @@ TEST_F(ListClicks, AColumnHeadingTellsItsColumn)
     for (const std::size_t column : {std::size_t{1}, std::size_t{0}}) {
         RECT area{};
         SendMessageW(header, HDM_GETITEMRECT, column, reinterpret_cast<LPARAM>(&area));
-        leftClickAt(header, {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
+        clickAt(header, {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
     }
     EXPECT_EQ(columnsClicked, (RowNumbers{1, 0}));
     EXPECT_TRUE(clicked.empty());

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/list_view.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 #include "tests/window/platform/wine.h"
 
 #include <gtest/gtest.h>
@@ -90,7 +90,7 @@ inline POINT middleOf(const ListView& list, std::size_t row)
 
 inline void click(const ListView& list, std::size_t row, WPARAM keys = 0)
 {
-    leftClickAt(list.handle(), middleOf(list, row), keys);
+    clickAt(list.handle(), middleOf(list, row), keys);
 }
 
 // Below the last row.

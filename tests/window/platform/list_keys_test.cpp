@@ -30,7 +30,7 @@ class ListKeys : public ListTest {
 TEST_F(ListKeys, CtrlASelectsAllAndIsAnnouncedOnce)
 {
     sites.select(2);
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     typeKey(sites.handle(), 'A');
     EXPECT_EQ(sites.selectedCount(), 5U);
     EXPECT_EQ(clicked, RowNumbers{2}); // the row with the focus stays the current one
@@ -39,7 +39,7 @@ TEST_F(ListKeys, CtrlASelectsAllAndIsAnnouncedOnce)
 TEST_F(ListKeys, CtrlAInAnEmptyListDoesNothing)
 {
     sites.clear();
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     typeKey(sites.handle(), 'A');
     EXPECT_TRUE(clicked.empty());
 }
@@ -47,8 +47,8 @@ TEST_F(ListKeys, CtrlAInAnEmptyListDoesNothing)
 TEST_F(ListKeys, CtrlAltAIsALetterOfSomeKeyboardsAndSelectsNothing)
 {
     sites.select(2);
-    const HeldKey control(VK_CONTROL);
-    const HeldKey alt(VK_MENU);
+    const HeldKeys control({VK_CONTROL});
+    const HeldKeys alt({VK_MENU});
     SendMessageW(sites.handle(), WM_KEYDOWN, 'A', 1);
     EXPECT_EQ(selectedRows(sites), RowNumbers{2});
 }

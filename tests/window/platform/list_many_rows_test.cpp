@@ -85,7 +85,7 @@ TEST_F(ListOfManyRows, ShiftEndSelectsToTheEndAndAPlainKeyUnselectsAgain)
 {
     sites.select(10);
     {
-        const HeldKey shift(VK_SHIFT);
+        const HeldKeys shift({VK_SHIFT});
         typeKey(sites.handle(), VK_END);
     }
     EXPECT_EQ(sites.selectedCount(), many - 10);

@@ -34,7 +34,7 @@ TEST_F(ListOfOneSelection, AnArrowKeySelectsAnotherRowAndIsAnnouncedOnce)
 
 TEST_F(ListOfOneSelection, AClickOnEmptySpaceUnselectsNothing)
 {
-    leftClickAt(categories.handle(), emptySpace(categories));
+    clickAt(categories.handle(), emptySpace(categories));
     expectStillNews();
 }
 
@@ -47,7 +47,7 @@ TEST_F(ListOfOneSelection, ARightClickOnEmptySpaceUnselectsNothing)
 
 TEST_F(ListOfOneSelection, CtrlClickOnTheSelectedRowUnselectsNothing)
 {
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     click(categories, 1, MK_CONTROL);
     EXPECT_EQ(selectedNames(categories), Names{L"News"});
     EXPECT_EQ(nameOfCurrent(categories), L"News");
@@ -55,21 +55,21 @@ TEST_F(ListOfOneSelection, CtrlClickOnTheSelectedRowUnselectsNothing)
 
 TEST_F(ListOfOneSelection, CtrlAndSpaceUnselectsNothing)
 {
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     typeKey(categories.handle(), VK_SPACE);
     EXPECT_EQ(selectedNames(categories), Names{L"News"});
 }
 
 TEST_F(ListOfOneSelection, CtrlAndArrowLeavesOneRowSelected)
 {
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     typeKey(categories.handle(), VK_DOWN);
     EXPECT_EQ(selectedRows(categories).size(), 1U);
 }
 
 TEST_F(ListOfOneSelection, ShiftAndArrowSelectsOneRow)
 {
-    const HeldKey shift(VK_SHIFT);
+    const HeldKeys shift({VK_SHIFT});
     typeKey(categories.handle(), VK_DOWN);
     EXPECT_EQ(selectedNames(categories), Names{L"Work"});
     EXPECT_EQ(clicked, RowNumbers{2});
@@ -77,7 +77,7 @@ TEST_F(ListOfOneSelection, ShiftAndArrowSelectsOneRow)
 
 TEST_F(ListOfOneSelection, CtrlAChangesAndAnnouncesNothing)
 {
-    const HeldKey control(VK_CONTROL);
+    const HeldKeys control({VK_CONTROL});
     typeKey(categories.handle(), 'A');
     expectStillNews();
 }

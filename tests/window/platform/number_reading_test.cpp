@@ -1,6 +1,6 @@
 #include "platform/number_reading.h"
 
-#include "tests/window/platform/error_of.h"
+#include "tests/support/error_of.h"
 
 #include <gtest/gtest.h>
 

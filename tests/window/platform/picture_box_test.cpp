@@ -1,8 +1,8 @@
 #include "platform/picture_box.h"
 
 #include "platform/simple_controls.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 
 #include <gtest/gtest.h>
 
@@ -100,7 +100,7 @@ TEST_F(PictureBoxes, HandsTheEventsOfItsControlsBackToThem)
     button.place(0, 0, 50, 30);
     int clicks = 0;
     button.Click = [&] { ++clicks; };
-    leftClickAt(button.handle(), {5, 5});
+    clickAt(button.handle(), {5, 5});
     EXPECT_EQ(clicks, 1);
 }
 

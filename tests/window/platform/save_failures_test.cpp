@@ -10,16 +10,16 @@ namespace {
 
 using Names = std::vector<std::wstring>;
 
-constexpr const wchar_t* name = L"Work.udb";
-const std::string before = "old|http://old/||\r\n";
-const std::string after = "new|http://new/||\r\nnew too|http://new/||\r\n";
+constexpr const wchar_t* savedName = L"Work.udb";
+const std::string oldSites = "old|http://old/||\r\n";
+const std::string newSites = "new|http://new/||\r\nnew too|http://new/||\r\n";
 
 class FailingSave : public testing::Test {
   protected:
     // The number of the error that the save ends with, 0 when it succeeds.
     int save(FileLayer& files)
     {
-        return errorOf([&] { replaceFile(folder.file(name), after, files); });
+        return errorOf([&] { replaceFile(folder.file(savedName), newSites, files); });
     }
 
     // Fails at the first call, then at the second and so on, until the save succeeds without having been stopped.
@@ -27,11 +27,11 @@ class FailingSave : public testing::Test {
     {
         int failures = 0;
         for (int call = 1;; ++call) {
-            folder.write(name, before);
+            folder.write(savedName, oldSites);
             FailingFiles files(call, systemError, how);
             const int number = save(files);
-            EXPECT_EQ(folder.names(), Names{name}) << "call " << call;
-            EXPECT_EQ(folder.read(name), number == 0 ? after : before) << "call " << call;
+            EXPECT_EQ(folder.names(), Names{savedName}) << "call " << call;
+            EXPECT_EQ(folder.read(savedName), number == 0 ? newSites : oldSites) << "call " << call;
             if (!files.hasFailed()) {
                 EXPECT_EQ(number, 0);
                 break;
@@ -49,13 +49,13 @@ class FailingSave : public testing::Test {
 
 TEST_F(FailingSave, WithoutAFailureTheFileIsFlushedAndTakesItsPlaceAtTheVeryEnd)
 {
-    folder.write(name, before);
+    folder.write(savedName, oldSites);
     FailingFiles files;
     EXPECT_EQ(save(files), 0);
     EXPECT_EQ(files.calls,
               (std::vector<std::string>{"create", "write", "flush", "close", "identity", "replace"}));
-    EXPECT_EQ(folder.read(name), after);
-    EXPECT_EQ(folder.names(), Names{name});
+    EXPECT_EQ(folder.read(savedName), newSites);
+    EXPECT_EQ(folder.names(), Names{savedName});
 }
 
 TEST_F(FailingSave, OnAFullDiskIsError61AndTheOldFileIsWhole)
@@ -88,22 +88,22 @@ TEST_F(FailingSave, AWriteProtectedDiskIsError75AndTheOldFileIsWhole)
 
 TEST_F(FailingSave, AFolderThatTakesNoNewFilesIsError75AtOnce)
 {
-    folder.write(name, before);
+    folder.write(savedName, oldSites);
     FailingFiles files(1, ERROR_ACCESS_DENIED, FailingFiles::How::forGood);
     EXPECT_EQ(save(files), error_number::pathFileAccess);
     EXPECT_EQ(files.calls, (std::vector<std::string>{"create", "remove"}));
-    EXPECT_EQ(folder.read(name), before);
+    EXPECT_EQ(folder.read(savedName), oldSites);
 }
 
 TEST_F(FailingSave, ALockThatPassesIsTriedAgainAndTheSaveSucceeds)
 {
     for (const DWORD held : {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_ACCESS_DENIED}) {
-        folder.write(name, before);
+        folder.write(savedName, oldSites);
         FailingFiles files(6, static_cast<DWORD>(held)); // replacing the old file
         EXPECT_EQ(save(files), 0);
         EXPECT_EQ(files.calls.size(), 7U);
-        EXPECT_EQ(folder.read(name), after);
-        EXPECT_EQ(folder.names(), Names{name});
+        EXPECT_EQ(folder.read(savedName), newSites);
+        EXPECT_EQ(folder.names(), Names{savedName});
     }
 }
 
@@ -118,14 +118,14 @@ TEST_F(FailingSave, OfAFileThatIsNotThereYetLeavesNothing)
 
 TEST_F(FailingSave, WhoseTemporaryFileCannotBeRemovedKeepsTheOldFileAndTheFirstReason)
 {
-    folder.write(name, before);
+    folder.write(savedName, oldSites);
     FailingFiles files(2, ERROR_DISK_FULL);
     files.removalFails = true;
     EXPECT_EQ(save(files), error_number::diskFull);
-    EXPECT_EQ(folder.read(name), before);
+    EXPECT_EQ(folder.read(savedName), oldSites);
     ASSERT_EQ(folder.names().size(), 2U);
     EXPECT_EQ(save(files), 0);
-    EXPECT_EQ(folder.names(), Names{name}); // the next save takes the left-over file's place
+    EXPECT_EQ(folder.names(), Names{savedName}); // the next save takes the left-over file's place
 }
 
 TEST_F(FailingSave, WritesBesideTheFileUnderANameOfThisProcessThatIsNoCategorys)
@@ -140,12 +140,12 @@ TEST_F(FailingSave, WritesBesideTheFileUnderANameOfThisProcessThatIsNoCategorys)
 
 TEST_F(FailingSave, OfAnEmptyTextLeavesTheOldOneToo)
 {
-    folder.write(name, before);
+    folder.write(savedName, oldSites);
     FailingFiles failing(2, ERROR_DISK_FULL);
-    EXPECT_THROW(replaceFile(folder.file(name), "", failing), RuntimeError);
-    EXPECT_EQ(folder.read(name), before);
-    replaceFile(folder.file(name), "");
-    EXPECT_EQ(folder.read(name), "");
+    EXPECT_THROW(replaceFile(folder.file(savedName), "", failing), RuntimeError);
+    EXPECT_EQ(folder.read(savedName), oldSites);
+    replaceFile(folder.file(savedName), "");
+    EXPECT_EQ(folder.read(savedName), "");
 }
 
 } // namespace

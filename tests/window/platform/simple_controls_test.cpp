@@ -2,8 +2,8 @@
 
 #include "platform/image_list.h"
 #include "platform/runtime_error.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 
 #include <commctrl.h>
 
@@ -24,7 +24,7 @@ TEST_F(SimpleControls, AButtonTellsThatItWasClicked)
     button.place(10, 10, 80, 30);
     int clicks = 0;
     button.Click = [&] { ++clicks; };
-    leftClickAt(button.handle(), {20, 15});
+    clickAt(button.handle(), {20, 15});
     EXPECT_EQ(clicks, 1);
     SendMessageW(button.handle(), BM_CLICK, 0, 0);
     EXPECT_EQ(clicks, 2);

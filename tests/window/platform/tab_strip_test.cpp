@@ -1,8 +1,8 @@
 #include "platform/tab_strip.h"
 
 #include "platform/simple_controls.h"
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/mainwindow/keys.h"
 
 #include <commctrl.h>
 
@@ -32,7 +32,7 @@ class TabStrips : public testing::Test {
     // Whether the strip has dealt with the key.
     bool take(WPARAM key, bool control, bool shift, UINT message = WM_KEYDOWN)
     {
-        const Keys held(control, shift);
+        const HeldKeys held(controlAndShift(control, shift));
         MSG pressed{};
         pressed.hwnd = field.handle();
         pressed.message = message;
@@ -143,7 +143,7 @@ TEST_F(TabStrips, ASingleTabLeavesAllKeysToTheDialog)
     MSG pressed{};
     pressed.message = WM_KEYDOWN;
     pressed.wParam = VK_TAB;
-    const Keys held(true, false);
+    const HeldKeys held({VK_CONTROL});
     EXPECT_FALSE(single.takeKey(pressed));
 }
 

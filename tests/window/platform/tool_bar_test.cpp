@@ -1,7 +1,7 @@
 #include "platform/tool_bar.h"
 
+#include "tests/support/input.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/keys.h"
 #include "tests/window/platform/menu_keys.h"
 
 #include <gtest/gtest.h>
@@ -37,14 +37,14 @@ class ToolBars : public testing::Test {
     void click(int position)
     {
         const RECT place = area(position);
-        leftClickAt(bar.handle(), {place.left + 6, (place.top + place.bottom) / 2});
+        clickAt(bar.handle(), {place.left + 6, (place.top + place.bottom) / 2});
     }
     // Clicks the arrow of the drop-down button and types the keys into the menu that opens.
     void openMenuAndType(std::initializer_list<int> keys)
     {
         const MenuKeys typed(window.handle(), keys);
         const RECT place = area(3);
-        leftClickAt(bar.handle(), {place.right - 4, (place.top + place.bottom) / 2});
+        clickAt(bar.handle(), {place.right - 4, (place.top + place.bottom) / 2});
     }
 
     TestWindow window;

@@ -1,6 +1,7 @@
 #include "search/quick_search.h"
 
-#include "tests/window/mainwindow/keys.h"
+#include "tests/support/input.h"
+#include "tests/support/message_watch.h"
 #include "tests/window/mainwindow/window_parts.h"
 #include "tests/window/platform/wine.h"
 #include "tests/window/store/store_test.h"

@@ -90,7 +90,7 @@ TEST_F(SearchBesideEditor, ASearchThatIsStoppedByTheEditorGoesOnAfterIt)
 {
     folder.write(L"A.udb", manySites("a", 12));
     clickCategory(L"A");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         runWithEditor(mnuAddWebsite, addCaption, typeSite(L"new", L"http://0/", L"n"));
     });

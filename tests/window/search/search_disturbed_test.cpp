@@ -34,7 +34,7 @@ class SearchDisturbed : public SearchOfThreeTest {
 
 TEST_F(SearchDisturbed, ALaterCategoryThatIsRemovedIsLeftOut)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) remove(L"B");
     });
     find(L"");
@@ -47,7 +47,7 @@ TEST_F(SearchDisturbed, ALaterCategoryThatIsRemovedIsLeftOut)
 TEST_F(SearchDisturbed, TheOneOfBeforeThatIsRemovedGivesItsPlaceToTheNext)
 {
     clickCategory(L"B");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 3) remove(L"B");
     });
     find(L"");
@@ -59,7 +59,7 @@ TEST_F(SearchDisturbed, TheOneOfBeforeThatIsRemovedGivesItsPlaceToTheNext)
 TEST_F(SearchDisturbed, TheOneThatIsSearchedAndRemovedIsSearchedToItsEnd)
 {
     clickCategory(L"C");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         remove(L"A");
         lstInfo().clear();
@@ -74,7 +74,7 @@ TEST_F(SearchDisturbed, TheOneThatIsSearchedAndRemovedIsSearchedToItsEnd)
 
 TEST_F(SearchDisturbed, AllCategoriesMayBeRemoved)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         for (const wchar_t* const title : {L"A", L"B", L"C"}) remove(title);
     });
@@ -87,7 +87,7 @@ TEST_F(SearchDisturbed, AllCategoriesMayBeRemoved)
 TEST_F(SearchDisturbed, ACategoryThatIsAddedIsNotSearchedAndHidesNone)
 {
     clickCategory(L"C");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         folder.write(L"New.udb", manySites("n", 9));
         lstCategory().insert(0, {L"New"}, closedFolderImage);
@@ -103,7 +103,7 @@ TEST_F(SearchDisturbed, ACategoryThatIsAddedIsNotSearchedAndHidesNone)
 TEST_F(SearchDisturbed, AnotherCategoryThatTheUserSelectsDisturbsNothing)
 {
     clickCategory(L"B");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) clickCategory(L"C");
     });
     find(L"");
@@ -117,7 +117,7 @@ TEST_F(SearchDisturbed, AnotherCategoryThatTheUserSelectsDisturbsNothing)
 
 TEST_F(SearchDisturbed, AFileThatIsGoneHasNoSites)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) DeleteFileW(folder.file(L"B.udb").c_str());
     });
     find(L"");
@@ -130,7 +130,7 @@ TEST_F(SearchDisturbed, AFileThatIsGoneHasNoSites)
 TEST_F(SearchDisturbed, AFileThatAnotherProgramHoldsHasNoSitesAndIsKept)
 {
     HANDLE held = INVALID_HANDLE_VALUE;
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1)
             held = CreateFileW(folder.file(L"B.udb").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
                                nullptr);
@@ -144,7 +144,7 @@ TEST_F(SearchDisturbed, AFileThatAnotherProgramHoldsHasNoSitesAndIsKept)
 
 TEST_F(SearchDisturbed, AFileThatGrowsIsSearchedAsItIsWhenItIsItsTurn)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         folder.write(L"A.udb", manySites("a", 20));
         folder.write(L"B.udb", manySites("b", 4));
@@ -158,7 +158,7 @@ TEST_F(SearchDisturbed, AFileThatGrowsIsSearchedAsItIsWhenItIsItsTurn)
 TEST_F(SearchDisturbed, ASiteThatIsAddedGoesToTheShownCategoryAlone)
 {
     clickCategory(L"B");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         ASSERT_EQ(selectedTitle(), L"A");
         lstInfo().add({L"added", L"http://added.example/", L"", L"1/1/2003"}, siteImage);
@@ -174,7 +174,7 @@ TEST_F(SearchDisturbed, ASiteThatIsAddedGoesToTheShownCategoryAlone)
 
 TEST_F(SearchDisturbed, SitesThatAreRemovedMeanwhileDisturbNothing)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         for (int i = 0; i < 6; ++i) lstInfo().remove(5);
         SaveItems(workspace());
@@ -188,7 +188,7 @@ TEST_F(SearchDisturbed, SitesThatAreRemovedMeanwhileDisturbNothing)
 TEST_F(SearchDisturbed, ACategoryWhoseTitleIsBeingTypedGetsItAndNoOther)
 {
     const CurrentFolder current(folder.path()); // files are renamed in the current folder
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) {
             ASSERT_EQ(selectedTitle(), L"A");
             lstCategory().setFocus();
@@ -211,7 +211,7 @@ TEST_F(SearchDisturbed, ACategoryWhoseTitleIsBeingTypedGetsItAndNoOther)
 
 TEST_F(SearchDisturbed, ASiteThatIsMovedMeanwhileIsMovedOnce)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         lstInfo().select(0);
         for (std::size_t i = 0; i < workspace().mnuMove.count(); ++i) {

@@ -8,7 +8,7 @@ using SearchRunning = SearchOfThreeTest;
 TEST_F(SearchRunning, TheSecondPanelCountsInFivesAndBeginsAgainWithEveryCategory)
 {
     Lines seen;
-    const Turns turns(*main, [&](int) { seen.push_back(panel(2)); });
+    const SearchTurns turns(*main, [&](int) { seen.push_back(panel(2)); });
     find(L"nowhere to be found");
     EXPECT_EQ(seen, (Lines{L"5 site(s) searched", L"10 site(s) searched", L"5 site(s) searched"}));
     EXPECT_EQ(panel(2), L"22 site(s) searched");
@@ -17,7 +17,7 @@ TEST_F(SearchRunning, TheSecondPanelCountsInFivesAndBeginsAgainWithEveryCategory
 TEST_F(SearchRunning, TheResultsSoFarAreThere)
 {
     std::vector<std::size_t> counts;
-    const Turns turns(*main, [&](int) { counts.push_back(search().results().count()); });
+    const SearchTurns turns(*main, [&](int) { counts.push_back(search().results().count()); });
     find(L"");
     EXPECT_EQ(counts, (std::vector<std::size_t>{5, 10, 20}));
 }
@@ -25,7 +25,8 @@ TEST_F(SearchRunning, TheResultsSoFarAreThere)
 TEST_F(SearchRunning, TheMainWindowShowsTheCategoryThatIsSearched)
 {
     Lines shown;
-    const Turns turns(*main, [&](int) { shown.push_back(selectedTitle() + L": " + lstInfo().text(0)); });
+    const SearchTurns turns(*main,
+                            [&](int) { shown.push_back(selectedTitle() + L": " + lstInfo().text(0)); });
     find(L"");
     EXPECT_EQ(shown, (Lines{L"A: a 1", L"A: a 1", L"C: c 1"}));
     EXPECT_EQ(selectedTitle(), L"A");
@@ -33,7 +34,7 @@ TEST_F(SearchRunning, TheMainWindowShowsTheCategoryThatIsSearched)
 
 TEST_F(SearchRunning, WhatBelongsToTheSearchIsDisabledAndTheRestIsNot)
 {
-    const Turns turns(*main, [&](int) {
+    const SearchTurns turns(*main, [&](int) {
         for (const int id : {parts::term, IDOK, parts::section, parts::section + 1, parts::section + 2,
                              parts::section + 3, parts::caseSensitive})
             EXPECT_FALSE(IsWindowEnabled(part(id))) << id;
@@ -51,7 +52,7 @@ TEST_F(SearchRunning, WhatBelongsToTheSearchIsDisabledAndTheRestIsNot)
 TEST_F(SearchRunning, AFocusInItDoesNotGetLost)
 {
     SetFocus(part(parts::term));
-    const Turns turns(*main, [&](int) { EXPECT_TRUE(IsWindowEnabled(GetFocus())); });
+    const SearchTurns turns(*main, [&](int) { EXPECT_TRUE(IsWindowEnabled(GetFocus())); });
     pressKey(VK_RETURN);
     EXPECT_EQ(turns.count(), 3);
     EXPECT_EQ(GetFocus(), part(parts::term));
@@ -60,7 +61,7 @@ TEST_F(SearchRunning, AFocusInItDoesNotGetLost)
 TEST_F(SearchRunning, CloseEndsItAndShowsTheCategoryOfBefore)
 {
     clickCategory(L"B");
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) press(dialog(), IDCANCEL);
     });
     search().DoSearch(L"");
@@ -72,7 +73,7 @@ TEST_F(SearchRunning, CloseEndsItAndShowsTheCategoryOfBefore)
 
 TEST_F(SearchRunning, EscEndsItToo)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
     });
     SetFocus(part(parts::term));
@@ -83,7 +84,7 @@ TEST_F(SearchRunning, EscEndsItToo)
 
 TEST_F(SearchRunning, ClosedItLivesUntilItHasEnded)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         press(dialog(), IDCANCEL);
         const frmSearch* const before = main->searchWindow();
@@ -99,7 +100,7 @@ TEST_F(SearchRunning, TheProgramCanBeEnded)
 {
     const HWND window = main->handle();
     const HWND own = dialog();
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) main->run(mnuQuit);
     });
     search().DoSearch(L"");
@@ -113,7 +114,7 @@ TEST_F(SearchRunning, TheProgramCanBeEnded)
 
 TEST_F(SearchRunning, NoSecondSearchBegins)
 {
-    const Turns turns(*main, [&](int) {
+    const SearchTurns turns(*main, [&](int) {
         press(dialog(), IDOK);
         SendMessageW(dialog(), WM_COMMAND, IDOK, 0);
         EXPECT_EQ(search().results().count() % 5, 0U);
@@ -125,7 +126,7 @@ TEST_F(SearchRunning, NoSecondSearchBegins)
 
 TEST_F(SearchRunning, ResultsThatAreSortedMeanwhileAreSortedInTheEnd)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn != 2) return;
         clickHeader(search().results(), 0);
         EXPECT_EQ(found()[0], L"a 9");
@@ -141,7 +142,7 @@ TEST_F(SearchRunning, ResultsThatAreSortedMeanwhileAreSortedInTheEnd)
 
 TEST_F(SearchRunning, ResultsThatAreSelectedMeanwhileLeaveOneSelectedInTheEnd)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) search().results().selectAll();
     });
     find(L"");
@@ -152,7 +153,7 @@ TEST_F(SearchRunning, ResultsThatAreSelectedMeanwhileLeaveOneSelectedInTheEnd)
 TEST_F(SearchRunning, FindBringsTheSameWindow)
 {
     const HWND before = dialog();
-    const Turns turns(*main, [&](int) {
+    const SearchTurns turns(*main, [&](int) {
         SetActiveWindow(main->handle());
         main->run(mnuFind);
         EXPECT_EQ(dialog(), before);
@@ -164,7 +165,7 @@ TEST_F(SearchRunning, FindBringsTheSameWindow)
 
 TEST_F(SearchRunning, ATermThatIsTypedMeanwhileIsNotSearchedFor)
 {
-    const Turns turns(*main, [&](int turn) {
+    const SearchTurns turns(*main, [&](int turn) {
         if (turn == 1) SetWindowTextW(part(parts::term), L"nowhere to be found");
     });
     find(L"");

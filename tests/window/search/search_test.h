@@ -3,9 +3,10 @@
 #include "mainwindow/command_tables.h"
 #include "platform/topmost.h"
 #include "search/frm_search.h"
+#include "tests/support/input.h"
+#include "tests/support/message_watch.h"
 #include "tests/window/dialogs/site_editor.h"
 #include "tests/window/mainwindow/clicks.h"
-#include "tests/window/mainwindow/keys.h"
 #include "tests/window/mainwindow/window_parts.h"
 #include "tests/window/store/store_test.h"
 
@@ -94,9 +95,9 @@ inline std::string manySites(const std::string& name, int count)
 }
 
 // While a search runs, does something whenever it lets messages run: `action` gets the number of the time, from 1.
-class Turns {
+class SearchTurns {
   public:
-    Turns(frmMain& main, std::function<void(int turn)> action)
+    SearchTurns(frmMain& main, std::function<void(int turn)> action)
         : main_(main),
           action_(std::move(action)),
           filter_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); }),

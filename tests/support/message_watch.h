@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/message_loop.h"
-
 #include <windows.h>
 #include <commctrl.h>
 
@@ -9,33 +7,6 @@
 #include <vector>
 
 namespace vandrel::test {
-
-// Ctrl and Shift held down, or not.
-class Keys {
-  public:
-    Keys(bool control, bool shift) { set(control, shift); }
-    Keys(const Keys&) = delete;
-    Keys& operator=(const Keys&) = delete;
-    ~Keys() { set(false, false); }
-
-  private:
-    static void set(bool control, bool shift)
-    {
-        BYTE state[256]{};
-        GetKeyboardState(state);
-        for (const int key : {VK_CONTROL, VK_LCONTROL}) state[key] = control ? 0x80 : 0;
-        for (const int key : {VK_SHIFT, VK_LSHIFT}) state[key] = shift ? 0x80 : 0;
-        SetKeyboardState(state);
-    }
-};
-
-// Presses a key where the focus is, and lets the program's own message loop deal with it.
-inline void pressKey(WORD key, bool control = false, bool shift = false)
-{
-    const Keys held(control, shift);
-    PostMessageW(GetFocus(), WM_KEYDOWN, key, 1);
-    MessageLoop::current().dispatchPending();
-}
 
 // Takes down the menu commands that reach a window, instead of the window.
 class CommandRecorder {
