@@ -4,25 +4,41 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <string_view>
+#include <vector>
 
-// Ratios in one run: each figure stands beside the floor of the same work, measured in the same minute.
+namespace {
+
+struct Group {
+    std::string_view name;
+    void (*measure)();
+};
+
+constexpr Group groups[] = {
+    {"program", vandrel::bench::programRows},   {"store", vandrel::bench::storeRows},
+    {"exchange", vandrel::bench::exchangeRows}, {"output", vandrel::bench::outputRows},
+    {"search", vandrel::bench::searchRows},     {"scan", vandrel::bench::scanRows},
+};
+
+} // namespace
+
+// Ratios in one run: each figure stands beside the floor of the same work, measured in the same minute. Arguments name the
+// groups to be measured; none means all.
 // With --make-search-files it only writes the files that the search is measured on, so that another program can search
 // them as well.
 int main(int argc, char** argv)
 {
-    if (argc > 1 && std::string_view(argv[1]) == "--make-search-files") {
+    const std::vector<std::string_view> wanted(argv + 1, argv + argc);
+    if (std::ranges::count(wanted, "--make-search-files") > 0) {
         vandrel::bench::makeSearchFiles();
         return 0;
     }
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&classes);
     vandrel::bench::printHeader();
-    vandrel::bench::programRows();
-    vandrel::bench::storeRows();
-    vandrel::bench::exchangeRows();
-    vandrel::bench::outputRows();
-    vandrel::bench::searchRows();
-    vandrel::bench::scanRows();
+    for (const Group& group : groups) {
+        if (wanted.empty() || std::ranges::count(wanted, group.name) > 0) group.measure();
+    }
     return 0;
 }

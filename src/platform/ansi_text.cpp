@@ -1,14 +1,22 @@
 #include "platform/ansi_text.h"
 
+#include "platform/unit_vector.h"
+
 #include <windows.h>
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstring>
 
 namespace vandrel {
 namespace {
 
 constexpr wchar_t byteEscape = 0xDC00; // a low surrogate; alone it stands for a byte that spelled nothing
+
+// As many letters of ASCII as are looked at in one step.
+using ByteVector [[gnu::vector_size(unitsInVector)]] = std::uint8_t;
+constexpr std::ptrdiff_t block = unitsInVector;
 
 bool isByteEscape(wchar_t unit) { return unit >= byteEscape + 0x80 && unit <= byteEscape + 0xFF; }
 bool isHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
@@ -23,6 +31,7 @@ int wideLength(std::string_view bytes)
 // What the code page is, found out once.
 struct CodePage {
     bool singleByte = false;
+    bool holdsAscii = true; // bytes below 0x80 are the letters of the same number
     bool utf8 = GetACP() == CP_UTF8;
     int longestLetter = 1;
     std::array<wchar_t, 256> letters{}; // of a single-byte code page
@@ -37,6 +46,7 @@ struct CodePage {
             wchar_t unit = 0;
             const bool spells = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, &letter, 1, &unit, 1) == 1;
             letters[byte] = spells ? unit : static_cast<wchar_t>(byteEscape + byte);
+            if (byte < 0x80 && letters[byte] != static_cast<wchar_t>(byte)) holdsAscii = false;
         }
     }
 };
@@ -134,6 +144,25 @@ void encodeForeign(std::wstring_view text, wchar_t following, std::string& bytes
     if (start < text.size()) encodeUnits(text.substr(start), bytes);
 }
 
+// Most bytes are ASCII, and most of those stand together.
+void decodeSingleBytes(std::string_view bytes, wchar_t* text)
+{
+    const auto& letters = codePage().letters;
+    const char* at = bytes.data();
+    const char* const end = at + bytes.size();
+    while (at != end) {
+        for (; codePage().holdsAscii && end - at >= block; at += block, text += block) {
+            ByteVector some;
+            std::memcpy(&some, at, sizeof some);
+            if ((std::bit_cast<std::uint64_t>(some) & 0x8080808080808080U) != 0) break;
+            const UnitVector units = __builtin_convertvector(some, UnitVector);
+            std::memcpy(text, &units, sizeof units);
+        }
+        const char* const blockEnd = at + std::min(block, end - at);
+        while (at != blockEnd) *text++ = letters[static_cast<unsigned char>(*at++)];
+    }
+}
+
 } // namespace
 
 bool ansiLettersAreBytes() { return codePage().singleByte; }
@@ -142,8 +171,7 @@ std::size_t decodeAnsi(std::string_view bytes, wchar_t* text)
 {
     if (bytes.empty()) return 0;
     if (!codePage().singleByte) return static_cast<std::size_t>(decodeMultiByte(bytes, text) - text);
-    const auto& letters = codePage().letters;
-    std::ranges::transform(bytes, text, [&](char byte) { return letters[static_cast<unsigned char>(byte)]; });
+    decodeSingleBytes(bytes, text);
     return bytes.size();
 }
 
@@ -161,16 +189,15 @@ std::size_t mostAnsiBytes(std::size_t units)
 
 char* encodeAnsi(std::wstring_view text, char* bytes, wchar_t behind)
 {
-    constexpr std::ptrdiff_t block = 8;
     const wchar_t* at = text.data();
     const wchar_t* const end = at + text.size();
     while (at != end) {
         // Most letters are ASCII, and most of those stand together.
         for (; end - at >= block; at += block, bytes += block) {
-            unsigned all = 0;
-            for (std::ptrdiff_t i = 0; i < block; ++i) all |= at[i];
-            if (all >= 0x80) break;
-            for (std::ptrdiff_t i = 0; i < block; ++i) bytes[i] = static_cast<char>(at[i]);
+            const UnitVector units = loadUnits(at);
+            if (firstUnit(units >= allUnits(0x80)) != unitsInVector) break;
+            const ByteVector narrow = __builtin_convertvector(units, ByteVector);
+            std::memcpy(bytes, &narrow, sizeof narrow);
         }
         while (at != end && *at < 0x80) *bytes++ = static_cast<char>(*at++);
         const wchar_t* const foreign = at;

@@ -1,6 +1,7 @@
 #include "platform/ansi_text_file.h"
 
 #include "platform/ansi_text.h"
+#include "platform/ansi_text_writer.h"
 #include "platform/file_layer.h"
 #include "platform/handle.h"
 #include "platform/system_error.h"
@@ -86,11 +87,14 @@ DecodedText AnsiTextFile::read() const
     return decoder.finish();
 }
 
-void AnsiTextFile::write(const std::string& bytes) const { replaceFile(path_, bytes); }
-
-void AnsiTextFile::write(const std::string& bytes, FileLayer& files) const
+void AnsiTextFile::write(const std::function<void(AnsiTextWriter& text)>& compose, FileLayer& files) const
 {
-    replaceFile(path_, bytes, files);
+    const auto contents = [&](const WritePart& write) {
+        AnsiTextWriter text(write);
+        compose(text);
+        return text.end();
+    };
+    replaceFile(path_, contents, files);
 }
 
 } // namespace vandrel

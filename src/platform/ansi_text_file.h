@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace vandrel {
 
+class AnsiTextWriter;
 class FileLayer;
 
 // The text of a file. It is as large as the file has bytes, or larger, so it is not filled twice.
@@ -25,9 +27,9 @@ class AnsiTextFile {
     // RuntimeError (53 or 76 where there is no such file, 70, 75 and others where it cannot be read).
     DecodedText read() const;
 
-    // Puts encoded bytes in place of the content, all or nothing; see replaceFile.
-    void write(const std::string& bytes) const;
-    void write(const std::string& bytes, FileLayer& files) const;
+    // Puts the text that `compose` adds, piece by piece, in place of the content, all or nothing; see replaceFile. It is
+    // composed anew when the save is tried again.
+    void write(const std::function<void(AnsiTextWriter& text)>& compose, FileLayer& files) const;
 
   private:
     std::wstring path_;

@@ -58,7 +58,7 @@ std::wstring siblingOf(const std::wstring& path)
     return path.substr(0, name) + L"vandrel-" + std::to_wstring(GetCurrentProcessId()) + L".tmp";
 }
 
-bool writeAll(FileLayer& files, HANDLE file, const std::string& bytes)
+bool writePart(FileLayer& files, HANDLE file, std::string_view bytes)
 {
     constexpr std::size_t mostAtOnce = 64U << 20;
     for (std::size_t done = 0; done < bytes.size();) {
@@ -69,11 +69,19 @@ bool writeAll(FileLayer& files, HANDLE file, const std::string& bytes)
     return true;
 }
 
-bool writeSibling(FileLayer& files, const std::wstring& path, const std::string& bytes)
+bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContents& contents)
 {
     const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) return false;
-    const bool written = writeAll(files, file, bytes) && files.flush(file);
+    const WritePart write = [&](std::string_view bytes) { return writePart(files, file, bytes); };
+    bool written = false;
+    try {
+        written = contents(write) && files.flush(file);
+    } catch (...) {
+        files.close(file);
+        files.remove(path);
+        throw;
+    }
     const DWORD reason = GetLastError();
     const bool closed = files.close(file);
     if (!written) SetLastError(reason);
@@ -171,12 +179,17 @@ std::wstring extendedPath(const std::wstring& path)
     return L"\\\\?\\" + single;
 }
 
-void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
+void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files)
+{
+    replaceFile(path, WriteContents([&](const WritePart& write) { return write(bytes); }), files);
+}
+
+void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files)
 {
     const std::wstring target = extendedPath(path);
     requireReplaceable(target);
     const std::wstring sibling = siblingOf(target);
-    const bool written = withPatience(sibling, [&] { return writeSibling(files, sibling, bytes); }) &&
+    const bool written = withPatience(sibling, [&] { return writeSibling(files, sibling, contents); }) &&
                          files.copyIdentity(target, sibling);
     if (written && withPatience(target, [&] { return files.replace(sibling, target); })) return;
     const DWORD reason = GetLastError();
@@ -186,12 +199,12 @@ void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& 
     throw runtimeErrorOf(held ? ERROR_SHARING_VIOLATION : reason);
 }
 
-void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files)
+void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files)
 {
     requireReplaceable(path);
     const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) raiseLastError();
-    const bool written = writeAll(files, file, bytes);
+    const bool written = writePart(files, file, bytes);
     const DWORD reason = GetLastError();
     const bool closed = files.close(file);
     if (!written) throw runtimeErrorOf(reason);

@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace vandrel {
 
@@ -30,15 +32,21 @@ FileLayer& systemFiles();
 // Leaves a relative path alone.
 std::wstring extendedPath(const std::wstring& path);
 
-// Puts `bytes` in place of the file's content, all or nothing: they go to a file beside it, are flushed, and take
-// its place. While another program holds the file it tries again for about two seconds. Throws RuntimeError (52,
-// 57, 61, 70, 71, 75 or 76) with the old file whole and nothing left beside it.
-void replaceFile(const std::wstring& path, const std::string& bytes, FileLayer& files = systemFiles());
+// Writes what a file is to hold, part by part; false when a part was refused, with the reason in the last error.
+using WritePart = std::function<bool(std::string_view bytes)>;
+using WriteContents = std::function<bool(const WritePart& write)>;
+
+// Puts `contents` in place of the file's content, all or nothing: they go to a file beside it, are flushed, and take
+// its place. While another program holds the file it tries again for about two seconds, and may write the contents
+// again. Throws RuntimeError (52, 57, 61, 70, 71, 75 or 76), or what `contents` throws, with the old file whole and nothing
+// left beside it.
+void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files = systemFiles());
+void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
 // Puts `bytes` in the file, which is emptied first: what stops it leaves the file as far as it was written. For files
 // that can be made again, under names that the user typed: the system trims them as it does for every program. Throws
 // RuntimeError.
-void writeFile(const std::wstring& path, const std::string& bytes, FileLayer& files = systemFiles());
+void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
 // Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does. Throws RuntimeError, also when both
 // are the same file (70).

@@ -1,7 +1,7 @@
 #include "store/category_files.h"
 
-#include "platform/ansi_text.h"
 #include "platform/ansi_text_file.h"
+#include "platform/ansi_text_writer.h"
 #include "platform/file_layer.h"
 #include "platform/folder.h"
 #include "platform/list_view.h"
@@ -12,6 +12,7 @@
 #include "shared/workspace.h"
 #include "store/category_operations.h"
 #include "store/category_title.h"
+#include "store/site_lines.h"
 #include "store/site_record.h"
 
 namespace vandrel {
@@ -47,30 +48,6 @@ void readSites(Workspace& workspace, const std::wstring& title)
     } catch (const RuntimeError& error) {
         if (!isMissing(error)) workspace.unreadCategory = title;
     }
-}
-
-std::string bytesOf(const ListView& sites)
-{
-    constexpr std::size_t separators = 5; // three bars, CR and LF
-    std::size_t most = 0;
-    for (std::size_t row = 0; row < sites.count(); ++row) {
-        for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
-            most += mostAnsiBytes(sites.textView(row, column).size());
-        }
-        most += separators;
-    }
-    std::string bytes(most, '\0');
-    char* end = bytes.data();
-    for (std::size_t row = 0; row < sites.count(); ++row) {
-        for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
-            const bool last = column + 1 == ListRows::maxColumns;
-            end = encodeAnsi(sites.textView(row, column), end, last ? L'\r' : fieldSeparator);
-            *end++ = last ? '\r' : '|';
-            if (last) *end++ = '\n';
-        }
-    }
-    bytes.resize(static_cast<std::size_t>(end - bytes.data()));
-    return bytes;
 }
 
 void makeFirstCategory(Workspace& workspace)
@@ -160,7 +137,12 @@ void SaveItems(Workspace& workspace, FileLayer& files)
     if (!selected) throw RuntimeError(error_number::objectNotSet);
     const std::wstring title = workspace.lstCategory.text(*selected);
     if (workspace.unreadCategory == title) throw RuntimeError(error_number::permissionDenied);
-    AnsiTextFile(categoryPath(workspace, title)).write(bytesOf(workspace.lstInfo), files);
+    const auto addLines = [&](AnsiTextWriter& file) {
+        SiteLines lines(workspace.lstInfo.rows().all());
+        std::wstring_view piece = lines.next();
+        while (!piece.empty() && file.add(piece)) piece = lines.next();
+    };
+    AnsiTextFile(categoryPath(workspace, title)).write(addLines, files);
 }
 
 } // namespace vandrel

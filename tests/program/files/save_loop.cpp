@@ -2,7 +2,10 @@
 //   save_loop FOLDER EVENT
 // Sets the event of that name when it is about to begin.
 
+#include "platform/ansi_text.h"
 #include "platform/ansi_text_file.h"
+#include "platform/ansi_text_writer.h"
+#include "platform/file_layer.h"
 #include "tests/program/files/versions.h"
 
 #include <windows.h>
@@ -14,19 +17,20 @@ int wmain(int argc, wchar_t** argv)
     using namespace vandrel;
     if (argc != 3) return 2;
     const std::wstring folder = argv[1];
-    std::vector<std::vector<std::string>> versions;
+    std::vector<std::vector<std::wstring>> versions;
     for (int file = 0; file < 2; ++file) {
         versions.emplace_back();
         for (int version = 0; version < test::versionCount; ++version)
-            versions.back().push_back(test::versionOf(file, version));
+            versions.back().push_back(decodeAnsi(test::versionOf(file, version)));
     }
     const HANDLE begun = OpenEventW(EVENT_MODIFY_STATE, FALSE, argv[2]);
     if (begun == nullptr) return 3;
     SetEvent(begun);
     for (std::size_t round = 0;; ++round) {
         for (std::size_t file = 0; file < 2; ++file) {
+            const std::wstring& text = versions[file][(round + file) % test::versionCount];
             AnsiTextFile(folder + L"\\" + test::savedFiles[file])
-                .write(versions[file][(round + file) % test::versionCount]);
+                .write([&](AnsiTextWriter& saved) { saved.add(text); }, systemFiles());
         }
     }
 }

@@ -1,6 +1,8 @@
 #include "platform/ansi_text_file.h"
 
 #include "platform/ansi_text.h"
+#include "platform/ansi_text_writer.h"
+#include "platform/file_layer.h"
 #include "platform/handle.h"
 #include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
@@ -22,6 +24,10 @@ class TextFile : public testing::Test {
     {
         const DecodedText text = AnsiTextFile(folder.file(name)).read();
         return std::wstring(std::wstring_view(text));
+    }
+    void save(const std::wstring& name, const std::wstring& text)
+    {
+        AnsiTextFile(folder.file(name)).write([&](AnsiTextWriter& file) { file.add(text); }, systemFiles());
     }
     FileHandle held(const wchar_t* name, DWORD share)
     {
@@ -48,24 +54,24 @@ TEST_F(TextFile, SixteenMegabytesAreReadAndWrittenEveryLetterInItsPlace)
 {
     std::string bytes((16U << 20) + 3, 'x');
     for (std::size_t i = 0; i < bytes.size(); i += 97) bytes[i] = static_cast<char>(i % 251 + 1);
-    AnsiTextFile(folder.file(L"Big.udb")).write(bytes);
+    save(L"Big.udb", decodeAnsi(bytes));
     EXPECT_TRUE(folder.read(L"Big.udb") == bytes);
     EXPECT_TRUE(textOf(L"Big.udb") == decodeAnsi(bytes));
 }
 
-TEST_F(TextFile, WritingPutsTheBytesThereAsTheyAre)
+TEST_F(TextFile, WritingPutsTheTextThereAsItIs)
 {
     const std::string bytes("\xE9|\0\n\r\x1A", 6);
-    AnsiTextFile(folder.file(L"Work.udb")).write(bytes);
+    save(L"Work.udb", decodeAnsi(bytes));
     EXPECT_EQ(folder.read(L"Work.udb"), bytes);
-    AnsiTextFile(folder.file(L"Work.udb")).write("");
+    save(L"Work.udb", L"");
     EXPECT_EQ(folder.read(L"Work.udb"), "");
 }
 
 TEST_F(TextFile, ItsNameMayHoldLettersOutsideTheCodePage)
 {
     const std::wstring name = L"Ksi\u0105\u017Cki \u672C.udb";
-    AnsiTextFile(folder.file(name)).write("a|b\r\n");
+    save(name, L"a|b\r\n");
     EXPECT_TRUE(folder.has(name));
     EXPECT_EQ(textOf(name), L"a|b\r\n");
 }
@@ -118,7 +124,7 @@ TEST_F(TextFile, StaysClosedAfterwards)
     folder.write(L"Work.udb", "a|b\r\n");
     textOf(L"Work.udb");
     EXPECT_TRUE(held(L"Work.udb", 0));
-    AnsiTextFile(folder.file(L"Work.udb")).write("c|d\r\n");
+    save(L"Work.udb", L"c|d\r\n");
     EXPECT_TRUE(held(L"Work.udb", 0));
 }
 

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 namespace vandrel::test {
 namespace {
 
@@ -146,6 +148,35 @@ TEST_F(FailingSave, OfAnEmptyTextLeavesTheOldOneToo)
     EXPECT_EQ(folder.read(savedName), oldSites);
     replaceFile(folder.file(savedName), "");
     EXPECT_EQ(folder.read(savedName), "");
+}
+
+TEST_F(FailingSave, ThatRunsOutOfMemoryInTheMiddleLeavesTheOldFileAloneAndNothingBesideIt)
+{
+    folder.write(savedName, oldSites);
+    const WriteContents failing = [](const WritePart& write) -> bool {
+        EXPECT_TRUE(write("half of it"));
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(replaceFile(folder.file(savedName), failing), std::bad_alloc);
+    EXPECT_EQ(folder.read(savedName), oldSites);
+    EXPECT_EQ(folder.names(), Names{savedName});
+    FileLayer& files = systemFiles();
+    EXPECT_EQ(save(files), 0) << "nothing is held open";
+}
+
+TEST_F(FailingSave, InAnyOfManyPartsLeavesTheOldFile)
+{
+    for (int call = 2; call <= 4; ++call) {
+        folder.write(savedName, oldSites);
+        FailingFiles files(call, ERROR_DISK_FULL);
+        const WriteContents parts = [](const WritePart& write) {
+            return write("one") && write("two") && write("three");
+        };
+        EXPECT_EQ(errorOf([&] { replaceFile(folder.file(savedName), parts, files); }),
+                  error_number::diskFull);
+        EXPECT_EQ(folder.read(savedName), oldSites);
+        EXPECT_EQ(folder.names(), Names{savedName});
+    }
 }
 
 } // namespace
