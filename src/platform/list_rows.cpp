@@ -16,6 +16,7 @@ std::wstring_view ListRows::keep(std::wstring text)
 void ListRows::setText(std::size_t row, std::size_t column, std::wstring text)
 {
     rows_[row].texts[column] = keep(std::move(text));
+    if (column == sortKey_) inOrder_ = std::min(inOrder_, row);
 }
 
 void ListRows::clear()
@@ -24,6 +25,7 @@ void ListRows::clear()
         std::vector<Row>(); // with its memory: a million rows must not stay because there were so many once
     kept_.clear();
     blocks_.clear();
+    inOrder_ = 0;
 }
 
 void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
@@ -64,16 +66,23 @@ std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8
         place = std::upper_bound(rows_.begin(), rows_.end(), row,
                                  [this](const Row& a, const Row& b) { return comesBefore(a, b); });
     }
-    const auto inserted = rows_.insert(place, row);
-    return static_cast<std::size_t>(inserted - rows_.begin());
+    const auto index = static_cast<std::size_t>(place - rows_.begin());
+    if (sorted_ && index <= inOrder_) ++inOrder_;
+    rows_.insert(place, row);
+    return index;
 }
 
 void ListRows::insert(std::size_t row, std::array<std::wstring, maxColumns> texts, std::uint8_t image)
 {
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row), keptRow(std::move(texts), image));
+    inOrder_ = std::min(inOrder_, row);
 }
 
-void ListRows::remove(std::size_t row) { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row)); }
+void ListRows::remove(std::size_t row)
+{
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+    if (row < inOrder_) --inOrder_;
+}
 
 std::optional<std::size_t> ListRows::firstMarked() const
 {
@@ -84,7 +93,10 @@ std::optional<std::size_t> ListRows::firstMarked() const
 
 std::size_t ListRows::removeMarked()
 {
-    return std::erase_if(rows_, [](const Row& row) { return row.marked; });
+    const bool allInOrder = inOrder_ == rows_.size();
+    const std::size_t removed = std::erase_if(rows_, [](const Row& row) { return row.marked; });
+    inOrder_ = allInOrder ? rows_.size() : 0;
+    return removed;
 }
 
 bool ListRows::setSorted(bool on)
@@ -95,22 +107,28 @@ bool ListRows::setSorted(bool on)
 
 bool ListRows::setSortKey(std::size_t column)
 {
-    sortKey_ = column;
+    orderBy(column, sortOrder_);
     return sort();
 }
 
 bool ListRows::setSortOrder(SortOrder order)
 {
-    sortOrder_ = order;
+    orderBy(sortKey_, order);
     return sort();
 }
 
 bool ListRows::sortBy(std::size_t column, SortOrder order)
 {
-    sortKey_ = column;
-    sortOrder_ = order;
+    orderBy(column, order);
     sorted_ = true;
     return sort();
+}
+
+void ListRows::orderBy(std::size_t key, SortOrder order)
+{
+    if (key != sortKey_ || order != sortOrder_) inOrder_ = 0;
+    sortKey_ = key;
+    sortOrder_ = order;
 }
 
 bool ListRows::comesBefore(const Row& a, const Row& b) const
@@ -123,7 +141,9 @@ bool ListRows::sort()
 {
     if (!sorted_) return false;
     const auto before = [this](const Row& a, const Row& b) { return comesBefore(a, b); };
-    const auto end = std::ranges::is_sorted_until(rows_, before);
+    const auto known = rows_.begin() + static_cast<std::ptrdiff_t>(std::max<std::size_t>(inOrder_, 1) - 1);
+    const auto end = rows_.empty() ? rows_.end() : std::is_sorted_until(known, rows_.end(), before);
+    inOrder_ = rows_.size();
     if (end == rows_.end()) return false;
     if (end + 1 == rows_.end()) {
         // One row added to others in order: it goes behind its equals, where a stable sort would put it.

@@ -41,7 +41,7 @@ class ListRows {
 
     std::size_t size() const { return rows_.size(); }
     const Row& operator[](std::size_t row) const { return rows_[row]; }
-    Row& operator[](std::size_t row) { return rows_[row]; }
+    Row& operator[](std::size_t row) { return rows_[row]; } // for all but its texts
     std::span<const Row> all() const { return rows_; }
     // What owns the texts of the rows that the list was filled with; null when nothing filled it.
     std::shared_ptr<const void> block() const { return blocks_.empty() ? nullptr : blocks_.front(); }
@@ -76,6 +76,7 @@ class ListRows {
   private:
     void identify(std::span<Row> rows);
     bool comesBefore(const Row& a, const Row& b) const;
+    void orderBy(std::size_t key, SortOrder order);
     bool sort();
     std::wstring_view keep(std::wstring text);
     Row keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image);
@@ -87,6 +88,8 @@ class ListRows {
     bool sorted_ = false;
     std::size_t sortKey_ = 0;
     SortOrder sortOrder_ = SortOrder::ascending;
+    std::size_t inOrder_ =
+        0; // so many rows from the first are known to stand in the order of key and sort order
 };
 
 } // namespace vandrel

@@ -157,9 +157,15 @@ TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
             return list.sortOrder() == SortOrder::ascending ? order < 0 : order > 0;
         });
     };
-    for (int step = 0; step < 3000; ++step) {
+    const auto randomText = [&] { return std::wstring(random() % 3, L'a') + std::to_wstring(random() % 5); };
+    const auto randomRow = [&] {
+        Strings row;
+        for (std::wstring& text : row) text = randomText();
+        return row;
+    };
+    for (int step = 0; step < 2000; ++step) {
         const auto order = random() % 2 == 0 ? SortOrder::ascending : SortOrder::descending;
-        switch (random() % 8) {
+        switch (random() % 16) {
         case 0: list.setSortKey(random() % 4); break;
         case 1: list.setSortOrder(order); break;
         case 2: list.setSorted(random() % 3 != 0); break;
@@ -168,12 +174,31 @@ TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
             list.remove(model.size() / 2);
             model.erase(model.begin() + static_cast<std::ptrdiff_t>(model.size() / 2));
             break;
-        default:
-            Strings& row = model.emplace_back();
-            for (std::wstring& text : row) {
-                text = std::wstring(random() % 3, L'a') + std::to_wstring(random() % 5);
+        case 4: // leaves the rows out of order until they are sorted the next time
+            for (int change = 0; change < 3 && !model.empty(); ++change) {
+                const std::size_t row = random() % model.size();
+                const std::size_t number = random() % ListRows::maxColumns;
+                model[row][number] = randomText();
+                list.setText(row, number, model[row][number]);
             }
-            list.add(row, 1);
+            list.setSorted(list.sorted());
+            break;
+        case 5: {
+            const std::size_t row = random() % (model.size() + 1);
+            const Strings inserted = randomRow();
+            model.insert(model.begin() + static_cast<std::ptrdiff_t>(row), inserted);
+            list.insert(row, inserted, 1);
+            list.setSorted(list.sorted());
+            break;
+        }
+        case 6:
+            for (std::size_t row = model.size(); row-- > 0;) {
+                list[row].marked = random() % 9 == 0;
+                if (list[row].marked) model.erase(model.begin() + static_cast<std::ptrdiff_t>(row));
+            }
+            list.removeMarked();
+            break;
+        default: list.add(model.emplace_back(randomRow()), 1);
         }
         if (list.sorted()) sortModel();
         for (std::size_t number = 0; number < ListRows::maxColumns; ++number) {

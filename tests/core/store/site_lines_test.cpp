@@ -109,7 +109,7 @@ TEST(SiteLines, AreTheSameAsFieldByFieldAfterAnyChanges)
     const std::wstring letters = L"ab|;\r\n";
     for (int round = 0; round < 2000; ++round) {
         std::wstring text;
-        for (std::size_t i = below(60); i > 0; --i) {
+        for (std::size_t i = below(150); i > 0; --i) {
             if (below(6) == 0) text += L"\r\n";
             else text += letters[below(letters.size())];
         }
