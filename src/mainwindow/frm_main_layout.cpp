@@ -112,7 +112,7 @@ void frmMain::picSepBar_MouseUp()
 void frmMain::moveSplitter(Twips by)
 {
     readLayout();
-    if (layout_.barLeft + by > layout_.clientWidth - layout_.barWidth) return;
+    if (by > Twips{} && layout_.barLeft + by > layout_.clientWidth - layout_.barWidth) return;
     picSepBar_MouseDown(Twips{});
     picSepBar_MouseMove(by);
     picSepBar_MouseUp();

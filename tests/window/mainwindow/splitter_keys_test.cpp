@@ -60,6 +60,22 @@ TEST_F(SplitterKeys, TheBarStaysInTheWindowOnTheRight)
     EXPECT_LE(bar().right, room - step());
 }
 
+TEST_F(SplitterKeys, ABarThatWasDraggedOutOfSightComesBack)
+{
+    start();
+    const HWND window = splitterBar(*main);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(1, 10));
+    SendMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(2000, 10));
+    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(1, 10));
+    const LONG before = bar().left;
+    ASSERT_GT(before, clientOf(main->handle()).right);
+    lstCategory().setFocus();
+    right();
+    EXPECT_EQ(bar().left, before);
+    left();
+    EXPECT_EQ(bar().left, before - step());
+}
+
 TEST_F(SplitterKeys, OtherKeysLeaveItWhereItIs)
 {
     start();
