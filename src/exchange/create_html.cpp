@@ -72,8 +72,8 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
     ListView& categories = workspace.lstCategory;
     const auto before = categories.currentRow();
     const std::wstring caption = windowText(workspace.window);
-    std::optional<ListPause> quiet(std::in_place, categories,
-                                   workspace.lstInfo); // nobody sees them between two turns
+    // Between two turns nobody sees the lists.
+    std::optional<ListPause> quiet(std::in_place, categories, workspace.lstInfo);
     Turns turns;
     for (std::size_t category = 0; category < categories.count(); ++category) {
         workspace.PB.setValue(category + 1);

@@ -24,7 +24,7 @@ std::size_t endOfPart(std::wstring_view text)
 
 } // namespace
 
-AnsiTextWriter::AnsiTextWriter(const Write& write) : write_(write) { makeRoom(usualRoom); }
+AnsiTextWriter::AnsiTextWriter(const WritePart& write) : write_(write) { makeRoom(usualRoom); }
 
 bool AnsiTextWriter::add(std::wstring_view piece)
 {

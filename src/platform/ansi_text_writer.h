@@ -1,6 +1,7 @@
 #pragma once
 
-#include <functional>
+#include "platform/file_layer.h"
+
 #include <memory>
 #include <string_view>
 
@@ -10,10 +11,7 @@ namespace vandrel {
 // as much new memory as a large file has bytes takes longer than to write the file.
 class AnsiTextWriter {
   public:
-    // False when the bytes could not be written.
-    using Write = std::function<bool(std::string_view bytes)>;
-
-    explicit AnsiTextWriter(const Write& write);
+    explicit AnsiTextWriter(const WritePart& write);
 
     // Adds a piece of the text, which must live until the next call: how its end is written may depend on what follows.
     // False once a part could not be written: all further ones are in vain.
@@ -26,7 +24,7 @@ class AnsiTextWriter {
     void makeRoom(std::size_t bytes);
     void writeOut();
 
-    const Write& write_;
+    const WritePart& write_;
     std::wstring_view waiting_;
     std::unique_ptr<char[]> bytes_;
     std::size_t room_ = 0;

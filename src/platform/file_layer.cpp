@@ -73,16 +73,21 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContent
 {
     const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) return false;
-    const WritePart write = [&](std::string_view bytes) { return writePart(files, file, bytes); };
+    // Taken at once: what composes the contents goes on after a part was refused, and may change the last error.
+    DWORD reason = ERROR_SUCCESS;
+    const auto noted = [&](bool done) {
+        if (!done) reason = GetLastError();
+        return done;
+    };
+    const WritePart write = [&](std::string_view bytes) { return noted(writePart(files, file, bytes)); };
     bool written = false;
     try {
-        written = contents(write) && files.flush(file);
+        written = contents(write) && noted(files.flush(file));
     } catch (...) {
         files.close(file);
         files.remove(path);
         throw;
     }
-    const DWORD reason = GetLastError();
     const bool closed = files.close(file);
     if (!written) SetLastError(reason);
     return written && closed;

@@ -32,8 +32,9 @@ FileLayer& systemFiles();
 // Leaves a relative path alone.
 std::wstring extendedPath(const std::wstring& path);
 
-// Writes what a file is to hold, part by part; false when a part was refused, with the reason in the last error.
+// Writes the next bytes of a file; false when they could not be written.
 using WritePart = std::function<bool(std::string_view bytes)>;
+// Writes what a file is to hold, part by part; false when a part was refused.
 using WriteContents = std::function<bool(const WritePart& write)>;
 
 // Puts `contents` in place of the file's content, all or nothing: they go to a file beside it, are flushed, and take

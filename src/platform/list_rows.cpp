@@ -142,7 +142,7 @@ bool ListRows::sort()
     if (!sorted_) return false;
     const auto before = [this](const Row& a, const Row& b) { return comesBefore(a, b); };
     const auto known = rows_.begin() + static_cast<std::ptrdiff_t>(std::max<std::size_t>(inOrder_, 1) - 1);
-    const auto end = rows_.empty() ? rows_.end() : std::is_sorted_until(known, rows_.end(), before);
+    const auto end = std::is_sorted_until(known, rows_.end(), before);
     inOrder_ = rows_.size();
     if (end == rows_.end()) return false;
     if (end + 1 == rows_.end()) {

@@ -88,8 +88,8 @@ class ListRows {
     bool sorted_ = false;
     std::size_t sortKey_ = 0;
     SortOrder sortOrder_ = SortOrder::ascending;
-    std::size_t inOrder_ =
-        0; // so many rows from the first are known to stand in the order of key and sort order
+    // So many rows from the first are known to stand in the order of key and sort order.
+    std::size_t inOrder_ = 0;
 };
 
 } // namespace vandrel

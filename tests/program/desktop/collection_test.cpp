@@ -1,3 +1,4 @@
+#include "tests/program/support/program_files.h"
 #include "tests/program/support/program_test.h"
 
 #include <algorithm>
@@ -13,15 +14,6 @@ std::wstring decoded(const std::string& bytes)
         static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()),
                                                      text.data(), static_cast<int>(text.size()))));
     return text;
-}
-
-std::string encoded(const std::wstring& text)
-{
-    std::string bytes(text.size() * 2, '\0');
-    bytes.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr)));
-    return bytes;
 }
 
 std::vector<std::string> linesOf(const std::string& bytes)
@@ -118,7 +110,8 @@ class Collection : public ProgramTest {
             program.back();
             const auto fields = fieldsOf(records[site]);
             ASSERT_EQ(fields.size(), 4U);
-            records[site] = encoded(fields[0] + L"|" + fields[1] + L"|" + description + L"|") + today();
+            records[site] = encodedIn(CP_ACP, fields[0] + L"|" + fields[1] + L"|" + description + L"|") +
+                            today();
             std::string wanted;
             for (const std::string& record : records) wanted += record + "\r\n";
             EXPECT_TRUE(soon([&] { return folder.read(file) == wanted; }))

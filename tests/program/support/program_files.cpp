@@ -56,13 +56,15 @@ std::optional<std::wstring> environment(const wchar_t* name)
     return value;
 }
 
-std::string utf8(const std::wstring& text)
+std::string encodedIn(unsigned codePage, const std::wstring& text)
 {
     std::string bytes(text.size() * 3, '\0');
     bytes.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
+        WideCharToMultiByte(codePage, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
                             static_cast<int>(bytes.size()), nullptr, nullptr)));
     return bytes;
 }
+
+std::string utf8(const std::wstring& text) { return encodedIn(CP_UTF8, text); }
 
 } // namespace vandrel::test

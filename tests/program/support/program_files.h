@@ -15,6 +15,7 @@ std::wstring unixPath(const std::wstring& path);
 // A folder beside the project's, where real collections may lie; none where it is absent.
 std::optional<std::wstring> sharedFolder(const std::wstring& name);
 std::optional<std::wstring> environment(const wchar_t* name);
+std::string encodedIn(unsigned codePage, const std::wstring& text);
 std::string utf8(const std::wstring& text);
 
 } // namespace vandrel::test

@@ -1,19 +1,11 @@
 #include "tests/support/message_watch.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/window/mainwindow/splitter_test.h"
 
 namespace vandrel::test {
 namespace {
 
-class SplitterDrag : public MainWindowTest {
+class SplitterDrag : public SplitterTest {
   protected:
-    SplitterDrag()
-    {
-        setPreference(L"Config", L"Width", L"15000");
-        setPreference(L"Config", L"Height", L"9000");
-        folder.write(L"Work.udb", threeSites);
-    }
-    HWND bar() { return splitterBar(*main); }
-    RECT place() { return placeOf(bar()); }
     RECT categories() { return placeOf(lstCategory().handle()); }
     RECT sites() { return placeOf(lstInfo().handle()); }
     int clientWidth() { return clientOf(main->handle()).right; }

@@ -24,7 +24,7 @@ struct Written {
 Written written(const Texts& pieces)
 {
     Written all;
-    const AnsiTextWriter::Write write = [&](std::string_view bytes) {
+    const WritePart write = [&](std::string_view bytes) {
         all.bytes += bytes;
         all.parts.push_back(bytes.size());
         return true;
@@ -105,7 +105,7 @@ TEST(AnsiWriter, ALongTextWithoutALetterOfAsciiStaysWhole)
 TEST(AnsiWriter, AfterAFailureNothingIsWrittenAnyMore)
 {
     int writes = 0;
-    const AnsiTextWriter::Write write = [&](std::string_view) { return ++writes < 2; };
+    const WritePart write = [&](std::string_view) { return ++writes < 2; };
     const std::wstring piece(400'000, L'x');
     AnsiTextWriter text(write);
     bool good = true;

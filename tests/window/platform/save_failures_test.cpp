@@ -179,5 +179,18 @@ TEST_F(FailingSave, InAnyOfManyPartsLeavesTheOldFile)
     }
 }
 
+TEST_F(FailingSave, TellsTheReasonOfTheRefusedPartWhateverHappensAfterIt)
+{
+    folder.write(savedName, oldSites);
+    FailingFiles files(2, ERROR_DISK_FULL);
+    const WriteContents contents = [](const WritePart& write) {
+        const bool good = write("one");
+        SetLastError(ERROR_INVALID_HANDLE);
+        return good;
+    };
+    EXPECT_EQ(errorOf([&] { replaceFile(folder.file(savedName), contents, files); }), error_number::diskFull);
+    EXPECT_EQ(folder.read(savedName), oldSites);
+}
+
 } // namespace
 } // namespace vandrel::test
