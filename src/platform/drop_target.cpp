@@ -1,6 +1,7 @@
 #include "platform/drop_target.h"
 
 #include "platform/ansi_text.h"
+#include "platform/guarded.h"
 #include "platform/scope_exit.h"
 
 #include <atomic>
@@ -105,8 +106,11 @@ class DropTarget::Receiver final : public IDropTarget {
         if (*effect == DROPEFFECT_NONE) return S_OK;
         // Nothing is ever taken away from the source, even if moving is all that it offers.
         if (*effect == DROPEFFECT_MOVE) *effect = DROPEFFECT_NONE;
-        owner_->dropped(read(*data));
-        return S_OK;
+        // A drop that cannot even be taken down is refused: no box while the source waits.
+        return CallbackError().keep(E_OUTOFMEMORY, [&] {
+            owner_->dropped(read(*data));
+            return S_OK;
+        });
     }
 
   private:
@@ -160,7 +164,7 @@ void DropTarget::revoke()
 void DropTarget::dropped(DroppedData data)
 {
     waiting_.push_back(std::move(data));
-    PostMessageW(handle(), dropMessage, 0, 0);
+    if (PostMessageW(handle(), dropMessage, 0, 0) == 0) waiting_.pop_back();
 }
 
 LRESULT DropTarget::onMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -1,5 +1,7 @@
 #include "platform/font.h"
 
+#include "platform/guarded.h"
+
 #include <algorithm>
 
 namespace vandrel {
@@ -18,20 +20,26 @@ FontHandle makeFont(const FontDescription& description, unsigned dpi)
 
 std::vector<std::wstring> screenFonts()
 {
-    std::vector<std::wstring> names;
+    struct Search {
+        std::vector<std::wstring> names;
+        CallbackError error;
+    } search;
     const HDC screen = GetDC(nullptr);
     EnumFontFamiliesW(
         screen, nullptr,
         [](const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM param) {
-            auto& found = *reinterpret_cast<std::vector<std::wstring>*>(param);
-            // Some systems give a font once for each of its scripts.
-            if (std::ranges::find(found, font->lfFaceName) == found.end())
-                found.emplace_back(font->lfFaceName);
-            return 1;
+            auto& [names, error] = *reinterpret_cast<Search*>(param);
+            return error.keep(0, [&] {
+                // Some systems give a font once for each of its scripts.
+                if (std::ranges::find(names, font->lfFaceName) == names.end())
+                    names.emplace_back(font->lfFaceName);
+                return 1;
+            });
         },
-        reinterpret_cast<LPARAM>(&names));
+        reinterpret_cast<LPARAM>(&search));
     ReleaseDC(nullptr, screen);
-    return names;
+    search.error.rethrow();
+    return std::move(search.names);
 }
 
 SIZE textSize(HFONT font, const std::wstring& text)

@@ -1,29 +1,53 @@
 #pragma once
 
-#include "platform/message_box.h"
-#include "platform/runtime_error.h"
+#include <windows.h>
 
-#include <new>
+#include <exception>
+#include <utility>
 
 namespace vandrel {
 
-// Runs what an event asks for. What it throws never passes through the system: it is shown as the run-time error
-// box over the window's top-level window, and the program goes on with `fallback` as the event's answer.
+// The seam between the program and the system. Whatever the system calls - window procedures, message filters, the
+// functions handed to an enumeration, drops, threads - runs its work through one of the two below, because an
+// exception must not pass through the system's own code.
+
+// Shows the exception that is being handled as the run-time error box over the window's top-level window. Comes up
+// with a box even when there is no memory left to word it; one box at a time. To be called in a catch block.
+void showCaughtError(HWND window) noexcept;
+
+// Runs what an event asks for. What it throws is shown to the user, and the program goes on with `fallback` as the
+// event's answer.
 template <typename Action> LRESULT guarded(HWND window, LRESULT fallback, Action action) noexcept
 {
-    const auto show = [window](const RuntimeError& error) {
-        showRuntimeError(GetAncestor(window, GA_ROOT), error);
-    };
     try {
         return action();
-    } catch (const RuntimeError& error) {
-        show(error);
-    } catch (const std::bad_alloc&) {
-        show(RuntimeError(error_number::outOfMemory));
     } catch (...) {
-        show(RuntimeError(error_number::internalError));
+        showCaughtError(window);
     }
     return fallback;
 }
+
+// For functions that the system calls back within a call of ours: what they throw is kept until that call has come
+// back, and goes on from there.
+class CallbackError {
+  public:
+    template <typename Answer, typename Action> Answer keep(Answer fallback, Action action) noexcept
+    {
+        try {
+            return action();
+        } catch (...) {
+            error_ = std::current_exception();
+        }
+        return fallback;
+    }
+    // Throws what was kept, if anything.
+    void rethrow()
+    {
+        if (error_) std::rethrow_exception(std::exchange(error_, nullptr));
+    }
+
+  private:
+    std::exception_ptr error_;
+};
 
 } // namespace vandrel

@@ -1,5 +1,7 @@
 #include "platform/message_loop.h"
 
+#include "platform/guarded.h"
+
 #include <algorithm>
 
 namespace vandrel {
@@ -25,8 +27,12 @@ void MessageLoop::dispatch(MSG& message)
     // A filter may run a command that opens and closes dialogs, so the list can change meanwhile.
     for (std::size_t i = filters_.size(); i-- > 0;) {
         if (i >= filters_.size()) continue;
-        const Filter filter = filters_[i].filter;
-        if (filter(message)) return;
+        // A command that failed has been dealt with as well as one that was done.
+        const auto taken = guarded(message.hwnd, TRUE, [&]() -> LRESULT {
+            const Filter filter = filters_[i].filter;
+            return filter(message) ? TRUE : FALSE;
+        });
+        if (taken != FALSE) return;
     }
     TranslateMessage(&message);
     DispatchMessageW(&message);

@@ -1,5 +1,7 @@
 #include "platform/modal_scope.h"
 
+#include "platform/guarded.h"
+
 namespace vandrel {
 namespace {
 
@@ -7,15 +9,19 @@ struct Search {
     HWND dialog;
     HWND owner;
     std::vector<HWND>& found;
+    CallbackError error{};
 };
 
 BOOL CALLBACK takeWindow(HWND window, LPARAM parameter)
 {
-    const Search& search = *reinterpret_cast<const Search*>(parameter);
+    Search& search = *reinterpret_cast<Search*>(parameter);
     const bool hasCaption = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
     if (window != search.dialog && window != search.owner && hasCaption && IsWindowVisible(window) != 0 &&
         IsWindowEnabled(window) != 0) {
-        search.found.push_back(window);
+        return search.error.keep(FALSE, [&] {
+            search.found.push_back(window);
+            return TRUE;
+        });
     }
     return TRUE;
 }
@@ -26,6 +32,7 @@ ModalScope::ModalScope(HWND dialog, HWND owner)
 {
     Search search{dialog, owner, disabled_};
     EnumThreadWindows(GetCurrentThreadId(), takeWindow, reinterpret_cast<LPARAM>(&search));
+    search.error.rethrow();
     for (const HWND window : disabled_) EnableWindow(window, FALSE);
 }
 

@@ -1,25 +1,32 @@
 #include "platform/topmost.h"
 
-#include <vector>
+#include <array>
+#include <span>
 
 namespace vandrel {
 namespace {
 
-std::vector<HWND> windowsOwnedBy(HWND owner)
+// Without memory of the heap: a window goes back into its layer also when that has run out.
+struct OwnedWindows {
+    HWND owner;
+    std::array<HWND, 64> windows{};
+    std::size_t count = 0;
+
+    std::span<const HWND> all() const { return std::span(windows).first(count); }
+};
+
+OwnedWindows windowsOwnedBy(HWND owner)
 {
-    struct Search {
-        HWND owner;
-        std::vector<HWND> found;
-    } search{owner, {}};
+    OwnedWindows search{owner};
     EnumThreadWindows(
         GetWindowThreadProcessId(owner, nullptr),
         [](HWND window, LPARAM param) -> BOOL {
-            auto& s = *reinterpret_cast<Search*>(param);
-            if (GetWindow(window, GW_OWNER) == s.owner) s.found.push_back(window);
-            return TRUE;
+            auto& found = *reinterpret_cast<OwnedWindows*>(param);
+            if (GetWindow(window, GW_OWNER) == found.owner) found.windows[found.count++] = window;
+            return found.count < found.windows.size();
         },
         reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    return search;
 }
 
 // On the windows that are topmost by their own choice, and stay it when their owner is not.
@@ -27,13 +34,14 @@ constexpr const wchar_t* ownChoice = L"Vandrel.Topmost";
 
 } // namespace
 
-void setTopmost(HWND window, bool on)
+void setTopmost(HWND window, bool on) noexcept
 {
     // Wine moves the windows that this one owns (tool tips, dialogs) and forgets the window itself. So they are
     // let go of for the moment, and go along one by one, the lowest first, to stay above their owner.
     const HWND layer = on ? HWND_TOPMOST : HWND_NOTOPMOST;
     constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;
-    const std::vector<HWND> owned = windowsOwnedBy(window);
+    const OwnedWindows found = windowsOwnedBy(window);
+    const std::span<const HWND> owned = found.all();
     for (const HWND other : owned) SetWindowLongPtrW(other, GWLP_HWNDPARENT, 0);
     SetWindowPos(window, layer, 0, 0, 0, 0, inPlace);
     for (auto other = owned.rbegin(); other != owned.rend(); ++other) {

@@ -6,7 +6,7 @@ namespace vandrel {
 
 // Puts a window into the topmost layer or takes it out; place and size stay. The windows that it owns go along, those
 // excepted that were put there by a call of their own.
-void setTopmost(HWND window, bool on);
+void setTopmost(HWND window, bool on) noexcept;
 
 bool isTopmost(HWND window);
 
