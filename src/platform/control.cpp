@@ -12,6 +12,8 @@
 namespace vandrel {
 namespace {
 
+constexpr UINT laterMessage = WM_APP + 1; // the native controls use none of these numbers
+
 // The controls by their windows, all of one thread. The system offers window properties and subclassing of its own for
 // this, but each of these asks another process in Wine, and a list gets a message for every text that it paints.
 std::unordered_map<HWND, Control*>& controlsByWindow()
@@ -57,7 +59,27 @@ LRESULT CALLBACK Control::controlProc(HWND window, UINT message, WPARAM wParam, 
         control->detach();
         return CallWindowProcW(native, window, message, wParam, lParam);
     }
-    return guarded(window, 0, [&] { return control->onMessage(message, wParam, lParam); });
+    return guarded(window, 0, [&]() -> LRESULT {
+        if (message != laterMessage) return control->onMessage(message, wParam, lParam);
+        control->runNext();
+        return 0;
+    });
+}
+
+void Control::later(std::function<void()> action)
+{
+    waiting_.push_back(std::move(action));
+    if (PostMessageW(window_, laterMessage, 0, 0) != 0) return;
+    waiting_.pop_back();
+    raiseLastError();
+}
+
+void Control::runNext()
+{
+    if (waiting_.empty()) return;
+    const std::function<void()> action = std::move(waiting_.front());
+    waiting_.pop_front();
+    action();
 }
 
 LRESULT Control::onMessage(UINT message, WPARAM wParam, LPARAM lParam)

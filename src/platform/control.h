@@ -3,6 +3,8 @@
 #include "platform/font.h"
 #include "platform/twips.h"
 
+#include <deque>
+#include <functional>
 #include <optional>
 
 namespace vandrel {
@@ -58,6 +60,9 @@ class Control {
     Control(HWND parent, const wchar_t* className, DWORD style, DWORD extendedStyle, int id);
 
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    // Runs `action` by a message of its own. For what the native control reports in the middle of its work: a command
+    // that ran there would keep it from finishing, and might destroy it under its own feet.
+    void later(std::function<void()> action);
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
     int outerHeight() const; // pixels
@@ -65,12 +70,14 @@ class Control {
   private:
     static LRESULT CALLBACK controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void detach();
+    void runNext();
 
     HWND window_ = nullptr;
     WNDPROC nativeProc_ = nullptr;
     FontDescription font_;
     FontHandle fontHandle_;
     COLORREF foreColor_ = 0;
+    std::deque<std::function<void()>> waiting_;
 };
 
 // Hands WM_SYSCOLORCHANGE, which the system sends to top-level windows only, to all controls within the window.

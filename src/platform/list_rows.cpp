@@ -19,6 +19,21 @@ void ListRows::setText(std::size_t row, std::size_t column, std::wstring text)
     if (column == sortKey_) inOrder_ = std::min(inOrder_, row);
 }
 
+void ListRows::setTexts(std::size_t row, std::array<std::wstring, maxColumns> texts)
+{
+    Texts kept;
+    for (std::size_t column = 0; column < maxColumns; ++column) kept[column] = keep(std::move(texts[column]));
+    rows_[row].texts = kept;
+    inOrder_ = std::min(inOrder_, row);
+}
+
+std::optional<std::size_t> ListRows::rowOf(Id id) const
+{
+    const auto found = std::ranges::find(rows_, id, &Row::id);
+    return found == rows_.end() ? std::nullopt
+                                : std::optional(static_cast<std::size_t>(found - rows_.begin()));
+}
+
 void ListRows::clear()
 {
     rows_ =
@@ -30,11 +45,14 @@ void ListRows::clear()
 
 void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
 {
+    // What can run out of memory comes first: then the rows stay as they were.
+    std::vector<std::shared_ptr<const void>> blocks;
+    blocks.push_back(std::move(block));
     clear();
     sorted_ = false;
     rows_ = std::move(rows);
     identify(rows_);
-    blocks_.push_back(std::move(block));
+    blocks_ = std::move(blocks);
 }
 
 void ListRows::identify(std::span<Row> rows)
@@ -44,9 +62,9 @@ void ListRows::identify(std::span<Row> rows)
 
 void ListRows::append(std::shared_ptr<const void> block, std::span<const Row> rows)
 {
+    blocks_.push_back(std::move(block)); // first: rows must not outlive what they look into
     rows_.insert(rows_.end(), rows.begin(), rows.end());
     identify(std::span(rows_).last(rows.size()));
-    blocks_.push_back(std::move(block));
 }
 
 ListRows::Row ListRows::keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image)

@@ -46,7 +46,11 @@ class ListRows {
     // What owns the texts of the rows that the list was filled with; null when nothing filled it.
     std::shared_ptr<const void> block() const { return blocks_.empty() ? nullptr : blocks_.front(); }
     std::wstring_view text(std::size_t row, std::size_t column) const { return rows_[row].texts[column]; }
+    // Where the row of that id stands; none when it has gone.
+    std::optional<std::size_t> rowOf(Id id) const;
     void setText(std::size_t row, std::size_t column, std::wstring text);
+    void setTexts(std::size_t row,
+                  std::array<std::wstring, maxColumns> texts); // all or, without memory, none
 
     void clear();
     // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted from

@@ -53,6 +53,12 @@ void ListView::setText(std::size_t row, std::size_t column, std::wstring text)
     redrawRow(row);
 }
 
+void ListView::setTexts(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts)
+{
+    rows_.setTexts(row, std::move(texts));
+    redrawRow(row);
+}
+
 void ListView::setImage(std::size_t row, int image)
 {
     if (rows_[row].image == image) return;
@@ -82,6 +88,7 @@ void ListView::updateCount(DWORD flags)
 
 void ListView::clear()
 {
+    dropLabelEdit();
     if (!empty()) clearSelection();
     rows_.clear();
     ++changes_;
@@ -90,8 +97,11 @@ void ListView::clear()
 
 void ListView::fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows)
 {
-    clear(); // takes the list to its top
-    rows_.fill(std::move(block), std::move(rows));
+    dropLabelEdit();
+    if (!empty()) clearSelection();
+    rows_.fill(std::move(block), std::move(rows)); // all or, without memory, nothing
+    ++changes_;
+    if (pauses_ == 0) send(LVM_SETITEMCOUNT, 0); // takes the list to its top
     updateCount(0);
     showSortOrder();
 }
@@ -107,6 +117,7 @@ void ListView::append(std::shared_ptr<const void> block, std::span<const ListRow
 // places, and given back after.
 template <typename Change> void ListView::changeRows(Change change)
 {
+    dropLabelEdit();
     takeSelection();
     ++changes_;
     if (pauses_ > 0) {
@@ -262,5 +273,17 @@ void ListView::editLabel(std::size_t row)
 }
 
 bool ListView::editingLabel() const { return send(LVM_GETEDITCONTROL) != 0; }
+
+void ListView::finishLabelEdit()
+{
+    if (editingLabel()) setFocus(); // the box takes the loss of the keyboard for Enter
+}
+
+// The native control knows the edited row by its number, which is about to mean another row.
+void ListView::dropLabelEdit()
+{
+    // Some systems take the text all the same: without a row it goes nowhere.
+    if (std::exchange(editedRow_, 0) != 0) send(LVM_CANCELEDITLABEL);
+}
 
 } // namespace vandrel

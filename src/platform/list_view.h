@@ -37,9 +37,13 @@ class ListView : public Control {
 
     std::size_t count() const { return rows_.size(); }
     bool empty() const { return rows_.size() == 0; }
+    // What a row is known by while messages run: numbers change meanwhile. No two rows of one list ever have the same.
+    ListRows::Id id(std::size_t row) const { return rows_[row].id; }
+    std::optional<std::size_t> rowOf(ListRows::Id id) const { return rows_.rowOf(id); }
     std::wstring text(std::size_t row, std::size_t column = 0) const;
     std::wstring_view textView(std::size_t row, std::size_t column) const { return rows_.text(row, column); }
     void setText(std::size_t row, std::size_t column, std::wstring text);
+    void setTexts(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts);
     int image(std::size_t row) const { return rows_[row].image; }
     void setImage(std::size_t row, int image); // from 1; repaints only a row that changes
     void setAllImages(int image);
@@ -72,6 +76,8 @@ class ListView : public Control {
     // The row that commands act on: the one with the focus if it is selected, else the first selected one.
     std::optional<std::size_t> currentRow() const;
     std::optional<std::size_t> firstSelected() const;
+    // The row that the keyboard is on, selected or not.
+    std::optional<std::size_t> focusedRow() const { return nextRow(-1, LVNI_FOCUSED); }
     bool isSelected(std::size_t row) const;
     std::size_t selectedCount() const;
     void select(std::size_t row); // this row alone, and current
@@ -86,6 +92,8 @@ class ListView : public Control {
     void setHoverSelection(bool on);
     void editLabel(std::size_t row);
     bool editingLabel() const;
+    // Takes what was typed, as Enter does.
+    void finishLabelEdit();
     void setImages(HIMAGELIST images); // borrowed
 
     void setForeColor(COLORREF color) override;
@@ -104,7 +112,10 @@ class ListView : public Control {
     bool unselectsMany(UINT message) const;
     void fireItemClick();
     void selectionGained();
+    std::optional<LRESULT> onBeginLabelEdit(const NMLVDISPINFOW& info);
     std::optional<LRESULT> onEndLabelEdit(const NMLVDISPINFOW& info);
+    void dropLabelEdit();
+    void openMenuLater(POINT screen);
     void answerDisplay(LVITEMW& item) const;
     LRESULT findRow(const NMLVFINDITEMW& wanted) const;
     POINT menuPoint() const;
@@ -131,6 +142,7 @@ class ListView : public Control {
     int userMessages_ = 0;        // above 0 a message of the user is being answered
     std::size_t lastFocused_ = 0; // a hint, asked before it is believed
     unsigned changes_ = 0;        // of the rows: what was known by number before one means nothing after it
+    ListRows::Id editedRow_ = 0;  // by the label edit that is open; 0: none is
     bool clickPending_ = false;
     bool pressFired_ = false; // the press of the button selected a row already
 };

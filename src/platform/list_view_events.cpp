@@ -84,7 +84,7 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_LBUTTONUP: return userMessage(message, wParam, lParam);
     case WM_CONTEXTMENU:
         // The mouse was answered with NM_RCLICK; this is the menu key.
-        if (GET_X_LPARAM(lParam) == -1 && GET_Y_LPARAM(lParam) == -1 && RightClick) RightClick(menuPoint());
+        if (GET_X_LPARAM(lParam) == -1 && GET_Y_LPARAM(lParam) == -1) openMenuLater(menuPoint());
         return 0;
     case WM_GETDLGCODE: {
         const auto* const key = reinterpret_cast<const MSG*>(lParam);
@@ -147,14 +147,37 @@ LRESULT ListView::findRow(const NMLVFINDITEMW& wanted) const
     return -1;
 }
 
-std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
+std::optional<LRESULT> ListView::onBeginLabelEdit(const NMLVDISPINFOW& info)
 {
     const auto row = static_cast<std::size_t>(info.item.iItem);
-    if (info.item.pszText == nullptr || row >= count()) return FALSE;
+    if (row >= count()) return TRUE; // refused
+    editedRow_ = id(row);
+    if (BeforeLabelEdit) BeforeLabelEdit(row);
+    return FALSE;
+}
+
+// The row that the edit began on, wherever it stands by now.
+std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
+{
+    const ListRows::Id edited = std::exchange(editedRow_, 0);
+    const auto row = rowOf(edited);
+    if (info.item.pszText == nullptr || !row) return FALSE;
     const std::wstring text = info.item.pszText;
-    if (AfterLabelEdit && !AfterLabelEdit(row, text)) return FALSE;
-    setText(row, 0, text);
+    if (AfterLabelEdit && !AfterLabelEdit(*row, text)) return FALSE;
+    const auto now = rowOf(edited); // messages may have run
+    if (!now) return FALSE;
+    setText(*now, 0, text);
     return TRUE;
+}
+
+// Behind what the press or key selected.
+void ListView::openMenuLater(POINT screen)
+{
+    later([this, screen] {
+        setFocus();
+        if (clickPending_) fireItemClick();
+        if (RightClick) RightClick(screen);
+    });
 }
 
 std::optional<LRESULT> ListView::onNotify(NMHDR& header)
@@ -183,28 +206,23 @@ std::optional<LRESULT> ListView::onNotify(NMHDR& header)
         if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !pressFired_) selectionGained();
         return 0;
     case NM_DBLCLK:
-        if (DblClick) DblClick();
+        later([this] {
+            if (DblClick) DblClick();
+        });
         return 0;
     case NM_RCLICK: {
-        // The press selected the row; that is told before the menu comes.
-        setFocus();
-        if (clickPending_) fireItemClick();
         POINT point{};
         GetCursorPos(&point);
-        if (RightClick) RightClick(point);
+        openMenuLater(point);
         return 1; // answered: no WM_CONTEXTMENU for it
     }
-    case LVN_COLUMNCLICK: {
-        const auto column = static_cast<std::size_t>(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
-        if (ColumnClick) ColumnClick(column);
+    case LVN_COLUMNCLICK:
+        later([this, column = reinterpret_cast<const NMLISTVIEW&>(header).iSubItem] {
+            finishLabelEdit(); // what was typed is meant for the row as it stands now
+            if (ColumnClick) ColumnClick(static_cast<std::size_t>(column));
+        });
         return 0;
-    }
-    case LVN_BEGINLABELEDITW:
-        if (BeforeLabelEdit) {
-            BeforeLabelEdit(
-                static_cast<std::size_t>(reinterpret_cast<const NMLVDISPINFOW&>(header).item.iItem));
-        }
-        return FALSE; // go on
+    case LVN_BEGINLABELEDITW: return onBeginLabelEdit(reinterpret_cast<const NMLVDISPINFOW&>(header));
     case LVN_ENDLABELEDITW: return onEndLabelEdit(reinterpret_cast<const NMLVDISPINFOW&>(header));
     default: return std::nullopt;
     }

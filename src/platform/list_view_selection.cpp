@@ -139,15 +139,19 @@ std::vector<std::size_t> ListView::selectedRows() const
     return rows;
 }
 
-// Row by row where they are scattered: all at once takes the control far longer then.
+// Row by row where they are scattered: all at once takes the control far longer then. Needs no memory, so that a list
+// can always be emptied.
 void ListView::dropSelection()
 {
-    const std::vector<std::size_t> rows = selectedRows();
-    if (rows.empty()) return;
-    if (rows.back() - rows.front() + 1 == rows.size()) {
+    std::size_t left = selectedCount();
+    auto row = left > 0 ? firstSelected() : std::nullopt;
+    if (row && isSelectedBlock(*row, left)) {
         setState(-1, 0, LVIS_SELECTED);
-    } else {
-        for (const std::size_t row : rows) setState(static_cast<int>(row), 0, LVIS_SELECTED);
+        return;
+    }
+    for (; row && left > 0; --left) {
+        setState(static_cast<int>(*row), 0, LVIS_SELECTED);
+        row = left > 1 ? nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED) : std::nullopt;
     }
 }
 

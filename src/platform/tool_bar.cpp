@@ -83,8 +83,11 @@ void ToolBar::openMenu(int position)
     SendMessageW(handle(), TB_GETRECT, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&area));
     MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&area), 2);
     TPMPARAMS keepFree{sizeof(TPMPARAMS), area};
+    // The bar takes the click as done, and would show the button released under its open menu.
+    SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), TRUE);
     const int chosen = TrackPopupMenuEx(menu_.get(), TPM_RETURNCMD | TPM_LEFTBUTTON, area.left, area.bottom,
                                         GetAncestor(handle(), GA_ROOT), &keepFree);
+    SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), FALSE);
     if (chosen > 0 && ButtonMenuClick) ButtonMenuClick(menuRows_[static_cast<std::size_t>(chosen) - 1].key);
 }
 
@@ -97,14 +100,18 @@ std::optional<LRESULT> ToolBar::onNotify(NMHDR& header)
         tip.pszText[text.copy(tip.pszText, static_cast<std::size_t>(tip.cchTextMax) - 1)] = L'\0';
         return 0;
     }
-    case TBN_DROPDOWN: openMenu(reinterpret_cast<const NMTOOLBARW&>(header).iItem); return TBDDRET_DEFAULT;
+    case TBN_DROPDOWN:
+        later([this, position = reinterpret_cast<const NMTOOLBARW&>(header).iItem] { openMenu(position); });
+        return TBDDRET_DEFAULT;
     default: return std::nullopt;
     }
 }
 
 void ToolBar::onCommand(WORD, WORD id)
 {
-    if (ButtonClick) ButtonClick(id);
+    later([this, position = static_cast<int>(id)] {
+        if (ButtonClick) ButtonClick(position);
+    });
 }
 
 } // namespace vandrel

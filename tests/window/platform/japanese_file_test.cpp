@@ -1,6 +1,6 @@
 #include "platform/ansi_text.h"
 #include "platform/ansi_text_file.h"
-#include "store/category_files.h"
+#include "store/save_items.h"
 #include "tests/support/main_window_test.h"
 
 namespace vandrel::test {

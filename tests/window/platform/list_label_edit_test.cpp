@@ -1,4 +1,5 @@
 #include "platform/runtime_error.h"
+#include "tests/support/list_clicks.h"
 #include "tests/window/platform/list_fixture.h"
 
 namespace vandrel::test {
@@ -144,6 +145,36 @@ TEST_F(ListLabelEdit, AListWithoutEditableLabelsStartsNone)
     fillNames(sites, {L"a"});
     sites.editLabel(0);
     EXPECT_FALSE(sites.editingLabel());
+}
+
+TEST_F(ListLabelEdit, AHeaderThatIsClickedTakesTheTextForTheRowThatWasEdited)
+{
+    categories.ColumnClick = [this](std::size_t) { categories.sortBy(0, SortOrder::descending); };
+    edit(L"Papers");
+    clickHeader(categories, 0);
+    EXPECT_FALSE(categories.editingLabel());
+    EXPECT_EQ(ended, Names{L"1 Papers"});
+    EXPECT_EQ(shownColumn(categories), (Names{L"Work", L"Papers", L"Home"}));
+}
+
+TEST_F(ListLabelEdit, EndsBeforeRowsChangePlaces)
+{
+    edit(L"Papers");
+    categories.sortBy(0, SortOrder::descending);
+    EXPECT_FALSE(categories.editingLabel());
+    EXPECT_EQ(shownColumn(categories), (Names{L"Work", L"News", L"Home"}));
+}
+
+// The row is another by the time its box has closed.
+TEST_F(ListLabelEdit, TheTextGoesToItsRowWhereverThatStandsWhenTheAnswerComes)
+{
+    categories.AfterLabelEdit = [this](std::size_t, const std::wstring&) {
+        categories.insert(0, {L"Added"}, 1);
+        return true;
+    };
+    edit(L"Papers");
+    typeKey(field(), VK_RETURN);
+    EXPECT_EQ(shownColumn(categories), (Names{L"Added", L"Home", L"Papers", L"Work"}));
 }
 
 } // namespace

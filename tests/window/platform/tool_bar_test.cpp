@@ -160,5 +160,45 @@ TEST_F(ToolBars, PicturesAreDrawnForTheSizeAskedFor)
     }
 }
 
+// A command may take minutes, or close the program.
+TEST_F(ToolBars, CommandsStartWhenTheBarIsDoneWithTheMouse)
+{
+    bool inTheClick = false;
+    bool ranInTheClick = false;
+    bar.ButtonClick = [&](int) { ranInTheClick = inTheClick; };
+    const RECT place = area(1);
+    const LPARAM point = MAKELPARAM(place.left + 6, (place.top + place.bottom) / 2);
+    SendMessageW(bar.handle(), WM_LBUTTONDOWN, MK_LBUTTON, point);
+    inTheClick = true;
+    SendMessageW(bar.handle(), WM_LBUTTONUP, 0, point);
+    inTheClick = false;
+    EXPECT_FALSE(ranInTheClick);
+    pump();
+    EXPECT_FALSE(ranInTheClick);
+}
+
+TEST_F(ToolBars, ACommandOfTheArrowsMenuFindsTheButtonReleased)
+{
+    bool pressed = true;
+    bar.ButtonMenuClick = [&](const std::wstring& key) {
+        chosen.push_back(key);
+        pressed = SendMessageW(bar.handle(), TB_ISBUTTONPRESSED, 3, 0) != 0;
+    };
+    openMenuAndType({VK_DOWN, VK_RETURN});
+    ASSERT_EQ(chosen.size(), 1U);
+    EXPECT_FALSE(pressed);
+}
+
+TEST_F(ToolBars, ACommandOfTheArrowsMenuMayDestroyTheBar)
+{
+    bar.ButtonMenuClick = [&](const std::wstring& key) {
+        chosen.push_back(key);
+        DestroyWindow(window.handle());
+    };
+    openMenuAndType({VK_DOWN, VK_RETURN});
+    EXPECT_EQ(chosen.size(), 1U);
+    EXPECT_EQ(bar.handle(), nullptr);
+}
+
 } // namespace
 } // namespace vandrel::test
