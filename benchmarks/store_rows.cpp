@@ -3,7 +3,8 @@
 #include "benchmarks/rows.h"
 #include "benchmarks/site_generator.h"
 #include "mainwindow/frm_main.h"
-#include "store/category_files.h"
+#include "store/category_selection.h"
+#include "store/save_items.h"
 #include "tests/support/answers.h"
 
 #include <algorithm>

@@ -9,7 +9,8 @@
 #include "platform/status_bar.h"
 #include "platform/turns.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/category_file.h"
+#include "store/category_list.h"
 
 namespace vandrel {
 namespace {
@@ -17,7 +18,7 @@ namespace {
 void backUp(const Workspace& workspace, std::size_t category, const std::wstring& folder)
 {
     const std::wstring title = workspace.lstCategory.text(category);
-    copyFile(categoryPath(workspace, title), categoryPath(folder, title));
+    copyFile(categoryPath(workspace.dataFolder, title), categoryPath(folder, title));
 }
 
 void backUpEvery(Workspace& workspace, const std::wstring& folder)
@@ -58,7 +59,7 @@ void BackUpCurrent(Workspace& workspace)
 {
     intoChosenFolder(workspace, L"Choose where to backup the selected category:",
                      [&](const std::wstring& folder) {
-                         const auto category = workspace.lstCategory.currentRow();
+                         const auto category = shownRow(workspace);
                          if (!category) throw RuntimeError(error_number::objectNotSet);
                          backUp(workspace, *category, folder);
                      });

@@ -16,7 +16,8 @@
 #include "shared/maker.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/category_list.h"
+#include "store/category_selection.h"
 
 #include <new>
 
@@ -50,7 +51,7 @@ class PageBytes {
 void addSites(const Workspace& workspace, HtmlPage& page)
 {
     // A page that lacks a category without saying so would be published like that.
-    if (workspace.unreadCategory) throw RuntimeError(error_number::permissionDenied);
+    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
     const ListView& sites = workspace.lstInfo;
     for (std::size_t row = 0; row < sites.count(); ++row) {
         page.addSite(sites.textView(row, nameColumn), sites.textView(row, urlColumn),
@@ -58,27 +59,15 @@ void addSites(const Workspace& workspace, HtmlPage& page)
     }
 }
 
-// What the window shows while no category is selected.
-void showNone(Workspace& workspace, const std::wstring& caption)
-{
-    workspace.lstCategory.clearSelection();
-    workspace.lstInfo.clear();
-    showSelectedCategory(workspace);
-    SetWindowTextW(workspace.window, caption.c_str());
-}
-
-void addEveryCategory(Workspace& workspace, PageBytes& bytes)
+void addCategories(Workspace& workspace, PageBytes& bytes)
 {
     ListView& categories = workspace.lstCategory;
-    const auto before = categories.currentRow();
-    const std::wstring caption = windowText(workspace.window);
     // Between two turns nobody sees the lists.
     std::optional<ListPause> quiet(std::in_place, categories, workspace.lstInfo);
     Turns turns;
     for (std::size_t category = 0; category < categories.count(); ++category) {
         workspace.PB.setValue(category + 1);
-        categories.select(category);
-        lstCategory_ItemClick(workspace, category);
+        showCategory(workspace, category);
         if (workspace.options.generateEmpty || !workspace.lstInfo.empty()) {
             bytes.page().addTitle(categories.text(category));
         }
@@ -91,9 +80,31 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
             quiet.emplace(categories, workspace.lstInfo);
         });
     }
-    quiet.reset();
-    if (before) selectCategory(workspace, *before);
-    else showNone(workspace, caption);
+}
+
+// The window as it was, whether the page came about or not.
+void showAgain(Workspace& workspace, std::optional<std::size_t> category, const std::wstring& caption)
+{
+    if (category) {
+        selectCategory(workspace, *category);
+    } else {
+        showNoCategory(workspace);
+        SetWindowTextW(workspace.window, caption.c_str());
+    }
+}
+
+void addEveryCategory(Workspace& workspace, PageBytes& bytes)
+{
+    if (!leaveSites(workspace)) throw RuntimeError(error_number::permissionDenied);
+    const auto before = shownRow(workspace);
+    const std::wstring caption = windowText(workspace.window);
+    try {
+        addCategories(workspace, bytes);
+    } catch (...) {
+        showAgain(workspace, before, caption);
+        throw;
+    }
+    showAgain(workspace, before, caption);
 }
 
 void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)

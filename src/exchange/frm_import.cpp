@@ -15,7 +15,7 @@
 #include "shared/apply_font.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/site_operations.h"
 
 #include <algorithm>
 #include <cwctype>
@@ -141,33 +141,39 @@ void frmImport::cmdImport_Click()
             tell(handle(), L"No file selected to import.", L"No File SelecteD", BoxIcon::information);
             return;
         }
-        importSelected(*file);
-        workspace_.StatusBar1.setPanelText(1, L"Import succeeded!");
-        unload();
-    } catch (const RuntimeError&) {
-        workspace_.StatusBar1.setPanelText(1, L"Import failed!");
+        const bool imported = importSelected(*file);
+        tellOutcome(imported);
+        if (imported) unload();
+    } catch (const std::exception&) {
+        tellOutcome(false);
     }
 }
 
-void frmImport::importSelected(std::size_t file)
+void frmImport::tellOutcome(bool imported)
+{
+    workspace_.StatusBar1.setPanelText(1, imported ? L"Import succeeded!" : L"Import failed!");
+}
+
+bool frmImport::importSelected(std::size_t file)
 {
     takeShortcut(filImport_.text(file));
     workspace_.site.newSiteDescription = inputBox(handle(), L"Enter a description for the site.",
                                                   L"Site Description");
-    addSite();
+    return addNewSite();
 }
 
 void frmImport::cmdImportAll_Click()
 {
     if (busy_) return;
-    importEvery();
-    workspace_.StatusBar1.setPanelText(1, L"Import succeeded!");
+    const bool imported = importEvery();
+    tellOutcome(imported);
+    if (!imported) return;
     tell(handle(), L"Please remember to edit the description for all imported files.", L"Import All",
          BoxIcon::information);
     unload();
 }
 
-void frmImport::importEvery()
+bool frmImport::importEvery()
 {
     setBusy(true);
     const ScopeExit idle([this] {
@@ -184,7 +190,7 @@ void frmImport::importEvery()
     beQuiet();
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));
-        addSite();
+        if (!addNewSite()) return false;
         prgImport_.setValue(file + 1);
         if (!turns.due()) continue;
         quiet.reset();
@@ -192,6 +198,7 @@ void frmImport::importEvery()
             [] { MessageLoop::current().dispatchPending(); }); // the windows are painted and can be moved
         beQuiet();
     }
+    return true;
 }
 
 void frmImport::takeShortcut(const std::wstring& fileName)
@@ -204,14 +211,12 @@ void frmImport::takeShortcut(const std::wstring& fileName)
     site.newSiteName = name;
 }
 
-void frmImport::addSite()
+bool frmImport::addNewSite()
 {
     const SiteHandOff& site = workspace_.site;
-    ListView& sites = workspace_.lstInfo;
-    sites.add({site.newSiteName, site.newSiteURL, site.newSiteDescription, L""}, siteImage);
-    sites.sortBy(urlColumn, sites.sortOrder());
-    SaveItems(workspace_);
+    const bool saved = addSite(workspace_, site.newSiteName, site.newSiteURL, site.newSiteDescription, L"");
     workspace_.site.forgetNewSite();
+    return saved;
 }
 
 void frmImport::setBusy(bool busy)

@@ -33,10 +33,12 @@ class frmImport : public Dialog {
     void cmdCancel_Click();
 
     void showFavorites();
-    void importSelected(std::size_t file);
-    void importEvery();
+    // False when there is no category, and the user made none: then nothing is imported.
+    bool importSelected(std::size_t file);
+    bool importEvery();
+    bool addNewSite();
     void takeShortcut(const std::wstring& fileName);
-    void addSite();
+    void tellOutcome(bool imported);
     void setBusy(bool busy);
 
     Workspace& workspace_;

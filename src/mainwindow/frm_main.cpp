@@ -3,6 +3,8 @@
 #include "platform/guarded.h"
 #include "platform/program.h"
 #include "search/quick_search.h"
+#include "store/category_selection.h"
+#include "store/save_items.h"
 
 namespace vandrel {
 namespace {
@@ -91,12 +93,27 @@ void frmMain::show(int showCommand)
 
 void frmMain::close()
 {
-    // Closing is never cancelled, whatever keeps the preferences from being written.
+    if (std::exchange(closing_, true)) return; // the questions of the first time are still open
+    // Closing is never cancelled, whatever keeps sites or preferences from being written.
+    guarded(handle(), 0, [this]() -> LRESULT {
+        saveBeforeClosing(workspace_);
+        return 0;
+    });
     guarded(handle(), 0, [this]() -> LRESULT {
         Form_QueryUnload();
         return 0;
     });
     destroy();
+}
+
+// The system waits for no answer to a question, so what can be saved without one is.
+void frmMain::endSession()
+{
+    guarded(handle(), 0, [this]() -> LRESULT {
+        if (workspace_.shown.unsaved && !lstCategory_.empty()) SaveItems(workspace_);
+        return 0;
+    });
+    Form_QueryUnload();
 }
 
 LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
@@ -126,7 +143,7 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_DPICHANGED: dpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_CLOSE: close(); return 0;
     case WM_ENDSESSION:
-        if (wParam != 0) Form_QueryUnload();
+        if (wParam != 0) endSession();
         return 0;
     case WM_DESTROY:
         lstInfoDrop_.revoke();

@@ -70,6 +70,7 @@ class frmMain : public Window, public Form {
     void moveEdgesOnScreen();
     void sinkProgressBar();
     void close();
+    void endSession();
 
     // Layout.
     void Form_Resize();
@@ -116,6 +117,7 @@ class frmMain : public Window, public Form {
     std::wstring commandLine_;
     MainLayout layout_;
     bool resizing_ = false;
+    bool closing_ = false;
 
     ImageListHandle ilSmall_;
     ListView lstCategory_;

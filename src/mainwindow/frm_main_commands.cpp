@@ -8,7 +8,9 @@
 #include "mainwindow/link_opening.h"
 #include "search/quick_search.h"
 #include "shared/maker.h"
-#include "store/category_files.h"
+#include "store/category_list.h"
+#include "store/category_selection.h"
+#include "store/site_move.h"
 #include "store/site_operations.h"
 #include "update/update_check.h"
 #include "update/version_report.h"
@@ -19,7 +21,7 @@ void frmMain::bindEvents()
 {
     lstCategory_.ItemClick = [this](std::size_t row) { lstCategory_ItemClick(workspace_, row); };
     lstCategory_.ColumnClick = [this](std::size_t) { lstCategory_ColumnClick(); };
-    lstCategory_.BeforeLabelEdit = [this](std::size_t) { rename_.lstCategory_BeforeLabelEdit(); };
+    lstCategory_.BeforeLabelEdit = [this](std::size_t row) { rename_.lstCategory_BeforeLabelEdit(row); };
     lstCategory_.AfterLabelEdit = [this](std::size_t, const std::wstring& text) {
         return rename_.lstCategory_AfterLabelEdit(text);
     };
@@ -120,8 +122,8 @@ void frmMain::lstCategory_ColumnClick()
 
 void frmMain::lstInfo_RightClick(POINT screen)
 {
-    const auto selected = lstCategory_.currentRow();
-    const std::wstring title = selected ? lstCategory_.text(*selected) : std::wstring();
+    const auto shown = shownRow(workspace_);
+    const std::wstring title = shown ? lstCategory_.text(*shown) : std::wstring();
     for (std::size_t index = 0; index < mnuMove_.count(); ++index) {
         mnuMove_.setEnabled(index, !lstCategory_.empty() && mnuMove_.caption(index) != title);
     }
@@ -198,7 +200,7 @@ void frmMain::mnuCheckUpdates_Click()
 
 void frmMain::mnuRenameCat_Click()
 {
-    if (const auto selected = lstCategory_.currentRow()) lstCategory_.editLabel(*selected);
+    if (const auto shown = shownRow(workspace_)) lstCategory_.editLabel(*shown);
 }
 
 void frmMain::mnuQuit_Click() { PostMessageW(handle(), WM_CLOSE, 0, 0); }

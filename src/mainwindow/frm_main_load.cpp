@@ -4,7 +4,9 @@
 #include "platform/number_text.h"
 #include "shared/apply_font.h"
 #include "shared/off2000.h"
-#include "store/category_files.h"
+#include "store/category_list.h"
+#include "store/category_making.h"
+#include "store/category_selection.h"
 #include "store/site_operations.h"
 
 #include <limits>

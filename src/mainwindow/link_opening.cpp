@@ -10,33 +10,26 @@
 #include "shared/maker.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/site_operations.h"
 
 namespace vandrel {
-namespace {
-
-void dateToday(Workspace& workspace, std::size_t row)
-{
-    workspace.lstInfo.setText(row, dateColumn, workspace.today());
-    SaveItems(workspace);
-}
-
-} // namespace
 
 void OpenSite(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
+    const ListRows::Id site = workspace.lstInfo.id(*row);
     shellOpen(workspace.window, workspace.lstInfo.text(*row, urlColumn));
-    dateToday(workspace, *row);
+    dateToday(workspace, site);
 }
 
 void mnuOpenNew_Click(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
+    const ListRows::Id site = workspace.lstInfo.id(*row);
     startProgram(Registry_Module::browserPath() + L" " + workspace.lstInfo.text(*row, urlColumn));
-    dateToday(workspace, *row);
+    dateToday(workspace, site);
 }
 
 void mnuCopyURL_Click(Workspace& workspace)

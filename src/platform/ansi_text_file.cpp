@@ -13,6 +13,7 @@ namespace {
 
 constexpr ULONGLONG patienceMilliseconds = 500;
 constexpr DWORD pauseMilliseconds = 25;
+constexpr std::size_t mostAtOnce = 64U << 20; // bytes
 
 FileHandle openForReading(const std::wstring& path)
 {
@@ -25,6 +26,13 @@ FileHandle openForReading(const std::wstring& path)
         if (GetLastError() != ERROR_SHARING_VIOLATION || GetTickCount64() >= deadline) raiseLastError();
         Sleep(pauseMilliseconds);
     }
+}
+
+std::size_t sizeOf(const FileHandle& file)
+{
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.get(), &size)) raiseLastError();
+    return static_cast<std::size_t>(size.QuadPart);
 }
 
 // Decodes a file part by part as its bytes come in, so that they never stand in memory whole.
@@ -68,13 +76,27 @@ class PartDecoder {
 
 } // namespace
 
+std::optional<std::string> fileBytes(const std::wstring& path)
+{
+    if (!fileExists(path)) return std::nullopt;
+    const FileHandle file = openForReading(extendedPath(path));
+    std::string bytes(sizeOf(file), '\0');
+    DWORD got = 0;
+    std::size_t done = 0;
+    do {
+        const auto wanted = static_cast<DWORD>(std::min(mostAtOnce, bytes.size() - done));
+        if (!ReadFile(file.get(), bytes.data() + done, wanted, &got, nullptr)) raiseLastError();
+        done += got;
+    } while (got > 0 && done < bytes.size());
+    bytes.resize(done);
+    return bytes;
+}
+
 DecodedText AnsiTextFile::read() const
 {
     constexpr std::size_t partSize = 256U << 10;
     const FileHandle file = openForReading(extendedPath(path_));
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.get(), &size)) raiseLastError();
-    std::size_t left = static_cast<std::size_t>(size.QuadPart);
+    std::size_t left = sizeOf(file);
     PartDecoder decoder(left);
     while (left > 0) {
         const auto wanted = static_cast<DWORD>(std::min(partSize, left));

@@ -103,23 +103,6 @@ void requireReplaceable(const std::wstring& path)
     }
 }
 
-// Under whatever names: a folder can be reached in many ways, and a file may have several.
-bool isSameFile(const std::wstring& one, const std::wstring& other)
-{
-    const auto identity = [](const std::wstring& path) {
-        BY_HANDLE_FILE_INFORMATION info{};
-        const FileHandle file(CreateFileW(path.c_str(), 0,
-                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                          OPEN_EXISTING, 0, nullptr));
-        const bool known = file && GetFileInformationByHandle(file.get(), &info);
-        return known ? std::optional(
-                           std::array{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow})
-                     : std::nullopt;
-    };
-    const auto first = identity(one);
-    return first && first == identity(other);
-}
-
 } // namespace
 
 HANDLE FileLayer::createForWriting(const std::wstring& path)
@@ -248,6 +231,22 @@ void removeFile(const std::wstring& path)
 void renameFile(const std::wstring& from, const std::wstring& to)
 {
     if (!MoveFileW(extendedPath(from).c_str(), extendedPath(to).c_str())) raiseLastError();
+}
+
+bool isSameFile(const std::wstring& one, const std::wstring& other)
+{
+    const auto identity = [](const std::wstring& path) {
+        BY_HANDLE_FILE_INFORMATION info{};
+        const FileHandle file(CreateFileW(path.c_str(), 0,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
+        const bool known = file && GetFileInformationByHandle(file.get(), &info);
+        return known ? std::optional(
+                           std::array{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow})
+                     : std::nullopt;
+    };
+    const auto first = identity(one);
+    return first && first == identity(other);
 }
 
 bool fileExists(const std::wstring& path)

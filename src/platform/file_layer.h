@@ -60,5 +60,8 @@ void removeFile(const std::wstring& path);
 void renameFile(const std::wstring& from, const std::wstring& to);
 
 bool fileExists(const std::wstring& path);
+// Under whatever names: a folder can be reached in many ways, and a file may have several. Two of which one is missing
+// are not.
+bool isSameFile(const std::wstring& one, const std::wstring& other);
 
 } // namespace vandrel

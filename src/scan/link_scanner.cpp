@@ -12,7 +12,7 @@
 #include "scan/scan_report.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/category_list.h"
 
 #include <limits>
 #include <unordered_map>

@@ -52,6 +52,7 @@ class frmSearch : public Dialog {
 
     // The search.
     std::size_t searchCategory(std::size_t category, const std::wstring& term, SearchMode mode);
+    bool leaveShownCategory();
     void letEventsRun(std::size_t category);
     void beQuiet();
     void showHits(HitList& hits);

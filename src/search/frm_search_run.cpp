@@ -3,7 +3,8 @@
 #include "search/hit_list.h"
 #include "search/platform_folding.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/category_list.h"
+#include "store/category_selection.h"
 
 #include <algorithm>
 
@@ -46,6 +47,7 @@ struct frmSearch::Remembered {
 
 void frmSearch::DoSearch(const std::wstring& SearchString)
 {
+    if (!leaveSites(workspace_)) return;
     searching_ = true;
     const ScopeExit done([this] {
         searching_ = false;
@@ -58,18 +60,21 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
 
     ListView& categories = workspace_.lstCategory;
     Remembered before;
-    if (const auto selected = categories.currentRow()) before = {categories.text(*selected), *selected};
+    if (const auto shown = shownRow(workspace_)) before = {categories.text(*shown), *shown};
     std::vector<std::wstring> titles(categories.count());
     for (std::size_t row = 0; row < titles.size(); ++row) titles[row] = categories.text(row);
 
     std::size_t searched = 0;
     beQuiet();
     turns_ = Turns(turnMilliseconds_, turnMilliseconds_ == 0 ? 0 : longestSilence);
-    for (std::size_t i = 0; i < titles.size() && !ended(); ++i) {
+    bool stays = false;
+    for (std::size_t i = 0; i < titles.size() && !ended() && !stays; ++i) {
+        stays = !leaveShownCategory();
         // While messages were run, a category may have gone, and others taken its place.
-        if (const auto row = rowOf(titles[i], i)) searched += searchCategory(*row, SearchString, mode);
+        const auto row = rowOf(titles[i], i);
+        if (row && !stays) searched += searchCategory(*row, SearchString, mode);
     }
-    if (!quitting_) restore(before);
+    if (!quitting_ && !stays) restore(before);
     quiet_.reset();
     if (ended()) return;
     if (lstResults_.sorted()) lstResults_.setSorted(true);
@@ -118,6 +123,16 @@ std::size_t frmSearch::searchCategory(std::size_t category, const std::wstring& 
     }
     showHits(hits);
     return count;
+}
+
+// A change that the user made during a turn may not have been saved. False when the category that has it is to stay.
+bool frmSearch::leaveShownCategory()
+{
+    if (!workspace_.shown.unsaved) return true;
+    quiet_.reset();
+    const bool leaves = leaveSites(workspace_);
+    beQuiet();
+    return leaves;
 }
 
 void frmSearch::beQuiet() { quiet_.emplace(workspace_.lstCategory, workspace_.lstInfo, lstResults_); }

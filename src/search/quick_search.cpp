@@ -7,7 +7,7 @@
 #include "search/platform_folding.h"
 #include "search/site_match.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
+#include "store/category_list.h"
 
 #include <limits>
 

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "shared/keep_on_top.h"
+#include "shared/list_images.h"
 #include "shared/options_state.h"
 #include "shared/properties_hand_off.h"
+#include "shared/shown_category.h"
 #include "shared/site_hand_off.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace vandrel {
@@ -35,15 +36,7 @@ struct Workspace {
     SiteHandOff site{};
     PropertiesHandOff properties{};
     std::wstring favoritesFolder{};
-    // The title of the category that was there but could not be read when it was selected last. Saving the list
-    // over it would throw away what nobody has seen.
-    std::optional<std::wstring> unreadCategory{};
+    ShownCategory shown{};
 };
-
-// Images of the lists, from 1.
-inline constexpr int siteImage = 1;
-inline constexpr int closedFolderImage = 3;
-inline constexpr int openFolderImage = 4;
-inline constexpr int deadSiteImage = 5;
 
 } // namespace vandrel

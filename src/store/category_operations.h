@@ -7,23 +7,20 @@ namespace vandrel {
 
 struct Workspace;
 
-// Asks for a title and makes an empty category of it. A category of the same title is emptied, by design. Throws
-// RuntimeError when the file cannot be made; the list is then as before.
+// Asks for a title and makes an empty category of it; see makeCategory. Sites that no category could take until now are
+// offered to it. Throws RuntimeError when the file cannot be made.
 void AddCategory(Workspace& workspace);
 
-// Asks, then deletes the selected category with its file. Throws RuntimeError when the file cannot be deleted.
+// Asks, then deletes the shown category with its file; none is shown then. Throws RuntimeError when the file cannot be deleted.
 void RemoveCategory(Workspace& workspace);
-
-// Rebuilds the "Move To" entries from the category list.
-void DoMoveMenus(Workspace& workspace);
 
 // Renames the file of a category after its label was edited.
 class CategoryRename {
   public:
     explicit CategoryRename(Workspace& workspace) : workspace_(workspace) {}
 
-    // Remembers the title of the selected category.
-    void lstCategory_BeforeLabelEdit();
+    // Remembers the title of the category whose label is edited.
+    void lstCategory_BeforeLabelEdit(std::size_t row);
     // Whether the label may take the new text. The file is named relative to the current directory. Throws
     // RuntimeError when it cannot be renamed.
     bool lstCategory_AfterLabelEdit(const std::wstring& newText);

@@ -16,6 +16,7 @@ std::optional<std::wstring> titleOfFile(std::wstring_view fileName);
 bool hasRefusedCharacter(std::wstring_view title);
 
 std::wstring refusedTitleMessage();
+inline constexpr const wchar_t* invalidTitle = L"Invalid Category Title"; // of the boxes that refuse one
 
 // Blanks are the only thing that trimming takes off.
 bool isBlank(std::wstring_view text);

@@ -3,15 +3,14 @@
 #include "dialogs/frm_input.h"
 #include "platform/input_box.h"
 #include "platform/list_view.h"
-#include "platform/menu.h"
 #include "platform/message_box.h"
-#include "platform/runtime_error.h"
 #include "platform/scope_exit.h"
 #include "platform/status_bar.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
-#include "store/category_files.h"
 #include "store/category_title.h"
+#include "store/save_items.h"
+#include "store/saved_text.h"
 
 namespace vandrel {
 namespace {
@@ -22,15 +21,33 @@ void showSiteEditor(Workspace& workspace)
     editor.showModal();
 }
 
-std::optional<std::size_t> categoryOfTitle(const ListView& categories, const std::wstring& title)
+// The current site by its id; none when no site is selected.
+std::optional<ListRows::Id> currentSite(const Workspace& workspace)
 {
-    for (std::size_t row = 0; row < categories.count(); ++row) {
-        if (categories.text(row) == title) return row;
-    }
-    return std::nullopt;
+    const auto row = workspace.lstInfo.currentRow();
+    return row ? std::optional(workspace.lstInfo.id(*row)) : std::nullopt;
 }
 
 } // namespace
+
+bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+             const std::wstring& description, const std::wstring& date)
+{
+    ListView& sites = workspace.lstInfo;
+    workspace.shown.unsaved = true;
+    sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
+    sites.sortBy(urlColumn, sites.sortOrder());
+    return SaveItems(workspace);
+}
+
+void dateToday(Workspace& workspace, ListRows::Id site)
+{
+    const auto row = workspace.lstInfo.rowOf(site);
+    if (!row) return;
+    workspace.shown.unsaved = true;
+    workspace.lstInfo.setText(*row, dateColumn, savedText(workspace.today()));
+    SaveItems(workspace);
+}
 
 void AddURL(Workspace& workspace)
 {
@@ -42,10 +59,7 @@ void AddURL(Workspace& workspace)
         return;
     }
     const ScopeExit reset([&site] { site.forgetNewSite(); });
-    ListView& sites = workspace.lstInfo;
-    sites.add({site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today()}, siteImage);
-    sites.sortBy(urlColumn, sites.sortOrder());
-    SaveItems(workspace);
+    addSite(workspace, site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today());
 }
 
 void RemoveURL(Workspace& workspace)
@@ -58,6 +72,7 @@ void RemoveURL(Workspace& workspace)
         ProgressBar& PB = workspace.PB;
         PB.begin(sites.count());
         const ScopeExit hide([&PB] { PB.setVisible(false); });
+        workspace.shown.unsaved = true;
         sites.removeSelected([&PB](std::size_t row) { PB.setValue(row); });
     }
     workspace.StatusBar1.setPanelText(1, L"Remove successful.");
@@ -66,63 +81,40 @@ void RemoveURL(Workspace& workspace)
 
 void EditDescription(Workspace& workspace)
 {
-    const auto row = workspace.lstInfo.currentRow();
+    ListView& sites = workspace.lstInfo;
+    const auto site = currentSite(workspace);
+    if (!site) return;
+    const std::wstring description = inputBox(workspace.window, L"Enter a new description for this site.",
+                                              L"Enter Description");
+    const auto row = sites.rowOf(*site);
     if (!row) return;
-    std::wstring description = inputBox(workspace.window, L"Enter a new description for this site.",
-                                        L"Enter Description");
-    if (isBlank(description)) description = workspace.lstInfo.text(*row, descriptionColumn);
-    workspace.lstInfo.setText(*row, descriptionColumn, description);
+    workspace.shown.unsaved = true;
+    if (!isBlank(description)) sites.setText(*row, descriptionColumn, savedText(description));
     SaveItems(workspace);
 }
 
 void EditSel(Workspace& workspace)
 {
     ListView& sites = workspace.lstInfo;
-    const auto row = sites.currentRow();
-    if (!row) return;
+    const auto edited = currentSite(workspace);
+    if (!edited) return;
     SiteHandOff& site = workspace.site;
-    site.SiteEditName = sites.text(*row, nameColumn);
-    site.SiteEditURL = sites.text(*row, urlColumn);
-    site.SiteEditDesc = sites.text(*row, descriptionColumn);
+    const std::size_t before = *sites.rowOf(*edited);
+    site.SiteEditName = sites.text(before, nameColumn);
+    site.SiteEditURL = sites.text(before, urlColumn);
+    site.SiteEditDesc = sites.text(before, descriptionColumn);
     site.SiteEditMode = true;
     const ScopeExit endEditing([&site] { site.SiteEditMode = false; });
     {
         const TopmostPause pause(workspace.keepOnTop);
         showSiteEditor(workspace);
     }
-    if (site.SiteDialogCancelled) return;
-    sites.setText(*row, nameColumn, site.SiteEditName);
-    sites.setText(*row, urlColumn, site.SiteEditURL);
-    sites.setText(*row, descriptionColumn, site.SiteEditDesc);
-    sites.setText(*row, dateColumn, workspace.today());
+    const auto row = sites.rowOf(*edited);
+    if (site.SiteDialogCancelled || !row) return;
+    workspace.shown.unsaved = true;
+    sites.setTexts(*row, {savedText(site.SiteEditName), savedText(site.SiteEditURL),
+                          savedText(site.SiteEditDesc), savedText(workspace.today())});
     SaveItems(workspace);
-}
-
-void mnuMove_Click(Workspace& workspace, std::size_t index)
-{
-    ListView& sites = workspace.lstInfo;
-    const auto row = sites.currentRow();
-    const auto source = workspace.lstCategory.currentRow();
-    const auto target = categoryOfTitle(workspace.lstCategory, workspace.mnuMove.caption(index));
-    if (!row || !source || !target) return;
-    const std::wstring name = sites.text(*row, nameColumn);
-    const std::wstring url = sites.text(*row, urlColumn);
-    const std::wstring description = sites.text(*row, descriptionColumn);
-    const std::wstring date = sites.text(*row, dateColumn);
-
-    sites.remove(*row);
-    SaveItems(workspace);
-    selectCategory(workspace, *target);
-    sites.add({name, url, description, L""}, siteImage);
-    try {
-        SaveItems(workspace);
-    } catch (const RuntimeError&) {
-        // The file it came from no longer has the site, and this one does not take it.
-        selectCategory(workspace, *source);
-        sites.insert(*row, {name, url, description, date}, siteImage);
-        SaveItems(workspace);
-        throw;
-    }
 }
 
 } // namespace vandrel

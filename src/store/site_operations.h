@@ -1,13 +1,15 @@
 #pragma once
 
-#include <cstddef>
+#include "platform/list_rows.h"
+
+#include <string>
 
 namespace vandrel {
 
 struct Workspace;
 
 // Each works on the site list and ends with saving it; each throws RuntimeError when that fails, with the list
-// showing the change that was not saved. Without a selected site the last four do nothing.
+// showing the change that was not saved. Without a selected site the commands but the first do nothing.
 
 // Opens the site editor, with the waiting link if there is one, and adds what it hands back, dated today. The list
 // is sorted by URL from then on.
@@ -18,8 +20,11 @@ void RemoveURL(Workspace& workspace);
 void EditDescription(Workspace& workspace);
 // Opens the current site in the site editor and dates it today when it is accepted.
 void EditSel(Workspace& workspace);
-// Moves the current site to the first category that has the title of "Move To" entry `index`; its date is not
-// carried over. A move that fails leaves the site where it was.
-void mnuMove_Click(Workspace& workspace, std::size_t index);
 
+// Adds a site, its texts as the file will hold them, and sorts the list by URL. Returns whether it was saved; false when
+// there is no category and the user made none.
+bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+             const std::wstring& description, const std::wstring& date);
+// Dates the site today; nothing happens when it is gone from the list.
+void dateToday(Workspace& workspace, ListRows::Id site);
 } // namespace vandrel

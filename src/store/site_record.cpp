@@ -117,4 +117,16 @@ std::optional<SiteRecord> SiteRecordReader::next()
     return std::nullopt;
 }
 
+std::wstring withoutLineEnds(std::wstring_view text)
+{
+    std::wstring line;
+    line.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool lineEnd = text[at] == L'\r' || text[at] == L'\n';
+        line += lineEnd ? L' ' : text[at];
+        if (text.substr(at, 2) == L"\r\n") ++at;
+    }
+    return line;
+}
+
 } // namespace vandrel

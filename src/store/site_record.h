@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vandrel {
@@ -20,6 +21,9 @@ inline constexpr wchar_t fieldSeparator = L'|';
 // The site on one line, without its line end; none for a comment and for a line without a separator. Missing
 // fields are empty, pieces after the fourth are dropped.
 std::optional<SiteRecord> siteOfLine(std::wstring_view line);
+
+// The text with one blank in place of each line end: CR LF, CR or LF.
+std::wstring withoutLineEnds(std::wstring_view text);
 
 // Reads the sites of a decoded category file one after the other.
 //

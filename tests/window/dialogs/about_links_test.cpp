@@ -1,7 +1,7 @@
 #include "shared/maker.h"
 #include "tests/support/input.h"
+#include "tests/support/list_clicks.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/clicks.h"
 #include "tests/window/mainwindow/recorder.h"
 
 namespace vandrel::test {

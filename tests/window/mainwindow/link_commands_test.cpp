@@ -1,5 +1,5 @@
 #include "tests/support/input.h"
-#include "tests/window/mainwindow/clicks.h"
+#include "tests/support/list_clicks.h"
 #include "tests/window/mainwindow/link_test.h"
 #include "tests/window/mainwindow/menus_seen.h"
 

@@ -40,6 +40,12 @@ class PopUpMenus : public MainWindowTest {
         start();
         clickCategory(L"Home");
     }
+    static void rightClickBelow(const ListView& list)
+    {
+        RECT area{};
+        GetClientRect(list.handle(), &area);
+        rightClickAt(list.handle(), {area.right / 2, area.bottom - 20});
+    }
     // What the site list's pop-up looks like at a right click.
     std::string sitePopUpTree()
     {
@@ -216,6 +222,78 @@ TEST_F(PopUpMenus, RenameCategoryOfBothMenusEditsTheSelectedTitle)
         pressKey(VK_ESCAPE);
         EXPECT_FALSE(lstCategory().editingLabel());
     }
+}
+
+// ---- beside the rows
+
+TEST_F(PopUpMenus, ARightClickBelowTheLastCategoryLeavesTheShownOneSelected)
+{
+    startWithTwoCategories();
+    Answers answers;
+    answers.expectInput(L"Category Name", L"Please enter a title for the new category.", L"Third");
+    const MenuVisit visit([](HMENU) {}, {VK_DOWN, VK_RETURN});
+    rightClickBelow(lstCategory());
+    EXPECT_ANSWERED(answers);
+    EXPECT_EQ(lstCategory().currentRow(), std::optional<std::size_t>(0));
+    answers.expect(L"Add Site...", [](HWND dialog) { press(dialog, IDOK); });
+    main->run(mnuAddWebsite);
+    EXPECT_ANSWERED(answers);
+    EXPECT_EQ(folder.read(L"Home.udb"), std::string("|http://||11/16/2002\r\n") +
+                                            "Gamma|http://a.example/|third|1/15/2003\r\n"
+                                            "Beta|http://b.example/|second|9/30/2002\r\n"
+                                            "Alpha|http://c.example/|first|10/1/2002\r\n");
+}
+
+TEST_F(PopUpMenus, TheCategoryPopUpOpenedThereActsOnTheShownCategory)
+{
+    startWithTwoCategories();
+    Answers answers;
+    answers.expectBox(L"Vandrel", L"Remove category and all websites within?", IDYES, MB_ICONASTERISK);
+    const MenuVisit visit([](HMENU) {}, {VK_DOWN, VK_DOWN, VK_RETURN});
+    rightClickBelow(lstCategory());
+    EXPECT_ANSWERED(answers);
+    EXPECT_EQ(folder.names(), std::vector<std::wstring>{L"Work.udb"});
+}
+
+TEST_F(PopUpMenus, RenameFromThereEditsTheShownCategory)
+{
+    startWithTwoCategories();
+    const MenuVisit visit([](HMENU) {}, {VK_UP, VK_RETURN});
+    rightClickBelow(lstCategory());
+    ASSERT_TRUE(lstCategory().editingLabel());
+    EXPECT_EQ(windowText(
+                  reinterpret_cast<HWND>(SendMessageW(lstCategory().handle(), LVM_GETEDITCONTROL, 0, 0))),
+              L"Home");
+}
+
+// Whatever else the native control may do to its selection, a save goes where the sites came from.
+TEST_F(PopUpMenus, ASaveGoesToTheShownCategoryThoughTheNativeListHasNoneSelected)
+{
+    startWithTwoCategories();
+    lstCategory().clearSelection();
+    lstInfo().select(0);
+    Answers answers;
+    answers.expectBox(L"Remove site(s)", L"Remove selected site(s)?", IDYES, MB_ICONASTERISK);
+    main->run(mnuRemoveWebsite);
+    EXPECT_ANSWERED(answers);
+    EXPECT_EQ(folder.read(L"Home.udb"),
+              std::string(threeSites).substr(std::string(threeSites).find('\n') + 1));
+    EXPECT_EQ(folder.read(L"Work.udb"), threeSites);
+}
+
+// Windows reports the right click from within its press; nothing runs there.
+TEST_F(PopUpMenus, NothingRunsWithinTheReportOfARightClick)
+{
+    startWithTwoCategories();
+    NMITEMACTIVATE click{};
+    click.hdr = {lstCategory().handle(), static_cast<UINT_PTR>(GetDlgCtrlID(lstCategory().handle())),
+                 static_cast<UINT>(NM_RCLICK)};
+    click.iItem = -1;
+    const MenuVisit visit([](HMENU) {});
+    SendMessageW(main->handle(), WM_NOTIFY, click.hdr.idFrom, reinterpret_cast<LPARAM>(&click));
+    EXPECT_FALSE(visit.opened());
+    pump();
+    EXPECT_TRUE(visit.opened());
 }
 
 } // namespace

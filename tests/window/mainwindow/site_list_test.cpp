@@ -1,5 +1,5 @@
 #include "tests/support/input.h"
-#include "tests/window/mainwindow/clicks.h"
+#include "tests/support/list_clicks.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {

@@ -322,5 +322,27 @@ TEST_F(QuickSearch, TheSearchItselfBeginsAtTheRowItIsGivenAndNeitherScrollsNorFo
     EXPECT_ANSWERED(answers);
 }
 
+// The message filter starts the search, so its error must not get past that.
+TEST_F(QuickSearch, BeyondTheLastRowThatTheNumberCanHoldEnterShowsTheErrorAndTheProgramGoesOn)
+{
+    std::string many;
+    for (int i = 0; i < 34'000; ++i) many += i == 33'000 || i == 33'500 ? "needle|u\r\n" : "n|u\r\n";
+    startWith(many);
+    box().setFocus();
+    box().setText(L"needle");
+    const auto enter = [&] {
+        PostMessageW(edit(), WM_CHAR, VK_RETURN, 1);
+        MessageLoop::current().dispatchPending();
+    };
+    enter();
+    ASSERT_EQ(lstInfo().currentRow(), std::optional<std::size_t>(33'000));
+    Answers answers;
+    expectErrorBox(answers, 6, L"Overflow");
+    enter();
+    EXPECT_ANSWERED(answers);
+    EXPECT_TRUE(IsWindow(main->handle()));
+    EXPECT_EQ(lstInfo().currentRow(), std::optional<std::size_t>(33'000));
+}
+
 } // namespace
 } // namespace vandrel::test

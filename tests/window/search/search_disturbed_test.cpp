@@ -1,3 +1,4 @@
+#include "store/site_move.h"
 #include "store/site_operations.h"
 #include "tests/window/search/search_of_three.h"
 

@@ -4,9 +4,9 @@
 #include "platform/topmost.h"
 #include "search/frm_search.h"
 #include "tests/support/input.h"
+#include "tests/support/list_clicks.h"
 #include "tests/support/message_watch.h"
 #include "tests/window/dialogs/site_editor.h"
-#include "tests/window/mainwindow/clicks.h"
 #include "tests/window/mainwindow/window_parts.h"
 #include "tests/window/store/store_test.h"
 

@@ -188,5 +188,32 @@ TEST_F(CategoryReading, AfterAFailureTheNextCategoryIsReadAsEver)
     EXPECT_EQ(sites(), Lines{L"x|y||"});
 }
 
+TEST_F(CategoryReading, OfAFolderThatHasGoneIsNotAnEmptyCategory)
+{
+    folder.write(L"Work.udb", "A|a\r\n");
+    folder.write(L"Zoo.udb", "Z|z\r\n");
+    start();
+    const std::wstring away = folder.path() + L" away";
+    ASSERT_TRUE(MoveFileW(folder.path().c_str(), away.c_str()));
+    clickCategory(L"Zoo");
+    EXPECT_TRUE(lstInfo().empty());
+    ASSERT_TRUE(MoveFileW(away.c_str(), folder.path().c_str()));
+    workspace().lstInfo.add({L"new", L"n", L"", L""}, siteImage);
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Zoo.udb"), "Z|z||\r\nnew|n||\r\n");
+}
+
+TEST_F(CategoryReading, OfAMissingFileInAFolderThatIsThereIsAnEmptyCategory)
+{
+    folder.write(L"Work.udb", "A|a\r\n");
+    folder.write(L"Zoo.udb", "Z|z\r\n");
+    start();
+    DeleteFileW(folder.file(L"Zoo.udb").c_str());
+    clickCategory(L"Zoo");
+    lstInfo().add({L"new", L"n", L"", L""}, siteImage);
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Zoo.udb"), "new|n||\r\n");
+}
+
 } // namespace
 } // namespace vandrel::test

@@ -89,35 +89,6 @@ TEST_F(NoCategories, TheNextSaveAsksAgainAndWritesAllSites)
     EXPECT_EQ(folder.read(L"Late.udb"), "A|http://a/||11/16/2002\r\nB|http://b/||11/16/2002\r\n");
 }
 
-TEST_F(NoCategories, ARefusedTitleIsToldAndNothingIsWritten)
-{
-    start();
-    Answers answers;
-    answers.expect(addCaption, typeSite(L"A", L"http://a/", L""));
-    expectTheNoticeAndAnswer(answers, L"a*b");
-    answers.expectBox(L"Invalid Category Title",
-                      L"The following characters are not allowed:\r\n          \\ / : * ? \" < > |", IDOK,
-                      MB_ICONHAND);
-    choose(mnuAddWebsite);
-    EXPECT_ANSWERED(answers);
-    EXPECT_EQ(sites(), Lines{L"A|http://a/||11/16/2002"});
-    EXPECT_EQ(folder.names(), Lines{});
-}
-
-TEST_F(NoCategories, ATitleThatTheSystemRefusesRaisesAnErrorAndTheSiteStaysInTheList)
-{
-    start();
-    Answers answers;
-    answers.expect(addCaption, typeSite(L"A", L"http://a/", L""));
-    expectTheNoticeAndAnswer(answers, L"a<b");
-    expectErrorBox(answers, 52, L"Bad file name or number");
-    choose(mnuAddWebsite);
-    EXPECT_ANSWERED(answers);
-    EXPECT_EQ(sites(), Lines{L"A|http://a/||11/16/2002"});
-    EXPECT_TRUE(lstCategory().empty());
-    EXPECT_EQ(folder.names(), Lines{});
-}
-
 TEST_F(NoCategories, AfterTheLastOneWasRemovedASiteAsksForACategoryToo)
 {
     folder.write(L"Work.udb", "A|a\r\n");

@@ -250,13 +250,16 @@ TEST_F(CategoryRename, AFileThatVanishedRaisesAnErrorAndTheOldNameStays)
     EXPECT_EQ(titles(), (Lines{L"Old", L"Other"}));
 }
 
-TEST_F(CategoryRename, WithoutASelectedCategoryNothingIsEdited)
+TEST_F(CategoryRename, WithoutAShownCategoryNothingIsEdited)
 {
     startThere();
-    lstCategory().clearSelection();
+    Answers answers;
+    answers.expect(L"Vandrel", [](HWND box) { press(box, IDYES); });
+    choose(mnuRemoveCategory);
+    EXPECT_ANSWERED(answers);
     choose(mnuRenameCat);
     EXPECT_FALSE(lstCategory().editingLabel());
-    expectUnchanged();
+    EXPECT_EQ(folder.names(), Lines{L"Other.udb"});
 }
 
 TEST_F(CategoryRename, AFileThatCouldNotBeReadIsNotOverwrittenUnderItsNewNameEither)
@@ -267,7 +270,10 @@ TEST_F(CategoryRename, AFileThatCouldNotBeReadIsNotOverwrittenUnderItsNewNameEit
         clickCategory(L"Old");
     }
     rename(L"New");
-    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
+    {
+        const HeldFile held(folder.file(L"New.udb"));
+        EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
+    }
     EXPECT_EQ(folder.read(L"New.udb"), "a|1\r\n");
 }
 

@@ -1,6 +1,10 @@
 #pragma once
 
-#include "store/category_files.h"
+#include "store/category_file.h"
+#include "store/category_list.h"
+#include "store/category_making.h"
+#include "store/category_selection.h"
+#include "store/save_items.h"
 #include "tests/support/error_of.h"
 #include "tests/support/main_window_test.h"
 

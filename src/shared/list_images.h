@@ -1,0 +1,11 @@
+#pragma once
+
+namespace vandrel {
+
+// Images of the lists, from 1.
+inline constexpr int siteImage = 1;
+inline constexpr int closedFolderImage = 3;
+inline constexpr int openFolderImage = 4;
+inline constexpr int deadSiteImage = 5;
+
+} // namespace vandrel

@@ -1,0 +1,89 @@
+#include "store/category_making.h"
+
+#include "platform/file_layer.h"
+#include "platform/input_box.h"
+#include "platform/list_view.h"
+#include "platform/menu.h"
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+#include "shared/workspace.h"
+#include "store/category_file.h"
+#include "store/category_list.h"
+#include "store/category_title.h"
+
+#include <exception>
+
+namespace vandrel {
+namespace {
+
+ListRows::Id addCategory(Workspace& workspace, const std::wstring& title)
+{
+    ListView& categories = workspace.lstCategory;
+    const std::size_t row = categories.add({title}, closedFolderImage);
+    try {
+        replaceFile(categoryPath(workspace.dataFolder, title), std::string_view());
+    } catch (const std::exception&) {
+        categories.remove(row);
+        throw;
+    }
+    const auto shown = shownRow(workspace);
+    // Nothing unseen is left in the file.
+    if (shown && categories.text(*shown) == title) workspace.shown.unreadable = false;
+    categories.ensureVisible(row);
+    return categories.id(row);
+}
+
+} // namespace
+
+NewCategory makeCategory(Workspace& workspace)
+{
+    using Answer = NewCategory::Answer;
+    workspace.mnuMove.unloadFrom(1);
+    const std::wstring title = inputBox(workspace.window, L"Please enter a title for the new category.",
+                                        L"Category Name");
+    if (hasRefusedCharacter(title)) {
+        tell(workspace.window, refusedTitleMessage(), invalidTitle, BoxIcon::critical);
+        return {Answer::refused}; // "Move To" keeps only its first entry until it is built again
+    }
+    if (isBlank(title)) {
+        DoMoveMenus(workspace);
+        return {Answer::cancelled};
+    }
+    NewCategory category{Answer::made};
+    try {
+        category.row = addCategory(workspace, title);
+    } catch (const std::exception&) {
+        DoMoveMenus(workspace);
+        throw;
+    }
+    DoMoveMenus(workspace);
+    return category;
+}
+
+void makeFirstCategory(Workspace& workspace)
+{
+    tell(workspace.window, L"There are no categories. Please make a category before adding a site.",
+         L"No Categories", BoxIcon::information);
+    auto answer = NewCategory::Answer::refused;
+    while (answer == NewCategory::Answer::refused) {
+        try {
+            answer = makeCategory(workspace).answer;
+        } catch (const RuntimeError& error) {
+            showRuntimeError(workspace.window, error); // another title may do
+        }
+    }
+    if (!workspace.lstCategory.empty()) showAsEmptyCategory(workspace, 0);
+}
+
+void DoMoveMenus(Workspace& workspace)
+{
+    MenuFamily& entries = workspace.mnuMove;
+    const ListView& categories = workspace.lstCategory;
+    entries.unloadFrom(categories.count());
+    while (entries.count() < categories.count()) entries.load();
+    for (std::size_t i = 0; i < categories.count(); ++i) entries.setCaption(i, categories.text(i));
+    if (categories.empty()) entries.setCaption(0, L"");
+    entries.setEnabled(0, !categories.empty());
+}
+
+} // namespace vandrel

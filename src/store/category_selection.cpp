@@ -1,0 +1,120 @@
+#include "store/category_selection.h"
+
+#include "platform/list_view.h"
+#include "platform/message_box.h"
+#include "platform/program.h"
+#include "platform/runtime_error.h"
+#include "shared/workspace.h"
+#include "store/category_list.h"
+#include "store/save_items.h"
+#include "store/unsaved_text.h"
+
+#include <new>
+#include <optional>
+
+namespace vandrel {
+namespace {
+
+bool ask(const Workspace& workspace, const std::wstring& text)
+{
+    return askYesNo(workspace.window, text, programTitle, BoxIcon::question);
+}
+
+// Tries to save. Why the sites cannot be saved; none when they are now.
+std::optional<std::wstring> reasonNotSaved(Workspace& workspace)
+{
+    try {
+        if (SaveItems(workspace)) return std::nullopt;
+        return runtimeErrorDescription(error_number::objectNotSet);
+    } catch (const RuntimeError& error) {
+        return error.description();
+    } catch (const std::bad_alloc&) {
+        return runtimeErrorDescription(error_number::outOfMemory);
+    }
+}
+
+std::wstring shownTitle(const Workspace& workspace)
+{
+    const auto row = shownRow(workspace);
+    return row ? workspace.lstCategory.text(*row) : std::wstring();
+}
+
+bool mayDiscard(Workspace& workspace, const std::wstring& reason)
+{
+    return ask(workspace, discardText(shownTitle(workspace), reason));
+}
+
+void selectShown(Workspace& workspace)
+{
+    if (const auto row = shownRow(workspace)) workspace.lstCategory.select(*row);
+}
+
+// With sites in the list that no file holds.
+void showAnother(Workspace& workspace, ListRows::Id category)
+{
+    const auto reason = shownRow(workspace) ? reasonNotSaved(workspace) : std::wstring();
+    const auto row = workspace.lstCategory.rowOf(category); // messages may have run
+    if (!row) return;
+    if (!reason) {
+        showCategory(workspace, *row);
+    } else if (hasStraySites(workspace)) {
+        if (category == workspace.shown.row) return; // still not to be read
+        if (!offerStraySites(workspace, *row)) showCategory(workspace, *row);
+    } else if (mayDiscard(workspace, *reason)) {
+        showCategory(workspace, *row);
+    } else {
+        selectShown(workspace);
+    }
+}
+
+} // namespace
+
+bool hasStraySites(const Workspace& workspace)
+{
+    return workspace.shown.unsaved && (workspace.shown.unreadable || !shownRow(workspace));
+}
+
+bool offerStraySites(Workspace& workspace, std::size_t item)
+{
+    const std::wstring title = workspace.lstCategory.text(item);
+    if (!ask(workspace, addToCategoryText(workspace.lstInfo.count(), title))) return false;
+    showCategory(workspace, item, workspace.lstInfo.rows().all());
+    SaveItems(workspace);
+    return true;
+}
+
+bool leaveSites(Workspace& workspace)
+{
+    if (!workspace.shown.unsaved || workspace.lstCategory.empty()) return true;
+    const auto reason = reasonNotSaved(workspace);
+    if (reason && !mayDiscard(workspace, *reason)) return false;
+    markSites(workspace, Sites::saved);
+    return true;
+}
+
+void saveBeforeClosing(Workspace& workspace)
+{
+    while (workspace.shown.unsaved) {
+        if (workspace.lstCategory.empty()) {
+            if (!ask(workspace, makeCategoryText(workspace.lstInfo.count()))) return;
+            reasonNotSaved(workspace);
+        } else if (const auto reason = reasonNotSaved(workspace)) {
+            if (!ask(workspace, tryAgainText(shownTitle(workspace), *reason))) return;
+        }
+    }
+}
+
+void lstCategory_ItemClick(Workspace& workspace, std::size_t item)
+{
+    if (workspace.shown.unsaved) showAnother(workspace, workspace.lstCategory.id(item));
+    else showCategory(workspace, item);
+}
+
+void selectCategory(Workspace& workspace, std::size_t item)
+{
+    workspace.lstCategory.select(item);
+    workspace.lstCategory.ensureVisible(item);
+    lstCategory_ItemClick(workspace, item);
+}
+
+} // namespace vandrel

@@ -1,0 +1,53 @@
+#include "store/save_items.h"
+
+#include "platform/file_layer.h"
+#include "platform/list_view.h"
+#include "platform/runtime_error.h"
+#include "shared/workspace.h"
+#include "store/category_file.h"
+#include "store/category_list.h"
+#include "store/category_making.h"
+
+namespace vandrel {
+namespace {
+
+// Puts the list's sites behind those of a category's file.
+void takeIntoCategory(Workspace& workspace)
+{
+    auto row = shownRow(workspace);
+    if (!row) row = workspace.lstCategory.focusedRow().value_or(0);
+    showCategory(workspace, *row, workspace.lstInfo.rows().all());
+}
+
+// False when there is no category, and none was made.
+bool haveCategory(Workspace& workspace)
+{
+    if (workspace.lstCategory.empty()) {
+        makeFirstCategory(workspace);
+        return !workspace.lstCategory.empty();
+    }
+    if (workspace.shown.unreadable || !shownRow(workspace)) takeIntoCategory(workspace);
+    return true;
+}
+
+} // namespace
+
+bool SaveItems(Workspace& workspace) { return SaveItems(workspace, systemFiles()); }
+
+bool SaveItems(Workspace& workspace, FileLayer& files)
+{
+    workspace.shown.unsaved = true;
+    if (!haveCategory(workspace)) {
+        markSites(workspace, workspace.lstInfo.empty() ? Sites::saved : Sites::unsaved);
+        return false;
+    }
+    const auto row = shownRow(workspace);
+    if (!row) throw RuntimeError(error_number::objectNotSet);
+    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
+    writeCategory(workspace.dataFolder, workspace.lstCategory.text(*row), workspace.lstInfo.rows().all(),
+                  files);
+    markSites(workspace, Sites::saved);
+    return true;
+}
+
+} // namespace vandrel
