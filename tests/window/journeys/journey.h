@@ -1,0 +1,87 @@
+#pragma once
+
+#include "tests/window/journeys/journey_model.h"
+#include "tests/window/store/store_test.h"
+
+#include <random>
+
+namespace vandrel::test {
+
+// One thing that the user does. The numbers choose what with and how, whatever the state is, so that a step can be left
+// out of a walk without making the others impossible.
+struct JourneyStep {
+    enum class Act {
+        clickCategory,
+        addSite,
+        dropLink,
+        editSite,
+        openSite,
+        removeSites,
+        moveSite,
+        sortSites,
+        sortCategories,
+        addCategory,
+        renameCategory,
+        removeCategory,
+        importAll,
+        searchAll,
+        pageOfAll,
+        quickSearch,
+        cancelADialog,
+        rightClickBeside,
+        keyInAList,
+        makeReadOnly,
+        makeWritable,
+        loseFile,
+        restart,
+        last = restart
+    };
+    Act act;
+    unsigned a, b, c;
+};
+
+using Walk = std::vector<JourneyStep>;
+Walk randomWalk(std::mt19937& random, std::size_t steps);
+std::string story(const Walk& walk);
+
+// The program beside its model.
+class JourneyTest : public StoreTest {
+  protected:
+    // Walks on a small collection made anew. What is not as the model has it, with the step's number; empty when all is.
+    std::string walk(const Walk& steps);
+    // The walk without the steps that its failure does not need.
+    Walk shortened(Walk steps);
+
+  private:
+    void begin();
+    void restart();
+    void act(const JourneyStep& step);
+    std::string difference();
+    std::string diskDifference();
+
+    // Both the model's command and the program's; what comes up is answered as the model says.
+    template <typename Model, typename Program> void both(Model model, Program program);
+    void addSite(const JourneyStep& step);
+    void removeSites(const JourneyStep& step);
+    void renameCategory(const JourneyStep& step);
+    void importAll();
+    void searchAll();
+    void quickSearch(const JourneyStep& step);
+    void cancelADialog(const JourneyStep& step);
+    void rightClickBeside(const JourneyStep& step);
+    void changeDisk(const JourneyStep& step);
+
+    // The command by menu, key or tool bar.
+    void command(int entry, unsigned way, WORD key = 0, bool shift = false, int button = 0);
+    std::size_t clickSite(unsigned number);
+    std::wstring freshUrl() { return L"zzz:" + std::to_wstring(++urls_); }
+    void setReadOnly(const std::wstring& title, bool on);
+
+    JourneyModel model_;
+    TempFolder favorites_{L"favorites"};
+    TempFolder pages_{L"pages"};
+    std::string complaint_;
+    int urls_ = 0;
+};
+
+} // namespace vandrel::test
