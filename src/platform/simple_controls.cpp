@@ -91,14 +91,16 @@ TextBox::TextBox(HWND parent, int id, Lines lines)
 
 std::wstring TextBox::text() const
 {
-    return SendMessageW(handle(), EM_GETMODIFY, 0, 0) != 0 ? Control::text() : textSet_;
+    std::wstring shown = Control::text();
+    return shown == shownForSet_ ? textSet_ : shown;
 }
 
 void TextBox::setText(const std::wstring& text)
 {
+    std::wstring kept = text;
     Control::setText(text);
-    SendMessageW(handle(), EM_SETMODIFY, FALSE, 0);
-    textSet_ = text;
+    textSet_ = std::move(kept);
+    shownForSet_ = Control::text();
 }
 
 void TextBox::select(int start, int length)

@@ -64,7 +64,8 @@ class TextBox : public Control {
 
     std::function<void()> GotFocus;
 
-    // What was set, to the letter, until the user changes it: the native box drops what it cannot show.
+    // What the box shows. While that is what it showed of the text set last, it is that text to the letter: the native
+    // box drops what it cannot show.
     std::wstring text() const override;
     void setText(const std::wstring& text) override;
     // Characters; a length beyond the end selects up to it.
@@ -75,6 +76,7 @@ class TextBox : public Control {
 
   private:
     std::wstring textSet_;
+    std::wstring shownForSet_; // the native text right after that one was set
     bool grey_ = false;
 };
 
