@@ -3,12 +3,18 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace vandrel {
 namespace {
 
-constexpr int longestText = 65535;   // characters that can be typed into a box
-constexpr int progressSteps = 10000; // of the native bar; the maximum may be any number of rows
+constexpr int longestText = 65535; // characters that can be typed into a box
+constexpr ULONGLONG progressMilliseconds = 100;
+
+int nativePosition(std::size_t value)
+{
+    return static_cast<int>(std::min<std::size_t>(value, std::numeric_limits<int>::max()));
+}
 
 } // namespace
 
@@ -166,7 +172,7 @@ void ComboBox::clearTextSelection() { SendMessageW(handle(), CB_SETEDITSEL, 0, M
 ProgressBar::ProgressBar(HWND parent) : Control(parent, PROGRESS_CLASSW, 0, 0, -1)
 {
     ShowWindow(handle(), SW_HIDE);
-    SendMessageW(handle(), PBM_SETRANGE32, 0, progressSteps);
+    setMaximum(1);
 }
 
 void ProgressBar::begin(std::size_t steps)
@@ -176,15 +182,25 @@ void ProgressBar::begin(std::size_t steps)
     setVisible(true);
 }
 
-void ProgressBar::setMaximum(std::size_t maximum) { maximum_ = std::max<std::size_t>(maximum, 1); }
+void ProgressBar::setMaximum(std::size_t maximum)
+{
+    maximum_ = std::max<std::size_t>(maximum, 1);
+    SendMessageW(handle(), PBM_SETRANGE32, 0, nativePosition(maximum_));
+    shown_ = std::min(shown_, maximum_);
+}
 
 void ProgressBar::setValue(std::size_t value)
 {
     value_ = value;
-    const int step = static_cast<int>(std::min(value, maximum_) * progressSteps / maximum_);
-    if (step / 100 == shown_ / 100 && value != maximum_) return;
-    shown_ = step;
-    SendMessageW(handle(), PBM_SETPOS, static_cast<WPARAM>(step), 0);
+    const std::size_t position = std::min(value, maximum_);
+    if (position == shown_) return;
+    const bool aHundredth = position < shown_ ||
+                            position - shown_ >= std::max<std::size_t>(maximum_ / 100, 1);
+    const ULONGLONG now = GetTickCount64();
+    if (!aHundredth && position != maximum_ && now < nextTime_) return;
+    shown_ = position;
+    nextTime_ = now + progressMilliseconds;
+    SendMessageW(handle(), PBM_SETPOS, static_cast<WPARAM>(nativePosition(position)), 0);
     UpdateWindow(handle());
 }
 

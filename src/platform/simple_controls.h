@@ -102,18 +102,19 @@ class ProgressBar : public Control {
   public:
     explicit ProgressBar(HWND parent);
 
-    // Shows the bar, empty, for work of so many steps.
+    // Shows the bar, empty, for work of so many steps. The native bar counts the same steps, as screen readers tell them.
     void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
-    // Repaints at once, and only when the bar is longer than before on the screen.
+    // Repaints at once, but only for the last step, for a hundredth more, and otherwise after a tenth of a second.
     void setValue(std::size_t value);
     std::size_t value() const { return value_; }
 
   private:
     std::size_t maximum_ = 1;
     std::size_t value_ = 0;
-    int shown_ = 0;
+    std::size_t shown_ = 0;  // of the values, the one that the native bar has
+    ULONGLONG nextTime_ = 0; // from then on a smaller step is shown, too
 };
 
 } // namespace vandrel
