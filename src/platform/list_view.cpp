@@ -111,6 +111,7 @@ template <typename Change> void ListView::changeRows(Change change)
     ++changes_;
     if (pauses_ > 0) {
         change();
+        severalInPause_ = false;
         selectedInPause_ = rows_.firstMarked();
         return;
     }
