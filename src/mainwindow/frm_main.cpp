@@ -123,7 +123,7 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return Window::onMessage(message, wParam, lParam); // gives the focus to the window itself
     case WM_SETFOCUS: giveFocusBack(); return 0;
     case WM_SYSCOLORCHANGE: tellSystemColors(handle()); return 0;
-    case WM_DPICHANGED: dpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
+    case WM_DPICHANGED: dpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_CLOSE: close(); return 0;
     case WM_ENDSESSION:
         if (wParam != 0) Form_QueryUnload();

@@ -89,6 +89,7 @@ class ListView : public Control {
     void setImages(HIMAGELIST images); // borrowed
 
     void setForeColor(COLORREF color) override;
+    void dpiChanged(unsigned dpi) override; // the columns keep their widths in twips
     std::optional<LRESULT> onNotify(NMHDR& header) override;
 
   protected:
@@ -126,6 +127,7 @@ class ListView : public Control {
     ListRows rows_;
     Selection selection_;
     std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
+    unsigned columnDpi_;              // for which the native widths are
     int quiet_ = 0;                   // above 0 the program itself changes the selection
     int pauses_ = 0;                  // above 0 the native control is told nothing
     std::optional<std::size_t> selectedInPause_;
