@@ -167,6 +167,15 @@ void ComboBox::onCommand(WORD code, WORD)
     Click();
 }
 
+bool ComboBox::listIsOpen() const { return SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
+
+void ComboBox::takeHighlighted()
+{
+    const LRESULT chosen = SendMessageW(handle(), CB_GETCURSEL, 0, 0);
+    SendMessageW(handle(), CB_SHOWDROPDOWN, FALSE, 0);
+    if (chosen != CB_ERR) SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+}
+
 void ComboBox::clearTextSelection() { SendMessageW(handle(), CB_SETEDITSEL, 0, MAKELPARAM(-1, 0)); }
 
 ProgressBar::ProgressBar(HWND parent) : Control(parent, PROGRESS_CLASSW, 0, 0, -1)

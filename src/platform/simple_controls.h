@@ -95,6 +95,9 @@ class ComboBox : public Control {
     // Pixels of the open list's height; the closed box has its font's height.
     int height() const { return outerHeight(); }
     void clearTextSelection();
+    bool listIsOpen() const;
+    // Closes the open list; the highlighted entry, if there is one, is the box's text. Raises nothing.
+    void takeHighlighted();
     void onCommand(WORD code, WORD id) override;
 };
 
