@@ -158,6 +158,10 @@ void frmOptions::cmdFontColor_Click()
 void frmOptions::TabStrip1_Click()
 {
     const bool appearance = TabStrip1_.selected() == 0;
+    const PictureBox& leaving = appearance ? picHTML_ : picAppearance_;
+    // A control that nobody sees would still take the keys.
+    if (IsChild(leaving.handle(), GetFocus()) != 0)
+        SendMessageW(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(TabStrip1_.handle()), TRUE);
     picAppearance_.setVisible(appearance);
     picHTML_.setVisible(!appearance);
 }

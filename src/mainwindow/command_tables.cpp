@@ -114,6 +114,7 @@ constexpr MenuEntry needSites[] = {
 constexpr int buttonsNeedSites[] = {5, 8, 9, 10};
 constexpr MenuEntry needCategories[] = {mnuRemoveCategory, mnuPRemoveCat, mnuRenameCat, mnuPRenameCat};
 constexpr MenuEntry whileEditing[] = {mnuFind, mnuQuit, mnuViewHelp};
+constexpr MenuEntry textKeys[] = {mnuRemoveWebsite, mnuCopyURL};
 
 } // namespace
 
@@ -128,5 +129,7 @@ bool worksWhileEditing(MenuEntry entry)
 {
     return std::ranges::find(whileEditing, entry) != std::end(whileEditing);
 }
+
+bool hasTextKey(MenuEntry entry) { return std::ranges::find(textKeys, entry) != std::end(textKeys); }
 
 } // namespace vandrel

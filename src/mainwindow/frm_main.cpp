@@ -6,6 +6,8 @@
 #include "store/category_selection.h"
 #include "store/save_items.h"
 
+#include <utility>
+
 namespace vandrel {
 namespace {
 
@@ -16,6 +18,20 @@ constexpr Twips splitterStep{120}; // of a key
 enum ControlId { idCategories = 201, idSites };
 
 IconHandle programIcon(int metric) { return loadIcon(L"a-vandrel", GetSystemMetrics(metric)); }
+
+// The entry whose shortcut the key is, together with the keys that are held.
+std::optional<MenuEntry> entryOfKey(WPARAM key)
+{
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
+    for (const MenuRow& row : menuTable()) {
+        const Shortcut& shortcut = row.shortcut;
+        if (shortcut.key == key && control == ((shortcut.modifiers & FCONTROL) != 0) &&
+            shift == ((shortcut.modifiers & FSHIFT) != 0))
+            return static_cast<MenuEntry>(row.id);
+    }
+    return std::nullopt;
+}
 
 } // namespace
 
@@ -140,7 +156,7 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return Window::onMessage(message, wParam, lParam); // gives the focus to the window itself
     case WM_SETFOCUS: giveFocusBack(); return 0;
     case WM_SYSCOLORCHANGE: tellSystemColors(handle()); return 0;
-    case WM_DPICHANGED: dpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
+    case WM_DPICHANGED: dpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_CLOSE: close(); return 0;
     case WM_ENDSESSION:
         if (wParam != 0) endSession();
@@ -159,29 +175,24 @@ bool frmMain::filterMessage(MSG& message)
 {
     if (message.hwnd != handle() && !IsChild(handle(), message.hwnd)) return false;
     if (!IsWindowEnabled(handle())) return false;
-    if (message.message == WM_CHAR && message.wParam == VK_RETURN && picSearch_.cmbSearch.hasFocus()) {
-        cmdSearch_Click(workspace_, picSearch_.cmbSearch); // swallowed: the box would beep
+    ComboBox& box = picSearch_.cmbSearch;
+    const bool inBox = box.hasFocus();
+    if (inBox && message.wParam == VK_RETURN && message.message == WM_CHAR) {
+        cmdSearch_Click(workspace_, box); // swallowed: the box would beep
         return true;
     }
     if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
-    const bool editing = picSearch_.cmbSearch.hasFocus() || lstCategory_.editingLabel();
-    if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 &&
-        !lstCategory_.editingLabel()) {
+    if (inBox && message.wParam == VK_RETURN && box.listIsOpen()) {
+        box.takeHighlighted(); // swallowed: the letter that comes of the key would search
+        return true;
+    }
+    const bool inLabel = lstCategory_.editingLabel();
+    if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 && !inLabel) {
         return moveFocus(GetKeyState(VK_SHIFT) < 0);
     }
-    if (editing) {
-        // Only what neither edits text nor acts on the lists; the keys of the others belong to the text.
-        for (const MenuRow& row : menuTable()) {
-            const bool control = GetKeyState(VK_CONTROL) < 0;
-            const bool shift = GetKeyState(VK_SHIFT) < 0;
-            if (row.shortcut.key != message.wParam || control != ((row.shortcut.modifiers & FCONTROL) != 0) ||
-                shift != ((row.shortcut.modifiers & FSHIFT) != 0)) {
-                continue;
-            }
-            if (!worksWhileEditing(static_cast<MenuEntry>(row.id))) return false;
-        }
-    }
-    return (!editing && takeSplitterKey(message)) ||
+    const auto entry = entryOfKey(message.wParam);
+    if (entry && ((inLabel && !worksWhileEditing(*entry)) || (inBox && hasTextKey(*entry)))) return false;
+    return (!inBox && !inLabel && takeSplitterKey(message)) ||
            TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
 }
 
@@ -195,12 +206,14 @@ bool frmMain::takeSplitterKey(const MSG& message)
     return true;
 }
 
-// Where the user was before a dialog or another program, as long as that can still take keys.
+// Where the user was before a dialog or another program, as long as that can still take keys. Once: what loses the focus
+// later, because it is disabled, must not get it back.
 void frmMain::giveFocusBack()
 {
-    const bool usable = IsChild(handle(), lastFocus_) != 0 && IsWindowVisible(lastFocus_) != 0 &&
-                        IsWindowEnabled(lastFocus_) != 0 && IsWindowEnabled(GetParent(lastFocus_)) != 0;
-    SetFocus(usable ? lastFocus_ : lstCategory_.handle());
+    const HWND last = std::exchange(lastFocus_, nullptr);
+    const bool usable = IsChild(handle(), last) != 0 && IsWindowVisible(last) != 0 &&
+                        IsWindowEnabled(last) != 0 && IsWindowEnabled(GetParent(last)) != 0;
+    SetFocus(usable ? last : lstCategory_.handle());
 }
 
 // Not in the middle of what they are doing.

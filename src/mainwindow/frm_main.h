@@ -80,7 +80,7 @@ class frmMain : public Window, public Form {
     void picSepBar_MouseMove(Twips x);
     void picSepBar_MouseUp();
     void moveSplitter(Twips by);
-    void dpiChanged(const RECT& suggested);
+    void dpiChanged(unsigned dpi, const RECT& suggested);
     void drawForDpi();
     int pixels(Twips length) const { return toPixels(length, dpi()); }
 

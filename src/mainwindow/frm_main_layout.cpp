@@ -126,15 +126,10 @@ void frmMain::fontsChanged()
     if (GetParent(PB_.handle()) == StatusBar1_.handle()) sinkProgressBar();
 }
 
-void frmMain::dpiChanged(const RECT& suggested)
+void frmMain::dpiChanged(unsigned dpi, const RECT& suggested)
 {
-    for (Control* const control : controls()) control->renewFont();
+    for (Control* const control : controls()) control->dpiChanged(dpi);
     drawForDpi();
-    // Their pixels are those of the DPI before; their lengths are what stays.
-    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
-        lstInfo_.setColumnWidth(column, layout_.infoColumns[column]);
-    }
-    lstCategory_.setColumnWidth(0, layout_.categoryColumn);
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
     fontsChanged();

@@ -1,5 +1,6 @@
 #include "mainwindow/frm_main.h"
 #include "mainwindow/registry_module.h"
+#include "mainwindow/window_place.h"
 #include "platform/guarded.h"
 #include "platform/number_text.h"
 #include "shared/apply_font.h"
@@ -21,12 +22,6 @@ RECT windowArea(HWND window)
     RECT area{};
     GetWindowRect(window, &area);
     return area;
-}
-
-long wholeTwips(int pixels, unsigned dpi)
-{
-    return roundedHalfEven(toTwips(pixels, dpi).value, std::numeric_limits<long>::min(),
-                           std::numeric_limits<long>::max());
 }
 
 long wholeTwips(Twips length)
@@ -77,10 +72,10 @@ void frmMain::readSettings()
 void frmMain::LoadPos()
 {
     workspace_.favoritesFolder = Registry_Module::favoritesFolder();
-    const Twips left = preferences_.length(L"Left");
-    const Twips top = preferences_.length(L"Top");
-    const Twips width = preferences_.length(L"Width");
-    const Twips height = preferences_.length(L"Height");
+    const StoredPlace place{.left = preferences_.length(L"Left"),
+                            .top = preferences_.length(L"Top"),
+                            .width = preferences_.length(L"Width"),
+                            .height = preferences_.length(L"Height")};
     for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
         lstInfo_.setColumnWidth(column, preferences_.length(L"Col" + std::to_wstring(column + 1)));
     }
@@ -93,8 +88,13 @@ void frmMain::LoadPos()
         if (lstInfo_.columnWidth(column) == Twips{0})
             lstInfo_.setColumnWidth(column, columnFallbacks[column]);
     }
-    SetWindowPos(handle(), nullptr, pixels(left), pixels(top), pixels(width), pixels(height),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    // First the corner: only there the window has the DPI that its size goes by.
+    const ScreenCorner corner = cornerOf(place, GetDpiForSystem());
+    SetWindowPos(handle(), nullptr, corner.left, corner.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const ScreenSize size = sizeOf(place, dpi());
+    SetWindowPos(handle(), nullptr, 0, 0, size.width, size.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void frmMain::moveEdgesOnScreen()
@@ -135,10 +135,13 @@ void frmMain::Form_QueryUnload()
 {
     preferences_.saveOptions(workspace_.options);
     const RECT area = windowArea(handle());
-    const long left = wholeTwips(area.left, dpi());
-    const long top = wholeTwips(area.top, dpi());
-    const long width = wholeTwips(area.right - area.left, dpi());
-    const long height = wholeTwips(area.bottom - area.top, dpi());
+    const StoredPlace place = placeToStore({area.left, area.top},
+                                           {area.right - area.left, area.bottom - area.top},
+                                           GetDpiForSystem(), dpi());
+    const long left = wholeTwips(place.left);
+    const long top = wholeTwips(place.top);
+    const long width = wholeTwips(place.width);
+    const long height = wholeTwips(place.height);
     SavePos(left, top, width, height, wholeTwips(lstInfo_.columnWidth(0)),
             wholeTwips(lstInfo_.columnWidth(1)), wholeTwips(lstInfo_.columnWidth(2)));
 }

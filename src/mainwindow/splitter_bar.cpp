@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <utility>
+
 namespace vandrel {
 namespace {
 
@@ -18,6 +20,14 @@ SplitterBar::SplitterBar(HWND parent)
 
 Twips SplitterBar::mouseX(LPARAM lParam) const { return toTwips(GET_X_LPARAM(lParam), dpi()); }
 
+// Once for a press: to let the mouse go is told as well.
+void SplitterBar::endPress()
+{
+    if (!std::exchange(pressed_, false)) return;
+    if (GetCapture() == handle()) ReleaseCapture();
+    if (MouseUp) MouseUp();
+}
+
 LRESULT SplitterBar::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
@@ -25,17 +35,25 @@ LRESULT SplitterBar::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
         SetCapture(handle());
+        pressed_ = true;
         if (MouseDown) MouseDown(mouseX(lParam));
         return 0;
     case WM_MOUSEMOVE:
-        if ((wParam & anyButton) == MK_LBUTTON && MouseMove) MouseMove(mouseX(lParam));
+        if (pressed_ && (wParam & anyButton) == MK_LBUTTON && MouseMove) MouseMove(mouseX(lParam));
         return 0;
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
-        if ((wParam & anyButton) == 0) ReleaseCapture();
-        if (MouseUp) MouseUp();
+        if ((wParam & anyButton) == 0) {
+            endPress();
+        } else if (pressed_ && MouseUp) {
+            MouseUp();
+        }
         return 0;
+    case WM_CAPTURECHANGED:
+        if (reinterpret_cast<HWND>(lParam) != handle()) endPress();
+        return 0;
+    case WM_CANCELMODE: endPress(); return 0;
     default: return Window::onMessage(message, wParam, lParam);
     }
 }

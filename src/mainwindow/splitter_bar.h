@@ -15,13 +15,16 @@ class SplitterBar : public Window {
     // `x` is the mouse's place from the bar's left edge; it may lie outside of the bar.
     std::function<void(Twips x)> MouseDown;
     std::function<void(Twips x)> MouseMove; // with the left button down and no other
-    std::function<void()> MouseUp;
+    std::function<void()> MouseUp;          // or something took the mouse away
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
     Twips mouseX(LPARAM lParam) const;
+    void endPress();
+
+    bool pressed_ = false;
 };
 
 } // namespace vandrel

@@ -34,8 +34,8 @@ class Control {
     virtual std::wstring text() const;
     virtual void setText(const std::wstring& text);
 
-    // The font again at the window's own DPI, after that has changed.
-    void renewFont() { applyFont(); }
+    // What the control has in pixels, again for the DPI that the window has come to.
+    virtual void dpiChanged(unsigned /*dpi*/) { applyFont(); }
     const FontDescription& font() const { return font_; }
     void setFont(const FontDescription& font);
     // Pixels that a text takes on one line in the control's font; see textSize.

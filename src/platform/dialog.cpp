@@ -70,7 +70,7 @@ INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return TRUE;
     }
     if (message == WM_DPICHANGED) {
-        dpiChanged(*reinterpret_cast<const RECT*>(lParam));
+        dpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         return TRUE;
     }
     const auto answer = reflect(message, wParam, lParam);
@@ -82,9 +82,9 @@ INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     return message == WM_COMMAND ? TRUE : *answer;
 }
 
-void Dialog::dpiChanged(const RECT& suggested)
+void Dialog::dpiChanged(unsigned dpi, const RECT& suggested)
 {
-    for (Control* const control : controls()) control->renewFont();
+    for (Control* const control : controls()) control->dpiChanged(dpi);
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
     layOut();

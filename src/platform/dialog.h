@@ -52,7 +52,7 @@ class Dialog : public Form {
     static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR onMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void placeOverOwner();
-    void dpiChanged(const RECT& suggested);
+    void dpiChanged(unsigned dpi, const RECT& suggested);
     void giveFirstFocus();
     bool filterMessage(MSG& message);
 

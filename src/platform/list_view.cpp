@@ -20,7 +20,9 @@ DWORD listStyle(ListView::Selection selection, bool labelEdit)
 
 ListView::ListView(HWND parent, int id, Selection selection, bool labelEdit,
                    std::initializer_list<Column> columns)
-    : Control(parent, WC_LISTVIEWW, listStyle(selection, labelEdit), 0, id), selection_(selection)
+    : Control(parent, WC_LISTVIEWW, listStyle(selection, labelEdit), 0, id),
+      selection_(selection),
+      columnDpi_(dpi())
 {
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
     for (const Column& column : columns) {
@@ -28,7 +30,7 @@ ListView::ListView(HWND parent, int id, Selection selection, bool labelEdit,
         LVCOLUMNW native{};
         native.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
         native.pszText = caption.data();
-        native.cx = pixels(column.width);
+        native.cx = toPixels(column.width, columnDpi_);
         native.iSubItem = static_cast<int>(columnWidths_.size());
         send(LVM_INSERTCOLUMNW, columnWidths_.size(), reinterpret_cast<LPARAM>(&native));
         columnWidths_.push_back(column.width);
@@ -122,6 +124,7 @@ template <typename Change> void ListView::changeRows(Change change)
     ++changes_;
     if (pauses_ > 0) {
         change();
+        severalInPause_ = false;
         selectedInPause_ = rows_.firstMarked();
         return;
     }
@@ -222,14 +225,25 @@ void ListView::showSortOrder()
 Twips ListView::columnWidth(std::size_t column) const
 {
     const int width = static_cast<int>(send(LVM_GETCOLUMNWIDTH, column));
-    return width == pixels(columnWidths_[column]) ? columnWidths_[column] : toTwips(width, dpi());
+    const bool asSet = width == toPixels(columnWidths_[column], columnDpi_);
+    return asSet ? columnWidths_[column] : toTwips(width, columnDpi_);
 }
 
 void ListView::setColumnWidth(std::size_t column, Twips width)
 {
     columnWidths_[column] = width > 0_twips ? width : 0_twips; // also when it is no number
-    const int native = pixels(columnWidths_[column]);
+    const int native = toPixels(columnWidths_[column], columnDpi_);
     if (send(LVM_GETCOLUMNWIDTH, column) != native) send(LVM_SETCOLUMNWIDTH, column, native);
+}
+
+void ListView::dpiChanged(unsigned dpi)
+{
+    Control::dpiChanged(dpi);
+    for (std::size_t column = 0; column < columnWidths_.size(); ++column)
+        columnWidths_[column] = columnWidth(column);
+    columnDpi_ = dpi;
+    for (std::size_t column = 0; column < columnWidths_.size(); ++column)
+        setColumnWidth(column, columnWidths_[column]);
 }
 
 bool ListView::hasStyle(DWORD style) const

@@ -97,6 +97,7 @@ class ListView : public Control {
     void setImages(HIMAGELIST images); // borrowed
 
     void setForeColor(COLORREF color) override;
+    void dpiChanged(unsigned dpi) override; // the columns keep their widths in twips
     std::optional<LRESULT> onNotify(NMHDR& header) override;
 
   protected:
@@ -105,6 +106,7 @@ class ListView : public Control {
   private:
     friend class ListPause;
     void catchUp();
+    bool nativeKnowsSelection() const { return pauses_ == 0 || severalInPause_; }
     template <typename Change> void changeRows(Change change);
     void takeSystemColors();
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -136,9 +138,11 @@ class ListView : public Control {
     ListRows rows_;
     Selection selection_;
     std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
+    unsigned columnDpi_;              // for which the native widths are
     int quiet_ = 0;                   // above 0 the program itself changes the selection
     int pauses_ = 0;                  // above 0 the native control is told nothing
     std::optional<std::size_t> selectedInPause_;
+    bool severalInPause_ = false; // are selected, and the native control still knows which
     int userMessages_ = 0;        // above 0 a message of the user is being answered
     std::size_t lastFocused_ = 0; // a hint, asked before it is believed
     unsigned changes_ = 0;        // of the rows: what was known by number before one means nothing after it
@@ -149,7 +153,8 @@ class ListView : public Control {
 
 // While one lives, the native controls of its lists are told neither how many rows there are nor which one is selected:
 // for a change of either they paint scroll bars and frames at once, which costs more than filling a list. For work that
-// fills and selects over and over before the next message; no more than one row of a list may be selected meanwhile.
+// fills and selects over and over before the next message. Of several rows that were selected before, all stay so while
+// rows are only appended; after any other change no more than one is.
 class ListPause {
   public:
     template <std::same_as<ListView>... Lists>

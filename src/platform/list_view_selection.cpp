@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace vandrel {
 
@@ -17,7 +18,7 @@ std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
 
 std::optional<std::size_t> ListView::firstSelected() const
 {
-    if (pauses_ > 0) return selectedInPause_;
+    if (!nativeKnowsSelection()) return selectedInPause_;
     const std::size_t selected = selectedCount();
     if (selected == 0) return std::nullopt;
     if (selected == 1 && lastFocused_ < count() && isSelected(lastFocused_)) return lastFocused_;
@@ -26,7 +27,7 @@ std::optional<std::size_t> ListView::firstSelected() const
 
 std::optional<std::size_t> ListView::currentRow() const
 {
-    if (pauses_ > 0) return selectedInPause_;
+    if (!nativeKnowsSelection()) return selectedInPause_;
     if (selectedCount() == 0) return std::nullopt;
     constexpr UINT current = LVIS_FOCUSED | LVIS_SELECTED;
     if (lastFocused_ < count() && send(LVM_GETITEMSTATE, lastFocused_, current) == current)
@@ -37,13 +38,13 @@ std::optional<std::size_t> ListView::currentRow() const
 
 bool ListView::isSelected(std::size_t row) const
 {
-    if (pauses_ > 0) return selectedInPause_ == row;
+    if (!nativeKnowsSelection()) return selectedInPause_ == row;
     return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
 }
 
 std::size_t ListView::selectedCount() const
 {
-    if (pauses_ > 0) return selectedInPause_ ? 1 : 0;
+    if (!nativeKnowsSelection()) return selectedInPause_ ? 1 : 0;
     return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT));
 }
 
@@ -58,6 +59,7 @@ void ListView::setState(int row, UINT state, UINT mask)
 void ListView::select(std::size_t row)
 {
     if (pauses_ > 0) {
+        severalInPause_ = false;
         selectedInPause_ = row;
         return;
     }
@@ -79,6 +81,7 @@ void ListView::clearSelection()
 {
     if (selectedCount() == 0) return;
     if (pauses_ > 0) {
+        severalInPause_ = false;
         selectedInPause_.reset();
         return;
     }
@@ -87,12 +90,14 @@ void ListView::clearSelection()
     dropSelection();
 }
 
-// What was selected before is remembered as the rows were; a list of many selected rows begins without any.
+// One selected row is remembered. To give several back would take long, so they are left where they are.
 ListPause::ListPause(std::vector<ListView*> lists) : lists_(std::move(lists))
 {
     for (ListView* const list : lists_) {
-        if (list->pauses_ == 0)
-            list->selectedInPause_ = list->selectedCount() == 1 ? list->currentRow() : std::nullopt;
+        if (list->pauses_ == 0) {
+            list->severalInPause_ = list->selectedCount() > 1;
+            list->selectedInPause_ = list->severalInPause_ ? std::nullopt : list->currentRow();
+        }
         ++list->pauses_;
     }
 }
@@ -108,6 +113,7 @@ void ListView::catchUp()
 {
     const auto selected = selectedInPause_;
     updateCount(LVSICF_NOSCROLL);
+    if (std::exchange(severalInPause_, false)) return;
     if (firstSelected() == selected && selectedCount() <= 1) return;
     clearSelection();
     if (selected && *selected < count()) select(*selected);

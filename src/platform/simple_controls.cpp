@@ -3,12 +3,18 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace vandrel {
 namespace {
 
-constexpr int longestText = 65535;   // characters that can be typed into a box
-constexpr int progressSteps = 10000; // of the native bar; the maximum may be any number of rows
+constexpr int longestText = 65535; // characters that can be typed into a box
+constexpr ULONGLONG progressMilliseconds = 100;
+
+int nativePosition(std::size_t value)
+{
+    return static_cast<int>(std::min<std::size_t>(value, std::numeric_limits<int>::max()));
+}
 
 } // namespace
 
@@ -91,14 +97,16 @@ TextBox::TextBox(HWND parent, int id, Lines lines)
 
 std::wstring TextBox::text() const
 {
-    return SendMessageW(handle(), EM_GETMODIFY, 0, 0) != 0 ? Control::text() : textSet_;
+    std::wstring shown = Control::text();
+    return shown == shownForSet_ ? textSet_ : shown;
 }
 
 void TextBox::setText(const std::wstring& text)
 {
+    std::wstring kept = text;
     Control::setText(text);
-    SendMessageW(handle(), EM_SETMODIFY, FALSE, 0);
-    textSet_ = text;
+    textSet_ = std::move(kept);
+    shownForSet_ = Control::text();
 }
 
 void TextBox::select(int start, int length)
@@ -159,12 +167,21 @@ void ComboBox::onCommand(WORD code, WORD)
     Click();
 }
 
+bool ComboBox::listIsOpen() const { return SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
+
+void ComboBox::takeHighlighted()
+{
+    const LRESULT chosen = SendMessageW(handle(), CB_GETCURSEL, 0, 0);
+    SendMessageW(handle(), CB_SHOWDROPDOWN, FALSE, 0);
+    if (chosen != CB_ERR) SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+}
+
 void ComboBox::clearTextSelection() { SendMessageW(handle(), CB_SETEDITSEL, 0, MAKELPARAM(-1, 0)); }
 
 ProgressBar::ProgressBar(HWND parent) : Control(parent, PROGRESS_CLASSW, 0, 0, -1)
 {
     ShowWindow(handle(), SW_HIDE);
-    SendMessageW(handle(), PBM_SETRANGE32, 0, progressSteps);
+    setMaximum(1);
 }
 
 void ProgressBar::begin(std::size_t steps)
@@ -174,15 +191,25 @@ void ProgressBar::begin(std::size_t steps)
     setVisible(true);
 }
 
-void ProgressBar::setMaximum(std::size_t maximum) { maximum_ = std::max<std::size_t>(maximum, 1); }
+void ProgressBar::setMaximum(std::size_t maximum)
+{
+    maximum_ = std::max<std::size_t>(maximum, 1);
+    SendMessageW(handle(), PBM_SETRANGE32, 0, nativePosition(maximum_));
+    shown_ = std::min(shown_, maximum_);
+}
 
 void ProgressBar::setValue(std::size_t value)
 {
     value_ = value;
-    const int step = static_cast<int>(std::min(value, maximum_) * progressSteps / maximum_);
-    if (step / 100 == shown_ / 100 && value != maximum_) return;
-    shown_ = step;
-    SendMessageW(handle(), PBM_SETPOS, static_cast<WPARAM>(step), 0);
+    const std::size_t position = std::min(value, maximum_);
+    if (position == shown_) return;
+    const bool aHundredth = position < shown_ ||
+                            position - shown_ >= std::max<std::size_t>(maximum_ / 100, 1);
+    const ULONGLONG now = GetTickCount64();
+    if (!aHundredth && position != maximum_ && now < nextTime_) return;
+    shown_ = position;
+    nextTime_ = now + progressMilliseconds;
+    SendMessageW(handle(), PBM_SETPOS, static_cast<WPARAM>(nativePosition(position)), 0);
     UpdateWindow(handle());
 }
 

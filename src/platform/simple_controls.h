@@ -64,7 +64,8 @@ class TextBox : public Control {
 
     std::function<void()> GotFocus;
 
-    // What was set, to the letter, until the user changes it: the native box drops what it cannot show.
+    // What the box shows. While that is what it showed of the text set last, it is that text to the letter: the native
+    // box drops what it cannot show.
     std::wstring text() const override;
     void setText(const std::wstring& text) override;
     // Characters; a length beyond the end selects up to it.
@@ -75,6 +76,7 @@ class TextBox : public Control {
 
   private:
     std::wstring textSet_;
+    std::wstring shownForSet_; // the native text right after that one was set
     bool grey_ = false;
 };
 
@@ -93,6 +95,9 @@ class ComboBox : public Control {
     // Pixels of the open list's height; the closed box has its font's height.
     int height() const { return outerHeight(); }
     void clearTextSelection();
+    bool listIsOpen() const;
+    // Closes the open list; the highlighted entry, if there is one, is the box's text. Raises nothing.
+    void takeHighlighted();
     void onCommand(WORD code, WORD id) override;
 };
 
@@ -100,18 +105,19 @@ class ProgressBar : public Control {
   public:
     explicit ProgressBar(HWND parent);
 
-    // Shows the bar, empty, for work of so many steps.
+    // Shows the bar, empty, for work of so many steps. The native bar counts the same steps, as screen readers tell them.
     void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
-    // Repaints at once, and only when the bar is longer than before on the screen.
+    // Repaints at once, but only for the last step, for a hundredth more, and otherwise after a tenth of a second.
     void setValue(std::size_t value);
     std::size_t value() const { return value_; }
 
   private:
     std::size_t maximum_ = 1;
     std::size_t value_ = 0;
-    int shown_ = 0;
+    std::size_t shown_ = 0;  // of the values, the one that the native bar has
+    ULONGLONG nextTime_ = 0; // from then on a smaller step is shown, too
 };
 
 } // namespace vandrel

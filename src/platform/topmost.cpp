@@ -38,6 +38,7 @@ void setTopmost(HWND window, bool on) noexcept
 {
     // Wine moves the windows that this one owns (tool tips, dialogs) and forgets the window itself. So they are
     // let go of for the moment, and go along one by one, the lowest first, to stay above their owner.
+    const HWND active = GetActiveWindow();
     const HWND layer = on ? HWND_TOPMOST : HWND_NOTOPMOST;
     constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;
     const OwnedWindows found = windowsOwnedBy(window);
@@ -55,6 +56,8 @@ void setTopmost(HWND window, bool on) noexcept
     }
     for (const HWND other : owned)
         SetWindowLongPtrW(other, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(window));
+    // To go into another layer made the window the active one, which may be a dialog of its.
+    if (active != nullptr && GetActiveWindow() != active) SetActiveWindow(active);
 }
 
 bool isTopmost(HWND window) { return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }

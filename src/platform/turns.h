@@ -11,6 +11,15 @@ namespace vandrel {
 class Turns {
   public:
     static constexpr ULONGLONG usualMilliseconds = 100;
+    static constexpr ULONGLONG longestMilliseconds = 1000;
+
+    // How long the work goes on after a turn that took so long, before the next one. A turn lasts as long as the dialogs
+    // that the user opens in it, and what waits behind these must not wait for minutes.
+    static constexpr ULONGLONG pauseAfter(ULONGLONG taken, ULONGLONG usual = usualMilliseconds)
+    {
+        if (usual == 0) return 0;
+        return std::max(usual, taken < longestMilliseconds / 4 ? 4 * taken : longestMilliseconds);
+    }
 
     // 0: whenever it is asked.
     explicit Turns(ULONGLONG milliseconds = usualMilliseconds) : Turns(milliseconds, milliseconds) {}
@@ -20,20 +29,16 @@ class Turns {
     {}
 
     bool due() const { return GetTickCount64() >= next_; }
-    // Runs `turn`, and waits the longer for the next one the longer it takes.
+    // Runs `turn`, and waits the longer for the next one the longer it takes; see pauseAfter.
     template <typename Turn> void take(Turn turn)
     {
         const ULONGLONG start = GetTickCount64();
         turn();
-        waitFor(GetTickCount64() - start);
+        const ULONGLONG end = GetTickCount64();
+        next_ = end + pauseAfter(end - start, milliseconds_);
     }
 
   private:
-    void waitFor(ULONGLONG taken)
-    {
-        next_ = GetTickCount64() + (milliseconds_ == 0 ? 0 : std::max(milliseconds_, 4 * taken));
-    }
-
     ULONGLONG milliseconds_;
     ULONGLONG next_;
 };

@@ -149,5 +149,21 @@ TEST_F(OptionsAndAboutByKeyboard, TabLeadsToTheLinksOfTheAboutBoxAndEscClosesIt)
     program.back();
 }
 
+TEST_F(OptionsAndAboutByKeyboard, EscClosesTheAboutBoxOfAWindowThatIsKeptOnTop)
+{
+    program.key('V', {VK_MENU});
+    ASSERT_TRUE(soon([&] { return program.menuIsOpen(); }));
+    program.key('T');
+    EXPECT_SOON(preference(L"Config", L"KeepTop"), std::wstring(L"1"));
+    program.back();
+    for (int time = 0; time < 2; ++time) {
+        openAbout();
+        EXPECT_SOON(program.focusText(), std::wstring(L"OK"));
+        program.key(VK_ESCAPE);
+        program.back();
+        EXPECT_FALSE(program.dialogIsOpen());
+    }
+}
+
 } // namespace
 } // namespace vandrel::test

@@ -1,4 +1,5 @@
 #include "platform/topmost.h"
+#include "tests/support/input.h"
 #include "tests/window/dialogs/about_test.h"
 #include "tests/window/mainwindow/window_parts.h"
 #include "update/version_report.h"
@@ -138,6 +139,24 @@ TEST_F(AboutCommand, AWindowKeptOnTopIsSoAgainRightAfterAndStaysBelowTheBox)
     }
     press(main->aboutBox()->handle(), IDOK);
     EXPECT_TRUE(isTopmost(main->handle()));
+}
+
+TEST_F(AboutCommand, OfAWindowKeptOnTopTheBoxHasTheKeyboardAllTheSame)
+{
+    setPreference(L"Config", L"KeepTop", L"1");
+    start();
+    for (int time = 0; time < 2; ++time) {
+        const AboutBox box = open();
+        EXPECT_EQ(GetActiveWindow(), box.window);
+        EXPECT_EQ(GetFocus(), box.part(IDOK));
+        EXPECT_EQ(open().window, box.window) << "chosen again";
+        EXPECT_EQ(GetActiveWindow(), box.window);
+        EXPECT_EQ(GetFocus(), box.part(IDOK));
+        pressKey(VK_ESCAPE);
+        EXPECT_FALSE(IsWindowVisible(box.window));
+        EXPECT_EQ(GetActiveWindow(), main->handle());
+        EXPECT_TRUE(isTopmost(main->handle()));
+    }
 }
 
 TEST_F(AboutCommand, AWindowNotKeptOnTopIsNotPutThere)

@@ -1,3 +1,4 @@
+#include "tests/support/from_outside.h"
 #include "tests/window/dialogs/editor_test.h"
 
 namespace vandrel::test {
@@ -105,6 +106,36 @@ TEST_F(EditorAnswer, WhatNobodyTouchedComesBackToTheLetter)
     EXPECT_EQ(site.SiteEditName, odd);
     EXPECT_EQ(site.SiteEditURL, L"typed");
     EXPECT_EQ(site.SiteEditDesc, std::wstring(100'000, L'd'));
+}
+
+// As a screen reader or dictation puts them there.
+std::function<void(HWND)> dictateSite(const std::wstring& name, const std::wstring& url,
+                                      const std::wstring& description)
+{
+    return [=](HWND dialog) {
+        setTextFromOutside(GetDlgItem(dialog, editor::name), name);
+        setTextFromOutside(GetDlgItem(dialog, editor::address), url);
+        setTextFromOutside(GetDlgItem(dialog, editor::description), description);
+        press(dialog, IDOK);
+    };
+}
+
+TEST_F(EditorAnswer, ANewSitesTextsCountHoweverTheyCameIntoTheBoxes)
+{
+    site.IncomingLink = L"http://link/~-~Link";
+    show(dictateSite(L"A|B", L"http://a/", L"about"));
+    EXPECT_EQ(site.newSiteName, L"A-B");
+    EXPECT_EQ(site.newSiteURL, L"http://a/");
+    EXPECT_EQ(site.newSiteDescription, L"about");
+}
+
+TEST_F(EditorAnswer, AndSoDoAStoredSites)
+{
+    beginEditing(L"old", L"http://old/", L"x\ny");
+    show(dictateSite(L"A|B", L"http://a/", L""));
+    EXPECT_EQ(site.SiteEditName, L"A|B");
+    EXPECT_EQ(site.SiteEditURL, L"http://a/");
+    EXPECT_EQ(site.SiteEditDesc, L"");
 }
 
 TEST_F(EditorAnswer, CancelHandsBackNothing)

@@ -23,6 +23,12 @@ class OptionsPages : public OptionsTest {
         SendMessageW(dialog.part(options::tabs), WM_LBUTTONDOWN, MK_LBUTTON, at);
         SendMessageW(dialog.part(options::tabs), WM_LBUTTONUP, 0, at);
     }
+    // As a click does on Windows, and screen readers. In Wine a click gives the focus to the tabs as well.
+    static void chooseTab(const OptionsDialog& dialog, WPARAM tab)
+    {
+        SendMessageW(dialog.part(options::tabs), TCM_SETCURFOCUS, tab, 0);
+        ASSERT_EQ(shownPage(dialog), tab == 0 ? 1 : 2);
+    }
     std::vector<int> stops(const OptionsDialog& dialog, int count, bool shift = false)
     {
         std::vector<int> passed;
@@ -95,6 +101,49 @@ TEST_F(OptionsPages, NorByAClickOnATab)
     clickTab(dialog, 0);
     pressKey(VK_ESCAPE);
     EXPECT_TRUE(loaded->unloaded());
+}
+
+TEST_F(OptionsPages, AfterAChoiceOfATabNothingHiddenHasTheKeyboard)
+{
+    const OptionsDialog dialog = open();
+    for (const int field : {options::fonts, options::fontSize, options::bold, options::fontColor}) {
+        SCOPED_TRACE(field);
+        dialog.focus(field);
+        chooseTab(dialog, 1);
+        EXPECT_EQ(GetFocus(), dialog.part(options::tabs));
+        chooseTab(dialog, 0);
+    }
+    for (const int field : {options::htmlFonts, options::border, options::empty}) {
+        SCOPED_TRACE(field);
+        chooseTab(dialog, 1);
+        dialog.focus(field);
+        chooseTab(dialog, 0);
+        EXPECT_EQ(GetFocus(), dialog.part(options::tabs));
+    }
+}
+
+TEST_F(OptionsPages, AKeyAfterThatChangesNoHiddenFont)
+{
+    const OptionsDialog dialog = open();
+    dialog.focus(options::fonts);
+    const auto font = dialog.selected(options::fonts);
+    chooseTab(dialog, 1);
+    pressKey(VK_DOWN);
+    pressKey(VK_UP);
+    pressKey(VK_END);
+    EXPECT_EQ(dialog.selected(options::fonts), font);
+}
+
+TEST_F(OptionsPages, WhatStaysInSightKeepsTheKeyboard)
+{
+    const OptionsDialog dialog = open();
+    for (const int button : {IDOK, IDCANCEL}) {
+        dialog.focus(button);
+        chooseTab(dialog, 1);
+        EXPECT_EQ(GetFocus(), dialog.part(button));
+        chooseTab(dialog, 0);
+        EXPECT_EQ(GetFocus(), dialog.part(button));
+    }
 }
 
 TEST_F(OptionsPages, ArrowsOnTheTabsGoThroughThem)

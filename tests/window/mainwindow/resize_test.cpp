@@ -26,6 +26,27 @@ class Resize : public MainWindowTest {
     int p(double twips) { return px(*main, twips); }
 };
 
+TEST_F(Resize, ColumnsThatWereDraggedKeepTheirWidthsAtAnotherScale)
+{
+    startWith(15000, 9000);
+    const unsigned dpi = main->dpi();
+    const RECT place = outerPlace(main->handle());
+    const auto drag = [](ListView& list, WPARAM column, LPARAM pixels) {
+        SendMessageW(list.handle(), LVM_SETCOLUMNWIDTH, column, pixels);
+    };
+    drag(lstInfo(), 0, 100);
+    drag(lstInfo(), 3, 40);
+    drag(lstCategory(), 0, 130);
+    for (const unsigned next : {dpi * 3 / 2, dpi}) {
+        SendMessageW(main->handle(), WM_DPICHANGED, MAKEWPARAM(next, next), reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(lstInfo().columnWidth(0), toTwips(100, dpi));
+        EXPECT_EQ(lstInfo().columnWidth(3), toTwips(40, dpi));
+        EXPECT_EQ(lstCategory().columnWidth(0), toTwips(130, dpi));
+        EXPECT_EQ(columnPixels(lstInfo(), 0), static_cast<int>(100 * next / dpi));
+        EXPECT_EQ(columnPixels(lstCategory(), 0), static_cast<int>(130 * next / dpi));
+    }
+}
+
 TEST_F(Resize, FollowsTheArithmetic)
 {
     startWith(12000, 9000);

@@ -16,22 +16,23 @@ struct Key {
     int entry;
     bool needsSites;
     bool needsCategories;
-    bool whileEditing; // stays a command while a text is being edited
+    bool inLabel;     // stays a command while a title is being edited
+    bool inSearchBox; // and there
 };
 
 constexpr Key expectedKeys[] = {
-    {'F', true, false, mnuFind, false, false, true},
-    {'I', true, false, mnuImport, false, false, false},
-    {'E', true, false, mnuExport, true, false, false},
-    {'Q', true, false, mnuQuit, false, false, true},
-    {VK_F2, false, false, mnuAddCategory, false, false, false},
-    {VK_F2, false, true, mnuRemoveCategory, false, true, false},
-    {VK_F3, false, false, mnuAddWebsite, false, false, false},
-    {VK_DELETE, false, false, mnuRemoveWebsite, true, false, false},
-    {'C', true, false, mnuCopyURL, true, false, false},
-    {'O', true, false, mnuOpenURL, true, false, false},
-    {'P', true, false, mnuProperties, true, false, false},
-    {VK_F1, false, false, mnuViewHelp, false, false, true},
+    {'F', true, false, mnuFind, false, false, true, true},
+    {'I', true, false, mnuImport, false, false, false, true},
+    {'E', true, false, mnuExport, true, false, false, true},
+    {'Q', true, false, mnuQuit, false, false, true, true},
+    {VK_F2, false, false, mnuAddCategory, false, false, false, true},
+    {VK_F2, false, true, mnuRemoveCategory, false, true, false, true},
+    {VK_F3, false, false, mnuAddWebsite, false, false, false, true},
+    {VK_DELETE, false, false, mnuRemoveWebsite, true, false, false, false},
+    {'C', true, false, mnuCopyURL, true, false, false, false},
+    {'O', true, false, mnuOpenURL, true, false, false, true},
+    {'P', true, false, mnuProperties, true, false, false, true},
+    {VK_F1, false, false, mnuViewHelp, false, false, true, true},
 };
 
 class Shortcuts : public MainWindowTest {
@@ -150,13 +151,69 @@ TEST_F(Shortcuts, DelInTheSearchBoxDeletesALetter)
     EXPECT_EQ(lstInfo().count(), 3U);
 }
 
-TEST_F(Shortcuts, InTheSearchBoxOnlyTheKeysThatEditNothingAreCommands)
+TEST_F(Shortcuts, InTheSearchBoxOnlyTheKeysThatEditItsTextAreNoCommands)
 {
     startWithSites();
     main->searchPanel().cmbSearch.setFocus();
     for (const Key& key : expectedKeys) {
-        EXPECT_EQ(commandsOf(key).empty(), !key.whileEditing) << key.key;
+        EXPECT_EQ(commandsOf(key), key.inSearchBox ? std::vector<int>{key.entry} : std::vector<int>{})
+            << key.key;
     }
+}
+
+TEST_F(Shortcuts, OtherKeysOfTheSearchBoxStayItsOwn)
+{
+    startWithSites();
+    ComboBox& box = main->searchPanel().cmbSearch;
+    box.setText(L"news");
+    box.setFocus();
+    const LONG bar = placeOf(splitterBar(*main)).left;
+    struct Press {
+        WORD key;
+        bool control;
+        bool shift;
+    };
+    const Press presses[] = {
+        {'A', true, false},       {'V', true, false},       {'X', true, false},       {'Z', true, false},
+        {VK_DELETE, true, false}, {VK_DELETE, false, true}, {VK_INSERT, true, false}, {VK_HOME, false, false},
+        {VK_END, false, false},   {VK_LEFT, false, false},  {VK_RIGHT, true, true},   {VK_UP, false, false},
+        {VK_BACK, false, false},
+    };
+    for (const Press& press : presses) {
+        const CommandRecorder recorder(main->handle());
+        pressKey(press.key, press.control, press.shift);
+        EXPECT_TRUE(recorder.commands.empty()) << press.key;
+    }
+    EXPECT_EQ(placeOf(splitterBar(*main)).left, bar);
+}
+
+TEST_F(Shortcuts, CtrlCInTheSearchBoxCopiesItsText)
+{
+    startWithSites();
+    lstInfo().select(1);
+    ComboBox& box = main->searchPanel().cmbSearch;
+    box.setText(L"news");
+    box.setFocus();
+    SendMessageW(box.handle(), CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
+    int copies = 0;
+    const MessageWatch watch(GetFocus(), WM_KEYDOWN, [&] { ++copies; });
+    pressKey('C', true);
+    EXPECT_EQ(copies, 1) << "the key reaches the box";
+}
+
+TEST_F(Shortcuts, ASearchAndTheCommandsAfterItNeedNoMouse)
+{
+    startWithSites();
+    ComboBox& box = main->searchPanel().cmbSearch;
+    box.setFocus();
+    box.setText(L"gamma");
+    pressKey(VK_RETURN);
+    ASSERT_TRUE(box.hasFocus());
+    Answers answers;
+    answers.expect(L"Gamma's Properties", [](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
+    pressKey('P', true);
+    EXPECT_ANSWERED(answers);
+    EXPECT_TRUE(box.hasFocus()) << "and comes back to the box";
 }
 
 TEST_F(Shortcuts, DelInALabelDeletesALetter)
@@ -182,7 +239,7 @@ TEST_F(Shortcuts, InALabelOnlyTheKeysThatEditNothingAreCommands)
     main->run(mnuRenameCat);
     for (const Key& key : expectedKeys) {
         ASSERT_TRUE(lstCategory().editingLabel()) << key.key;
-        EXPECT_EQ(commandsOf(key).empty(), !key.whileEditing) << key.key;
+        EXPECT_EQ(commandsOf(key).empty(), !key.inLabel) << key.key;
     }
     pressKey(VK_ESCAPE);
 }

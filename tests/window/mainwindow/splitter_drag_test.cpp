@@ -1,4 +1,5 @@
 #include "tests/support/message_watch.h"
+#include "tests/support/test_window.h"
 #include "tests/window/mainwindow/splitter_test.h"
 
 namespace vandrel::test {
@@ -188,6 +189,56 @@ TEST_F(SplitterDrag, TheMouseIsTheBarsUntilTheRelease)
     EXPECT_EQ(GetCapture(), bar());
     release(2);
     EXPECT_NE(GetCapture(), bar());
+}
+
+TEST_F(SplitterDrag, WhatTakesTheMouseAwayEndsItAsARelease)
+{
+    start();
+    const auto takeMouse = [&] { SetCapture(lstInfo().handle()); };
+    const auto cancel = [&] { SendMessageW(bar(), WM_CANCELMODE, 0, 0); };
+    for (const std::function<void()>& interrupt :
+         std::initializer_list<std::function<void()>>{takeMouse, cancel}) {
+        press(2);
+        move(2 - 400);
+        ASSERT_LT(place().left, 0);
+        interrupt();
+        EXPECT_EQ(place().left, p(60));
+        EXPECT_EQ(widthOf(categories()), p(60));
+        EXPECT_NE(GetCapture(), bar());
+        move(80);
+        EXPECT_EQ(place().left, p(60)) << "it is over";
+        release(80);
+        ReleaseCapture();
+        EXPECT_EQ(place().left, p(60));
+        drag(p(2340) - p(60));
+    }
+}
+
+TEST_F(SplitterDrag, EndsOnce)
+{
+    TestWindow parent;
+    parent.show();
+    SplitterBar own(parent.handle());
+    int ends = 0;
+    own.MouseUp = [&] { ++ends; };
+    const auto send = [&](UINT message, WPARAM buttons) { SendMessageW(own.handle(), message, buttons, 0); };
+    send(WM_LBUTTONDOWN, MK_LBUTTON);
+    send(WM_LBUTTONUP, 0);
+    EXPECT_EQ(ends, 1);
+    send(WM_LBUTTONDOWN, MK_LBUTTON);
+    send(WM_CANCELMODE, 0);
+    EXPECT_EQ(ends, 2);
+    send(WM_LBUTTONUP, 0);
+    EXPECT_EQ(ends, 2);
+    send(WM_LBUTTONDOWN, MK_LBUTTON);
+    send(WM_RBUTTONDOWN, MK_LBUTTON | MK_RBUTTON);
+    EXPECT_EQ(ends, 2) << "the mouse is still the bar's";
+    send(WM_RBUTTONUP, MK_LBUTTON);
+    EXPECT_EQ(ends, 3) << "each button that goes up is told";
+    EXPECT_EQ(GetCapture(), own.handle());
+    send(WM_LBUTTONUP, 0);
+    EXPECT_EQ(ends, 4);
+    EXPECT_NE(GetCapture(), own.handle());
 }
 
 TEST_F(SplitterDrag, LeavesNothingFrozen)

@@ -1,3 +1,4 @@
+#include "store/site_operations.h"
 #include "tests/support/input.h"
 #include "tests/window/mainwindow/window_parts.h"
 
@@ -54,14 +55,57 @@ TEST_F(TabOrder, TheDisabledSearchPanelIsPassedOver)
     EXPECT_EQ(focusAfterTabs(2, true), (std::vector<std::string>{"categories", "sites"}));
 }
 
-TEST_F(TabOrder, TheKeyboardIsNotLostWhenTheSearchBoxIsDisabledUnderIt)
+TEST_F(TabOrder, TheCategoryListGetsTheKeyboardWhenTheSearchPanelIsDisabledUnderIt)
 {
     folder.write(L"Work.udb", threeSites);
     start();
-    main->searchPanel().cmbSearch.setFocus();
-    lstInfo().clear();
-    ASSERT_TRUE(pumpUntil([&] { return !main->searchPanel().enabled(); }));
-    EXPECT_TRUE(focus() == "categories" || focus() == "sites") << focus();
+    for (Control* const control :
+         std::initializer_list<Control*>{&main->searchPanel().cmbSearch, &main->searchPanel().cmdSearch}) {
+        clickCategory(L"Work");
+        ASSERT_TRUE(pumpUntil([&] { return main->searchPanel().enabled(); }));
+        control->setFocus();
+        lstInfo().clear();
+        ASSERT_TRUE(pumpUntil([&] { return !main->searchPanel().enabled(); }));
+        EXPECT_EQ(focus(), "categories");
+    }
+}
+
+// The question takes the keyboard away and gives it back before the panel is disabled.
+TEST_F(TabOrder, AndSoItDoesWhenTheLastSiteIsRemovedByTheMenu)
+{
+    for (const bool fromButton : {false, true}) {
+        folder.write(L"Work.udb", "Only|http://o.example/|x|1/1/2001\r\n");
+        start();
+        lstInfo().setFocus();
+        lstInfo().select(0);
+        SearchPanel& panel = main->searchPanel();
+        Control& control = fromButton ? static_cast<Control&>(panel.cmdSearch) : panel.cmbSearch;
+        control.setFocus();
+        Answers answers;
+        answers.expectBox(L"Remove site(s)", L"Remove selected site(s)?", IDYES, MB_ICONASTERISK);
+        main->run(mnuRemoveWebsite);
+        EXPECT_ANSWERED(answers);
+        ASSERT_TRUE(pumpUntil([&] { return !panel.enabled(); }));
+        EXPECT_EQ(focus(), "categories");
+        pressKey(VK_TAB);
+        EXPECT_EQ(focus(), "sites");
+        main.reset();
+        pump();
+    }
+}
+
+TEST_F(TabOrder, ADialogGivesTheKeyboardBackEachTime)
+{
+    folder.write(L"Work.udb", threeSites);
+    start();
+    for (int time = 0; time < 3; ++time) {
+        main->searchPanel().cmbSearch.setFocus();
+        Answers answers;
+        answers.expect(L"Add Site...", [](HWND dialog) { press(dialog, IDCANCEL); });
+        AddURL(main->workspace());
+        EXPECT_ANSWERED(answers);
+        EXPECT_EQ(focus(), "search box");
+    }
 }
 
 TEST_F(TabOrder, TabInALabelStaysThere)

@@ -1,6 +1,7 @@
 #include "platform/input_box.h"
 
 #include "tests/support/answers.h"
+#include "tests/support/from_outside.h"
 #include "tests/support/test_window.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +33,16 @@ TEST_F(InputBoxes, AnswerTheTextTyped)
     Answers answers;
     answers.expectInput(L"New Category", L"Please type a name:", L" Ksi\u0105\u017Cki & more ");
     EXPECT_EQ(ask(answers), L" Ksi\u0105\u017Cki & more ");
+}
+
+TEST_F(InputBoxes, AnswerATextThatCameWithoutTheKeyboard)
+{
+    Answers answers;
+    answers.expect(L"New Category", [](HWND box) {
+        setTextFromOutside(field(box), L"dictated");
+        press(box, IDOK);
+    });
+    EXPECT_EQ(ask(answers), L"dictated");
 }
 
 TEST_F(InputBoxes, AnswerNothingWhenCancelled)

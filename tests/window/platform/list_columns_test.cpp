@@ -54,6 +54,34 @@ TEST_F(ListColumns, AWidthThatWasSetComesBackToTheLetter)
     }
 }
 
+TEST_F(ListColumns, KeepTheirWidthsAtAnotherScaleThoseThatWereDraggedToo)
+{
+    const unsigned dpi = sites.dpi();
+    sites.setColumnWidth(1, Twips{1234.5F});
+    SendMessageW(sites.handle(), LVM_SETCOLUMNWIDTH, 0, 200); // as a drag in the header does
+    const Twips dragged = sites.columnWidth(0);
+    EXPECT_EQ(dragged, toTwips(200, dpi));
+    for (const unsigned next : {2 * dpi, dpi * 3 / 2, dpi}) {
+        sites.dpiChanged(next);
+        EXPECT_EQ(sites.columnWidth(0), dragged);
+        EXPECT_EQ(sites.columnWidth(1), Twips{1234.5F});
+        EXPECT_EQ(sites.columnWidth(3), 0_twips);
+        EXPECT_EQ(pixelWidth(0), toPixels(dragged, next));
+        EXPECT_EQ(pixelWidth(1), toPixels(Twips{1234.5F}, next));
+        EXPECT_EQ(pixelWidth(3), 0);
+    }
+    EXPECT_EQ(pixelWidth(0), 200);
+}
+
+TEST_F(ListColumns, AWidthThatIsSetAtAnotherScaleHasItsPixels)
+{
+    const unsigned next = sites.dpi() * 3 / 2;
+    sites.dpiChanged(next);
+    sites.setColumnWidth(1, 1440_twips);
+    EXPECT_EQ(pixelWidth(1), static_cast<LRESULT>(next));
+    EXPECT_EQ(sites.columnWidth(1), 1440_twips);
+}
+
 TEST_F(ListColumns, AWidthBelowNothingIsNothing)
 {
     sites.setColumnWidth(1, Twips{-300});

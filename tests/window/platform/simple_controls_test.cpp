@@ -3,6 +3,7 @@
 #include "platform/image_list.h"
 #include "platform/runtime_error.h"
 #include "tests/support/input.h"
+#include "tests/support/message_watch.h"
 #include "tests/support/test_window.h"
 
 #include <commctrl.h>
@@ -179,6 +180,52 @@ TEST_F(ProgressBars, CountAnyNumberOfRows)
     bar.setMaximum(5'000'000);
     bar.setValue(2'500'000);
     EXPECT_EQ(position() * 2, SendMessageW(bar.handle(), PBM_GETRANGE, FALSE, 0));
+}
+
+TEST_F(ProgressBars, TellReadersTheRowsAndNotAShareOfThem)
+{
+    EXPECT_EQ(SendMessageW(bar.handle(), PBM_GETRANGE, TRUE, 0), 0);
+    for (const int rows : {1, 7, 1234}) {
+        bar.begin(static_cast<std::size_t>(rows));
+        EXPECT_EQ(SendMessageW(bar.handle(), PBM_GETRANGE, FALSE, 0), rows);
+        EXPECT_EQ(position(), 0);
+        bar.setValue(static_cast<std::size_t>(rows));
+        EXPECT_EQ(position(), rows);
+    }
+}
+
+TEST_F(ProgressBars, ShowEveryRowOfFew)
+{
+    bar.begin(100);
+    for (int row = 1; row <= 100; ++row) {
+        bar.setValue(static_cast<std::size_t>(row));
+        EXPECT_EQ(position(), row);
+    }
+}
+
+TEST_F(ProgressBars, AreNotPaintedForEveryRowOfMany)
+{
+    bar.begin(1'000'000);
+    ULONGLONG paintings = 0;
+    const MessageWatch watch(bar.handle(), PBM_SETPOS, [&] { ++paintings; });
+    const ULONGLONG start = GetTickCount64();
+    for (std::size_t row = 1; row <= 1'000'000; ++row) bar.setValue(row);
+    bar.setValue(1'000'000);
+    const ULONGLONG taken = GetTickCount64() - start;
+    EXPECT_GE(paintings, 100U);
+    EXPECT_LE(paintings, 101 + taken / 50) << "one for a hundredth, and now and then one for the time";
+    EXPECT_EQ(position(), 1'000'000);
+}
+
+TEST_F(ProgressBars, ShowThatSlowWorkGoesOn)
+{
+    bar.begin(1'000'000);
+    int row = 0;
+    EXPECT_TRUE(pumpUntil([&] {
+        bar.setValue(static_cast<std::size_t>(++row));
+        return position() == row;
+    }));
+    EXPECT_LT(row, 10'000) << "less than a hundredth";
 }
 
 TEST_F(ProgressBars, ReachTheEndHoweverSmallTheLastStepIs)

@@ -1,4 +1,5 @@
 #include "platform/simple_controls.h"
+#include "tests/support/from_outside.h"
 #include "tests/support/input.h"
 #include "tests/support/test_window.h"
 
@@ -80,6 +81,39 @@ TEST_F(TextBoxes, WhatIsPastedOrDeletedCounts)
     box.select(0, 4);
     typeKey(box.handle(), VK_DELETE);
     EXPECT_EQ(box.text(), L"");
+}
+
+TEST_F(TextBoxes, ATextThatIsSetFromOutsideIsTheTextFromThenOn)
+{
+    for (const std::wstring& before : {std::wstring(), std::wstring(L"http://"), std::wstring(L"a\nb")}) {
+        box.setText(before);
+        setTextFromOutside(box.handle(), L"dictated");
+        EXPECT_EQ(box.text(), L"dictated");
+        setTextFromOutside(box.handle(), L"");
+        EXPECT_EQ(box.text(), L"");
+    }
+}
+
+TEST_F(TextBoxes, ATextThatIsSetFromOutsideAfterTypingCountsToo)
+{
+    box.setText(L"a\nb");
+    box.select(0, 0);
+    type(L'x');
+    setTextFromOutside(box.handle(), L"dictated");
+    EXPECT_EQ(box.text(), L"dictated");
+    box.setText(L"c\nd");
+    EXPECT_EQ(box.text(), L"c\nd");
+}
+
+TEST_F(TextBoxes, ALetterThatIsTypedAndTakenBackLosesNothing)
+{
+    box.setText(L"a\nb");
+    const std::wstring shown = windowText(box.handle());
+    box.select(0, 0);
+    type(L'x');
+    EXPECT_EQ(box.text(), L"x" + shown);
+    type(L'\b');
+    EXPECT_EQ(box.text(), L"a\nb");
 }
 
 TEST_F(TextBoxes, APartOfTheTextIsSelected)

@@ -105,6 +105,19 @@ TEST_F(TopmostLayer, OwnedWindowsStayAboveTheirOwner)
     }
 }
 
+TEST_F(TopmostLayer, TheActiveWindowStaysTheActiveOne)
+{
+    window.show();
+    const HWND popUp = own(WS_POPUP | WS_VISIBLE);
+    for (const HWND active : {popUp, window.handle()}) {
+        for (const bool on : {true, false}) {
+            SetActiveWindow(active);
+            setTopmost(window.handle(), on);
+            EXPECT_EQ(GetActiveWindow(), active) << on;
+        }
+    }
+}
+
 TEST_F(TopmostLayer, MayBeAskedForTwice)
 {
     window.show();

@@ -46,6 +46,11 @@ class QuickSearch : public StoreTest {
         for (std::size_t i = 0; i < box().count(); ++i) entries.push_back(box().entry(i));
         return entries;
     }
+    // The entry of the list that the keys or the mouse went to.
+    std::wstring highlighted()
+    {
+        return box().entry(static_cast<std::size_t>(SendMessageW(box().handle(), CB_GETCURSEL, 0, 0)));
+    }
     std::wstring panel(int number) { return workspace().StatusBar1.panelText(number); }
     bool isInView(std::size_t row)
     {
@@ -174,6 +179,66 @@ TEST_F(QuickSearch, EnterElsewhereSearchesNothing)
     pressKey(VK_RETURN);
     EXPECT_EQ(current(), std::optional<std::size_t>(0));
     EXPECT_TRUE(history().empty());
+}
+
+TEST_F(QuickSearch, EnterInTheOpenListTakesTheEntryAndSearchesNothing)
+{
+    startWithThree();
+    for (const wchar_t* const term : {L"one", L"beta"}) {
+        lstInfo().clearSelection();
+        search(term);
+    }
+    lstInfo().clearSelection();
+    SetFocus(edit());
+    box().setText(L"typed");
+    SendMessageW(box().handle(), CB_SHOWDROPDOWN, TRUE, 0);
+    for (const std::wstring& entry : {std::wstring(L"one"), std::wstring(L"beta")}) {
+        for (int rows = 0; rows < 2 && highlighted() != entry; ++rows) pressKey(VK_DOWN);
+        ASSERT_EQ(highlighted(), entry);
+        pressKey(VK_RETURN);
+        EXPECT_EQ(box().text(), entry);
+        EXPECT_FALSE(SendMessageW(box().handle(), CB_GETDROPPEDSTATE, 0, 0));
+        EXPECT_EQ(current(), std::nullopt) << "not yet";
+        EXPECT_EQ(GetFocus(), edit());
+        SendMessageW(box().handle(), CB_SHOWDROPDOWN, TRUE, 0);
+    }
+    SendMessageW(box().handle(), CB_SHOWDROPDOWN, FALSE, 0);
+    pressKey(VK_RETURN);
+    EXPECT_EQ(current(), std::optional<std::size_t>(1)) << "the next one searches";
+}
+
+TEST_F(QuickSearch, EnterTakesTheEntryThatTheMouseIsOver)
+{
+    startWithThree();
+    search(L"one");
+    lstInfo().clearSelection();
+    SetFocus(edit());
+    box().setText(L"typed");
+    SendMessageW(box().handle(), CB_SHOWDROPDOWN, TRUE, 0);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(GetComboBoxInfo(box().handle(), &parts));
+    SendMessageW(parts.hwndList, LB_SETCURSEL, 0, 0);
+    pressKey(VK_RETURN);
+    EXPECT_EQ(box().text(), L"one");
+    EXPECT_FALSE(SendMessageW(box().handle(), CB_GETDROPPEDSTATE, 0, 0));
+    EXPECT_EQ(current(), std::nullopt);
+}
+
+TEST_F(QuickSearch, EnterInAListWithoutAChosenEntryClosesItAndKeepsTheText)
+{
+    startWithThree();
+    search(L"one");
+    lstInfo().clearSelection();
+    SetFocus(edit());
+    SendMessageW(box().handle(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    box().setText(L"typed");
+    SendMessageW(box().handle(), CB_SHOWDROPDOWN, TRUE, 0);
+    ASSERT_EQ(SendMessageW(box().handle(), CB_GETCURSEL, 0, 0), CB_ERR);
+    pressKey(VK_RETURN);
+    EXPECT_EQ(box().text(), L"typed");
+    EXPECT_FALSE(SendMessageW(box().handle(), CB_GETDROPPEDSTATE, 0, 0));
+    EXPECT_EQ(current(), std::nullopt);
 }
 
 TEST_F(QuickSearch, ATermIsRememberedOnceAndAgainInAnotherLetterCase)

@@ -1,3 +1,4 @@
+#include "tests/support/from_outside.h"
 #include "tests/window/search/search_test.h"
 
 namespace vandrel::test {
@@ -18,6 +19,14 @@ TEST_F(SearchResults, InAllSectionsWithLetterCaseTheNameDoesNotEither)
     startWithCategories();
     EXPECT_EQ(foundIn(allSections, true, L"daily"), (Lines{L"Weather", L"daily diary"}));
     EXPECT_EQ(foundIn(allSections, true, L"DAILY"), Lines{L"Compiler"});
+}
+
+TEST_F(SearchResults, ATermThatCameWithoutTheKeyboardIsSearchedFor)
+{
+    startWithCategories();
+    setTextFromOutside(part(parts::term), L"Compiler");
+    press(dialog(), IDOK);
+    EXPECT_EQ(found(), Lines{L"Compiler"});
 }
 
 TEST_F(SearchResults, OneSectionIsSearchedAloneAndFollowsTheBox)

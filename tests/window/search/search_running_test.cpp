@@ -1,3 +1,4 @@
+#include "tests/window/platform/list_fixture.h"
 #include "tests/window/search/search_of_three.h"
 
 namespace vandrel::test {
@@ -148,6 +149,20 @@ TEST_F(SearchRunning, ResultsThatAreSelectedMeanwhileLeaveOneSelectedInTheEnd)
     find(L"");
     EXPECT_TRUE(search().results().isSelected(0));
     EXPECT_EQ(search().results().selectedCount(), 1U);
+}
+
+TEST_F(SearchRunning, SeveralSelectedResultsStaySoWhileItRuns)
+{
+    std::vector<std::vector<std::size_t>> selected;
+    const SearchTurns turns(*main, [&](int turn) {
+        ListView& results = search().results();
+        if (turn == 1) selectRows(results, {1, 3});
+        selected.push_back(selectedRows(results));
+        EXPECT_EQ(results.selectedCount(), 2U);
+    });
+    find(L"");
+    EXPECT_EQ(selected, (std::vector<std::vector<std::size_t>>(3, {1, 3})));
+    EXPECT_EQ(selectedRows(search().results()), std::vector<std::size_t>{0});
 }
 
 TEST_F(SearchRunning, FindBringsTheSameWindow)

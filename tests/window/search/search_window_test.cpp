@@ -221,5 +221,22 @@ TEST_F(SearchWindow, GoesWithTheMainWindow)
     EXPECT_FALSE(IsWindow(window));
 }
 
+TEST_F(SearchWindow, ColumnsThatWereDraggedKeepTheirWidthsAtAnotherScale)
+{
+    startWithCategories();
+    ListView& results = search().results();
+    const unsigned dpi = results.dpi();
+    SendMessageW(results.handle(), LVM_SETCOLUMNWIDTH, 0, 90); // as a drag in the header does
+    RECT place{};
+    GetWindowRect(dialog(), &place);
+    for (const unsigned next : {dpi * 3 / 2, dpi}) {
+        SendMessageW(dialog(), WM_DPICHANGED, MAKEWPARAM(next, next), reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(results.columnWidth(0), toTwips(90, dpi));
+        EXPECT_EQ(results.columnWidth(1), 2700_twips);
+        EXPECT_EQ(SendMessageW(results.handle(), LVM_GETCOLUMNWIDTH, 0, 0),
+                  static_cast<LRESULT>(90 * next / dpi));
+    }
+}
+
 } // namespace
 } // namespace vandrel::test

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <future>
+#include <string>
+
+namespace vandrel::test {
+
+// Puts a text into a box without the keyboard and from another thread, as screen readers, dictation and automation do.
+// Meanwhile this thread answers what is sent to its windows and nothing else, so no timer of the test comes between.
+inline void setTextFromOutside(HWND box, const std::wstring& text)
+{
+    auto sent = std::async(std::launch::async, [&] {
+        return SendMessageTimeoutW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()), SMTO_NORMAL,
+                                   10'000, nullptr) != 0;
+    });
+    MSG message{};
+    while (sent.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready)
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    EXPECT_TRUE(sent.get());
+}
+
+} // namespace vandrel::test
