@@ -8,6 +8,9 @@
 
 namespace vandrel {
 
+class TransferJob;
+class TransferThread;
+
 // Opens addresses over the Internet, one at a time. The transfer runs on a thread of its own; here it looks
 // synchronous: OpenURL comes back with the answer, and dispatches messages while it waits.
 class InternetTransfer {
@@ -17,7 +20,12 @@ class InternetTransfer {
     // What of the answer is wanted. Without the body nothing of it is fetched beyond what comes with the headers.
     enum class Body { text, none };
 
-    InternetTransfer() = default;
+    // What the thread does for an address: gives back the body, or throws. `session` is a HINTERNET, and null when the
+    // system has none.
+    using Work = std::string (*)(void* session, TransferJob& job);
+
+    InternetTransfer(); // with openAddress, see web_request.h
+    explicit InternetTransfer(Work work);
     InternetTransfer(const InternetTransfer&) = delete;
     InternetTransfer& operator=(const InternetTransfer&) = delete;
     ~InternetTransfer();
@@ -30,21 +38,19 @@ class InternetTransfer {
 
     // The body as text in the ANSI code page, at most its first megabyte, whatever the status of the answer. Throws
     // RuntimeError: 35761 when the time is up, 35764 while another address is being opened, 35752 for what is no
-    // address, 35753 for a protocol other than http, https and ftp, 35754 when no connection came about, 35756 for any
-    // other failure and when the program is to end.
+    // address, 35753 for a protocol other than http, https and ftp, 35754 when no connection came about, 7 when the
+    // other thread has no memory, 35756 for any other failure and when the program is to end.
     std::wstring OpenURL(const std::wstring& url, Body body = Body::text);
     bool StillExecuting() const { return executing_; }
     // The program is to end: what waited for an answer must not touch its windows any more.
     bool quitting() const { return quitting_; }
 
   private:
-    class Worker;
-    struct Job;
+    void wait(TransferJob& job);
+    void tellStates(TransferJob& job);
 
-    void wait(Job& job);
-    void tellStates(Job& job);
-
-    std::shared_ptr<Worker> worker_; // goes on without us when it hangs
+    Work work_;
+    std::shared_ptr<TransferThread> thread_; // goes on without us when it hangs
     unsigned timeout_ = usualSeconds * 1000;
     bool executing_ = false;
     bool quitting_ = false;

@@ -2,9 +2,10 @@
 
 #include <string>
 
-// Another site, for a build that is to be tried against a server of one's own.
+// A build can name another site; see CONTRIBUTING.md. The default one is asked over https: the browser is sent there for
+// an installer, which nobody on the way must be able to exchange.
 #ifndef VANDREL_MAKERS_SITE
-# define VANDREL_MAKERS_SITE L"http://www.brisan.example"
+# define VANDREL_MAKERS_SITE L"https://www.brisan.example"
 #endif
 
 namespace vandrel {

@@ -23,14 +23,26 @@ struct Reply {
     int status;
     std::string body;
     std::string location{};
+    std::vector<std::string> cookies{};
 };
 
 std::string bytesOf(const Reply& reply)
 {
     std::string bytes = "HTTP/1.1 " + std::to_string(reply.status) + " Told\r\n";
     if (!reply.location.empty()) bytes += "Location: " + reply.location + "\r\n";
+    for (const std::string& line : reply.cookies) bytes += "Set-Cookie: " + line + "\r\n";
     bytes += "Content-Type: text/html\r\nContent-Length: " + std::to_string(reply.body.size()) + "\r\n\r\n";
     return bytes + reply.body;
+}
+
+// What stands behind that name in the header of a request; empty when it is not there.
+std::string headerOf(const std::string& request, const std::string& name)
+{
+    const std::string before = "\r\n" + name + ": ";
+    const std::size_t found = request.find(before);
+    if (found == std::string::npos) return {};
+    const std::size_t start = found + before.size();
+    return request.substr(start, request.find("\r\n", start) - start);
 }
 
 SOCKET boundSocket(sockaddr_in& address)
@@ -87,7 +99,9 @@ class TestServer::Server {
     mutable std::mutex guard; // of what follows
     std::condition_variable changed;
     std::map<std::string, Reply> replies;
+    std::map<std::string, std::vector<std::string>> cookiesSet;
     std::vector<std::string> requests;
+    std::vector<std::string> cookiesSent;
     std::size_t connections = 0;
     std::size_t held = 0;
     std::size_t lettings = 0;
@@ -155,16 +169,18 @@ class TestServer::Server {
             }
             const std::size_t start = got.find(' ') + 1;
             const std::string path = got.substr(start, got.find(' ', start) - start);
+            const std::string cookies = headerOf(got.substr(0, end), "Cookie");
             got.erase(0, end + 4);
             {
                 const std::lock_guard lock(guard);
                 requests.push_back(path);
+                cookiesSent.push_back(cookies);
             }
-            if (!answer(socket, path.substr(0, path.find('?')))) return;
+            if (!answer(socket, path.substr(0, path.find('?')), cookies)) return;
         }
     }
     // Whether the connection is good for another request.
-    bool answer(SOCKET socket, const std::string& path)
+    bool answer(SOCKET socket, const std::string& path, const std::string& cookies)
     {
         if (path == "/closed") return false;
         if (path == "/reset") {
@@ -181,11 +197,20 @@ class TestServer::Server {
             sendAll(socket, whole.substr(0, whole.size() - 5));
             return false;
         }
-        return sendAll(socket, bytesOf(replyTo(path)));
+        if (path == "/cookie" && cookies.find("seen=1") == std::string::npos)
+            return sendAll(socket, bytesOf({302, "once more", "/cookie", {"seen=1; Path=/cookie"}}));
+        return sendAll(socket, bytesOf(replyWithCookies(path)));
+    }
+    Reply replyWithCookies(const std::string& path)
+    {
+        Reply reply = replyTo(path);
+        const std::lock_guard lock(guard);
+        reply.cookies = cookiesSet[path];
+        return reply;
     }
     Reply replyTo(const std::string& path)
     {
-        if (path == "/ok") return {200, "fine"};
+        if (path == "/ok" || path == "/cookie") return {200, "fine"};
         if (path == "/broken") return {500, "out of order"};
         if (path == "/moved") return {302, "elsewhere", "/ok"};
         if (path == "/loop") return {302, "round and round", "/loop"};
@@ -252,6 +277,11 @@ TestServer::~TestServer() = default;
 
 std::wstring TestServer::root() const { return L"http://127.0.0.1:" + std::to_wstring(server_->port()); }
 
+std::wstring TestServer::addressByName(const std::wstring& path) const
+{
+    return L"http://localhost:" + std::to_wstring(server_->port()) + path;
+}
+
 std::wstring TestServer::refusedAddress(const std::wstring& scheme, const std::wstring& path) const
 {
     return scheme + L"://127.0.0.1:" + std::to_wstring(server_->deafPort()) + path;
@@ -273,6 +303,18 @@ std::vector<std::string> TestServer::requests() const
 {
     const std::lock_guard lock(server_->guard);
     return server_->requests;
+}
+
+void TestServer::setCookie(const std::string& path, const std::string& line)
+{
+    const std::lock_guard lock(server_->guard);
+    server_->cookiesSet[path].push_back(line);
+}
+
+std::vector<std::string> TestServer::cookies() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->cookiesSent;
 }
 
 std::size_t TestServer::connections() const

@@ -10,7 +10,7 @@ namespace {
 
 const std::string footer =
     "</table><center><font size=2>Generated with Vandrel by "
-    "<a href=\"http://www.brisan.example\">Brisan Software</a></font></center></font>\r\n";
+    "<a href=\"https://www.brisan.example\">Brisan Software</a></font></center></font>\r\n";
 
 std::string row(const std::string& name, const std::string& url, const std::string& description)
 {

@@ -40,7 +40,7 @@ TEST_F(AboutLook, TheTextsAreThese)
     EXPECT_EQ(windowText(box.window), L"About Vandrel");
     EXPECT_EQ(windowText(box.part(IDOK)), L"OK");
     EXPECT_EQ(windowText(box.part(about::email)), makersEmail);
-    EXPECT_EQ(L"http://" + windowText(box.part(about::site)), makersSite);
+    EXPECT_EQ(L"https://" + windowText(box.part(about::site)), makersSite);
 }
 
 TEST_F(AboutLook, ThePictureBehindTheTextHasTheStaticEdgeAndOneMore)

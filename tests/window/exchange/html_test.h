@@ -21,7 +21,7 @@ inline const std::string header = "<font face=\"Arial\"><table align=center widt
                                   "<tr><th>Site Name</th><th>Site URL</th><th>Site Description</th></tr>\r\n";
 inline const std::string footer =
     "</table><center><font size=2>Generated with Vandrel by "
-    "<a href=\"http://www.brisan.example\">Brisan Software</a></font></center></font>\r\n";
+    "<a href=\"https://www.brisan.example\">Brisan Software</a></font></center></font>\r\n";
 
 inline std::string row(const std::string& name, const std::string& url, const std::string& description)
 {

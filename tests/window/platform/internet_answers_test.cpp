@@ -5,7 +5,10 @@
 namespace vandrel::test {
 namespace {
 
-class InternetAnswers : public InternetTransfers {};
+class InternetAnswers : public InternetTransfers {
+  protected:
+    static std::string narrow(const std::wstring& address) { return {address.begin(), address.end()}; }
+};
 
 TEST_F(InternetAnswers, TheTextIsTheAnswersWhateverItsStatus)
 {
@@ -51,14 +54,21 @@ TEST_F(InternetAnswers, FollowsARedirectionWithoutTellingTheStatesAgain)
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetAnswers, FollowsTenRedirectionsAndNoMore)
+TEST_F(InternetAnswers, FollowsTwentyRedirectionsToATextAndNoMore)
 {
-    for (int i = 1; i < 12; ++i) server.redirect("/hop" + std::to_string(i), "/hop" + std::to_string(i + 1));
-    server.put("/hop12", "at last");
+    for (int i = 1; i < 22; ++i) server.redirect("/hop" + std::to_string(i), "/hop" + std::to_string(i + 1));
+    server.put("/hop22", "at last");
     EXPECT_EQ(open(L"/hop2"), L"at last");
-    EXPECT_EQ(server.requests().size(), 11U);
+    EXPECT_EQ(server.requests().size(), 21U);
     EXPECT_EQ(errorFor(server.address(L"/hop1")), 35756);
-    EXPECT_EQ(server.requests().size(), 22U);
+    EXPECT_EQ(server.requests().size(), 42U);
+}
+
+TEST_F(InternetAnswers, WhereNoTextIsWantedAChainWithoutEndIsAnAnswer)
+{
+    EXPECT_EQ(transfer.OpenURL(server.address(L"/loop"), Body::none), L"");
+    EXPECT_EQ(server.requests().size(), 21U);
+    EXPECT_EQ(states, both);
 }
 
 TEST_F(InternetAnswers, ARedirectionMayBeRelativeOrToAnotherServer)
@@ -67,7 +77,7 @@ TEST_F(InternetAnswers, ARedirectionMayBeRelativeOrToAnotherServer)
     const std::wstring there = other.address(L"/missing");
     server.redirect("/folder/page", "other?x=1#part");
     server.put("/folder/other", "beside it");
-    server.redirect("/away", std::string(there.begin(), there.end()));
+    server.redirect("/away", narrow(there));
     EXPECT_EQ(open(L"/folder/page"), L"beside it");
     EXPECT_EQ(open(L"/away"), L"no such page");
     EXPECT_EQ(other.requests(), std::vector<std::string>{"/missing"});
@@ -93,6 +103,76 @@ TEST_F(InternetAnswers, ARedirectionToNoAddressIsAnAnswerOrAnErrorAndHarmless)
         EXPECT_EQ(open(L"/ok"), L"fine") << location;
     }
 }
+
+// ---- other hosts on the way
+
+TEST_F(InternetAnswers, AnotherHostIsResolvedAndConnectedToAnew)
+{
+    server.redirect("/away", narrow(server.addressByName(L"/back")));
+    server.redirect("/back", narrow(server.address(L"/moved")));
+    EXPECT_EQ(open(L"/away"), L"fine");
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{"/away", "/back", "/moved", "/ok"}));
+    EXPECT_EQ(states, (States{1, 3, 1, 3, 1, 3})) << "there, back, and on the same host";
+}
+
+TEST_F(InternetAnswers, OneThatIsNotFoundIsNotConnectedTo)
+{
+    server.redirect("/away", "http://nowhere.invalid/");
+    EXPECT_EQ(errorFor(server.address(L"/away")), 35754);
+    EXPECT_EQ(states, (States{1, 3, 1}));
+}
+
+TEST_F(InternetAnswers, TheSameHostInOtherLettersIsNoOther)
+{
+    std::wstring shouted = server.addressByName(L"/ok");
+    shouted.replace(shouted.find(L"localhost"), 9, L"LOCALHOST");
+    server.redirect("/loud", narrow(shouted));
+    EXPECT_EQ(transfer.OpenURL(server.addressByName(L"/loud")), L"fine");
+    EXPECT_EQ(states, both);
+}
+
+// ---- cookies
+
+TEST_F(InternetAnswers, ACookieComesBackOnTheWay)
+{
+    EXPECT_EQ(open(L"/cookie"), L"fine");
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{"/cookie", "/cookie"}));
+    EXPECT_EQ(server.cookies(), (std::vector<std::string>{"", "seen=1"}));
+    EXPECT_EQ(states, both);
+}
+
+TEST_F(InternetAnswers, AndIsForgottenAtItsEnd)
+{
+    EXPECT_EQ(open(L"/cookie"), L"fine");
+    EXPECT_EQ(open(L"/cookie"), L"fine");
+    EXPECT_EQ(server.cookies(), (std::vector<std::string>{"", "seen=1", "", "seen=1"}));
+}
+
+TEST_F(InternetAnswers, SeveralComeBackToTheHostThatSetThemAlone)
+{
+    server.setCookie("/first", "one=1");
+    server.setCookie("/first", "two=2; Path=/elsewhere");
+    server.setCookie("/first", "three=3; HttpOnly");
+    server.redirect("/first", narrow(server.addressByName(L"/second")));
+    server.setCookie("/second", "four=4");
+    server.redirect("/second", narrow(server.address(L"/third")));
+    server.setCookie("/third", "one=5");
+    server.redirect("/third", "/ok");
+    EXPECT_EQ(open(L"/first"), L"fine");
+    EXPECT_EQ(server.cookies(), (std::vector<std::string>{"", "", "one=1; three=3", "one=5; three=3"}));
+}
+
+TEST_F(InternetAnswers, ALongCookieIsReadWhole)
+{
+    const std::string value(3000, 'x');
+    server.setCookie("/long", "long=" + value);
+    server.setCookie("/long", "last=1");
+    server.redirect("/long", "/ok");
+    EXPECT_EQ(open(L"/long"), L"fine");
+    EXPECT_EQ(server.cookies().back(), "long=" + value + "; last=1");
+}
+
+// ---- chains without end
 
 TEST_F(InternetAnswers, ARedirectionWithoutEndEnds)
 {

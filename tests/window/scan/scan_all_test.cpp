@@ -59,6 +59,54 @@ TEST_F(ScanAll, ASiteThatTakesTheConnectionAndTooLongIsReachable)
               success(L"A", at(L"/silent")) + success(L"B", at(L"/trickle")) + success(L"C", at(L"/ok")));
 }
 
+TEST_F(ScanAll, ASiteThatWantsItsCookieBackIsReachable)
+{
+    begin({{L"A", at(L"/cookie")}, {L"B", at(L"/cookie?2")}});
+    scanAll();
+    EXPECT_EQ(images(), (Images{1, 1}));
+    EXPECT_EQ(server.cookies(), (std::vector<std::string>{"", "seen=1", "", "seen=1"}));
+}
+
+TEST_F(ScanAll, SoIsOneThatSendsTheClientRoundAndRound)
+{
+    begin({{L"A", at(L"/loop")}, {L"B", at(L"/ok")}});
+    scanAll();
+    EXPECT_EQ(images(), (Images{1, 1}));
+    EXPECT_EQ(log(), success(L"A", at(L"/loop")) + success(L"B", at(L"/ok")));
+}
+
+TEST_F(ScanAll, OneThatSendsTheClientToAHostThatIsNotFoundIsNot)
+{
+    server.redirect("/away", narrow(dead));
+    begin({{L"A", at(L"/away")}, {L"B", at(L"/ok")}});
+    scanAllAndTold(L"Unavailable Site", oneUnavailable);
+    EXPECT_EQ(images(), (Images{5, 1}));
+}
+
+TEST_F(ScanAll, NorOneThatSendsItToAHostWhoseNameIsLookedUpTooLong)
+{
+    server.redirect("/away", narrow(server.addressByName(L"/silent")));
+    begin({{L"A", at(L"/away")}, {L"B", at(L"/ok")}});
+    workspace().inetScan.setRequestTimeout(500);
+    const auto told = workspace().inetScan.StateChanged;
+    int connections = 0;
+    workspace().inetScan.StateChanged = [&](short state) {
+        if (state == 3 && ++connections == 2) return; // as if the name were still being looked up
+        told(state);
+    };
+    scanAllAndTold(L"Unavailable Site", oneUnavailable);
+    EXPECT_EQ(images(), (Images{5, 1}));
+}
+
+TEST_F(ScanAll, OneThatTheOtherHostKeepsWaitingIsReachable)
+{
+    server.redirect("/away", narrow(server.addressByName(L"/silent")));
+    begin({{L"A", at(L"/away")}, {L"B", at(L"/ok")}});
+    workspace().inetScan.setRequestTimeout(500);
+    scanAll();
+    EXPECT_EQ(images(), (Images{1, 1}));
+}
+
 // What the state events said is the judgement, and nothing else is.
 
 TEST_F(ScanAll, WithoutAConnectionAnAnswerIsAFailure)

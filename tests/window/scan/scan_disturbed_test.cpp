@@ -33,15 +33,43 @@ class ScanDisturbed : public ScanTest {
         scanSelected();
         EXPECT_TRUE(meanwhile.happened());
     }
+    // The third is dead.
+    void beginWithADeadOne()
+    {
+        begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
+    }
+    void scanAllOfADeadOneAnd(const std::function<void()>& action)
+    {
+        Meanwhile meanwhile(isHeld(), [&] {
+            action();
+            server.letGo();
+        });
+        scanAllAndTold(L"Unavailable Site", oneUnavailable);
+        EXPECT_TRUE(meanwhile.happened());
+        EXPECT_EQ(log(), firstTwo() + failed(L"C", dead) + success(L"D", at(L"/ok?4")));
+    }
     std::string firstTwo() const { return success(L"A", at(L"/ok?1")) + success(L"B", at(L"/held")); }
     std::string lastTwo() const { return success(L"C", at(L"/ok?3")) + success(L"D", at(L"/ok?4")); }
 };
 
-TEST_F(ScanDisturbed, ASiteThatIsRemovedIsLeftOut)
+TEST_F(ScanDisturbed, ASiteThatIsRemovedIsCheckedAndMarksNoOther)
 {
-    beginWithFour();
-    scanAllAnd([&] { lstInfo().remove(2); });
-    EXPECT_EQ(log(), firstTwo() + success(L"D", at(L"/ok?4")));
+    begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/held?4")}, {L"C", dead}});
+    Meanwhile first([&] { return server.held() == 1 && server.requests().size() == 2; },
+                    [&] {
+                        lstInfo().remove(2);
+                        server.letGo();
+                    });
+    Meanwhile second([&] { return server.held() == 1 && server.requests().size() == 3; },
+                     [&] {
+                         EXPECT_EQ(images(), (Images{1, 1, 1, 1})) << "one that has its texts is another";
+                         lstInfo().setText(3, 1, at(L"/ok?5"));
+                         server.letGo();
+                     });
+    scanAllAndTold(L"Unavailable Site", oneUnavailable);
+    EXPECT_TRUE(first.happened() && second.happened());
+    EXPECT_EQ(log(),
+              firstTwo() + failed(L"C", dead) + success(L"D", at(L"/held?4")) + success(L"C", at(L"/ok?5")));
     EXPECT_EQ(panel(1), L"Scan complete.");
 }
 
@@ -83,9 +111,9 @@ TEST_F(ScanDisturbed, AllSitesMayBeRemoved)
 {
     beginWithFour();
     scanAllAnd([&] { lstInfo().clear(); });
-    EXPECT_EQ(log(), firstTwo());
+    EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_EQ(panel(1), L"Scan complete.");
-    EXPECT_EQ(panel(2), L"B");
+    EXPECT_EQ(panel(2), L"D");
     EXPECT_FALSE(PB().visible());
 }
 
@@ -117,9 +145,10 @@ TEST_F(ScanDisturbed, OneThatIsAddedInPlaceOfOneThatIsGoneIsNotTakenForIt)
     beginWithFour();
     scanAllAnd([&] {
         lstInfo().remove(2);
-        lstInfo().insert(2, {L"New", dead, L"", L""}, siteImage);
+        lstInfo().insert(2, {L"New", dead, L"", L""}, deadSiteImage);
     });
-    EXPECT_EQ(log(), firstTwo() + success(L"D", at(L"/ok?4")));
+    EXPECT_EQ(log(), firstTwo() + lastTwo());
+    EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
 }
 
 TEST_F(ScanDisturbed, InASortedListEverySiteIsCheckedOnceAndGetsItsOwnMark)
@@ -136,23 +165,100 @@ TEST_F(ScanDisturbed, InASortedListEverySiteIsCheckedOnceAndGetsItsOwnMark)
     EXPECT_EQ(log(), firstTwo() + failed(L"C", dead) + success(L"D", at(L"/ok?4")));
 }
 
-TEST_F(ScanDisturbed, WithAnotherCategoryTheRestIsLeftOutAndTheOthersAreNotMarked)
+// ---- the list loaded again
+
+TEST_F(ScanDisturbed, WithAnotherCategoryEverySiteIsCheckedAndNoneOfTheOthersIsMarked)
 {
-    category(L"Other", {{L"O", dead}, {L"P", dead}, {L"Q", dead}, {L"R", dead}});
-    beginWithFour();
-    scanAllAnd([&] { clickCategory(L"Other"); });
-    EXPECT_EQ(log(), firstTwo());
-    EXPECT_EQ(images(), (Images{1, 1, 1, 1}));
+    category(L"Other", {{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
+    beginWithADeadOne();
+    scanAllOfADeadOneAnd([&] {
+        clickCategory(L"Other");
+        lstInfo().setImage(0, deadSiteImage);
+        lstInfo().setImage(3, deadSiteImage);
+    });
+    EXPECT_EQ(images(), (Images{5, 1, 1, 5})) << "sites of the same texts, in another category";
     EXPECT_EQ(panel(1), L"Scan complete.");
+    EXPECT_EQ(panel(2), L"D");
     EXPECT_FALSE(PB().visible());
 }
 
-TEST_F(ScanDisturbed, TheSameCategoryReadAgainHasOtherSites)
+TEST_F(ScanDisturbed, TheSameCategoryReadAgainHasItsSitesAndTheirMarks)
 {
-    beginWithFour();
-    scanAllAnd([&] { clickCategory(L"Links"); });
-    EXPECT_EQ(log(), firstTwo());
-    EXPECT_EQ(images(), (Images{1, 1, 1, 1}));
+    beginWithADeadOne();
+    scanAllOfADeadOneAnd([&] {
+        clickCategory(L"Links");
+        lstInfo().setImage(3, deadSiteImage); // of which a check takes it away
+    });
+    EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
+}
+
+TEST_F(ScanDisturbed, SoHasOneToWhichTheUserComesBack)
+{
+    category(L"Other", {{L"C", dead}});
+    beginWithADeadOne();
+    scanAllOfADeadOneAnd([&] {
+        clickCategory(L"Other");
+        clickCategory(L"Links");
+    });
+    EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
+}
+
+TEST_F(ScanDisturbed, InAListReadAgainAMarkGoesByNameAddressAndDescription)
+{
+    beginWithADeadOne();
+    scanAllOfADeadOneAnd([&] {
+        const std::string url = narrow(dead);
+        folder.write(L"Links.udb", "C|" + url + "|about it|opened today\r\nX|" + url +
+                                       "|about it|1/2/2003\r\n" + "C|" + url + "/|about it|1/2/2003\r\nC|" +
+                                       url + "|other|1/2/2003\r\nC|" + url + "|about it|1/2/2003\r\n");
+        clickCategory(L"Links");
+    });
+    EXPECT_EQ(images(), (Images{5, 1, 1, 1, 5}));
+}
+
+TEST_F(ScanDisturbed, OfACategoryThatWasRenamedTheSitesAreStillTheSame)
+{
+    beginWithADeadOne();
+    scanAllOfADeadOneAnd([&] {
+        MoveFileW(folder.file(L"Links.udb").c_str(), folder.file(L"Renamed.udb").c_str());
+        lstCategory().setText(0, 0, L"Renamed");
+        clickCategory(L"Renamed");
+    });
+    EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
+}
+
+TEST_F(ScanDisturbed, ASearchOfAllCategoriesDoesNotEndIt)
+{
+    category(L"Other", {{L"C", dead}});
+    beginWithADeadOne();
+    scanAllOfADeadOneAnd([&] {
+        for (std::size_t row = 0; row < lstCategory().count(); ++row) selectCategory(workspace(), row);
+        selectCategory(workspace(), 0);
+    });
+    EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
+}
+
+TEST_F(ScanDisturbed, TheBarGoesOnAsLongAsTheListWasAtItsBeginning)
+{
+    begin({{L"A", at(L"/held?1")}, {L"B", at(L"/ok")}, {L"C", at(L"/held?2")}});
+    Meanwhile first([&] { return server.held() == 1 && server.requests().size() == 1; },
+                    [&] {
+                        folder.write(L"Links.udb", "");
+                        clickCategory(L"Links");
+                        server.letGo();
+                    });
+    Meanwhile second([&] { return server.held() == 1 && server.requests().size() == 3; },
+                     [&] {
+                         EXPECT_EQ(PB().maximum(), 3U);
+                         EXPECT_EQ(PB().value(), 3U);
+                         EXPECT_EQ(panel(2), L"C");
+                         EXPECT_EQ(panel(3), at(L"/held?2"));
+                         server.letGo();
+                     });
+    scanAll();
+    EXPECT_TRUE(first.happened() && second.happened());
+    EXPECT_EQ(images(), Images{});
+    EXPECT_FALSE(PB().visible());
 }
 
 TEST_F(ScanDisturbed, NoSecondScanBegins)
@@ -265,25 +371,49 @@ TEST_F(ScanDisturbed, ASaveMeanwhileSavesTheListAsItIs)
 
 // ---- selected sites
 
-TEST_F(ScanDisturbed, OfTheSelectedTheOnesThatAreGoneAreLeftOut)
+TEST_F(ScanDisturbed, OfTheSelectedTheOnesThatAreGoneAreCheckedAndMarkNoOther)
 {
-    beginWithFour();
-    lstInfo().selectAll();
+    begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
+    selectSites({1, 2});
     scanSelectedAnd([&] { lstInfo().remove(2); });
-    EXPECT_EQ(log(), firstTwo() + success(L"D", at(L"/ok?4")));
+    EXPECT_EQ(log(), success(L"B", at(L"/held")) + failed(L"C", dead));
+    EXPECT_EQ(images(), (Images{1, 1, 1}));
 }
 
-TEST_F(ScanDisturbed, WithAnotherCategoryTheRestOfTheSelectedIsLeftOut)
+TEST_F(ScanDisturbed, WithAnotherCategoryTheSelectedAreCheckedAndNoneOfTheOthersIsMarked)
 {
-    category(L"Other", {{L"O", dead}, {L"P", dead}, {L"Q", dead}, {L"R", dead}});
+    category(L"Other", {{L"O", dead}, {L"P", dead}, {L"Q", dead}, {L"D", at(L"/ok?4")}});
     beginWithFour();
-    lstInfo().selectAll();
+    selectSites({1, 3});
     scanSelectedAnd([&] {
         clickCategory(L"Other");
+        lstInfo().setAllImages(deadSiteImage);
         lstInfo().selectAll();
     });
-    EXPECT_EQ(log(), firstTwo());
+    EXPECT_EQ(log(), success(L"B", at(L"/held")) + success(L"D", at(L"/ok?4")));
+    EXPECT_EQ(images(), (Images{5, 5, 5, 5}));
     EXPECT_EQ(panel(1), L"Scan complete.");
+}
+
+TEST_F(ScanDisturbed, InTheSameCategoryReadAgainTheSelectedAreChecked)
+{
+    begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
+    selectSites({2, 1}); // the second is the current one
+    scanSelectedAnd([&] { clickCategory(L"Links"); });
+    EXPECT_EQ(log(), success(L"B", at(L"/held")) + failed(L"C", dead));
+    EXPECT_EQ(images(), (Images{1, 5, 1, 1})) << "the one that was the current one shows the last result";
+}
+
+TEST_F(ScanDisturbed, ThereTheNewCurrentSiteShowsTheResultWhenThereIsOne)
+{
+    begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
+    selectSites({1, 2});
+    scanSelectedAnd([&] {
+        clickCategory(L"Links");
+        lstInfo().select(3);
+    });
+    EXPECT_EQ(log(), success(L"B", at(L"/held")) + failed(L"C", dead));
+    EXPECT_EQ(images(), (Images{1, 1, 1, 5}));
 }
 
 TEST_F(ScanDisturbed, ACheckWhoseCategoryIsGoneMarksNoSiteOfTheNext)
@@ -312,7 +442,7 @@ TEST_F(ScanDisturbed, WithoutSitesAnyMoreNothingIsMarked)
     beginWithFour();
     lstInfo().selectAll();
     scanSelectedAnd([&] { lstInfo().clear(); });
-    EXPECT_EQ(log(), firstTwo());
+    EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_FALSE(PB().visible());
 }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+namespace vandrel {
+
+// A lock for std::lock_guard that needs no memory and cannot fail, unlike std::mutex.
+class SlimLock {
+  public:
+    SlimLock() = default;
+    SlimLock(const SlimLock&) = delete;
+    SlimLock& operator=(const SlimLock&) = delete;
+
+    void lock() noexcept { AcquireSRWLockExclusive(&lock_); }
+    void unlock() noexcept { ReleaseSRWLockExclusive(&lock_); }
+
+  private:
+    SRWLOCK lock_ = SRWLOCK_INIT;
+};
+
+} // namespace vandrel
