@@ -2,6 +2,7 @@
 
 #include "exchange/module1.h"
 #include "platform/file_layer.h"
+#include "platform/left_behind.h"
 #include "platform/list_view.h"
 #include "platform/message_loop.h"
 #include "platform/runtime_error.h"
@@ -40,6 +41,7 @@ template <typename Copy> void intoChosenFolder(Workspace& workspace, const wchar
     try {
         const std::wstring folder = Module1::BrowseForFolder(workspace.window, title);
         if (folder.empty()) return;
+        removeLeftBehind(folder);
         copy(folder);
         workspace.StatusBar1.setPanelText(1, L"Backup successful.");
     } catch (const RuntimeError&) {

@@ -2,15 +2,57 @@
 
 #include "exchange/module1.h"
 #include "exchange/shortcut_name.h"
+#include "exchange/shortcut_value.h"
 #include "platform/file_dialog.h"
+#include "platform/file_layer.h"
 #include "platform/list_view.h"
 #include "platform/message_box.h"
-#include "platform/runtime_error.h"
+#include "platform/system_error.h"
 #include "shared/site_columns.h"
 #include "shared/workspace.h"
 
+#include <algorithm>
+
 namespace vandrel {
 namespace {
+
+struct Entry {
+    const wchar_t* section;
+    const wchar_t* key;
+};
+// In a new file they stand in this order.
+constexpr Entry entries[] = {{L"DEFAULT", L"BaseURL"}, {L"InternetShortcut", L"URL"}};
+
+// The system's writing function tells no reason that outlasts it, so the file is asked.
+RuntimeError whyNotWritten(const std::wstring& path)
+{
+    const HANDLE file = systemFiles().openForChange(extendedPath(path));
+    const DWORD reason = GetLastError();
+    if (file == INVALID_HANDLE_VALUE) {
+        return reason == ERROR_FILE_NOT_FOUND ? RuntimeError(error_number::pathFileAccess)
+                                              : runtimeErrorOf(reason);
+    }
+    systemFiles().close(file);
+    return RuntimeError(error_number::deviceError);
+}
+
+bool isWritten(const Entry& entry, const std::wstring& url, const std::wstring& path)
+{
+    return readsBack(url, Module1::ReadINIValue(entry.section, entry.key, path));
+}
+
+void writeShortcut(const std::wstring& url, const std::wstring& path)
+{
+    const bool isNew = !fileExists(path);
+    for (const Entry& entry : entries) Module1::WriteINIValue(entry.section, entry.key, url, path);
+    if (fileExists(path) &&
+        std::ranges::all_of(entries, [&](const Entry& entry) { return isWritten(entry, url, path); })) {
+        return;
+    }
+    const RuntimeError error = whyNotWritten(path);
+    if (isNew) systemFiles().remove(extendedPath(path));
+    throw error;
+}
 
 void exportSite(Workspace& workspace)
 {
@@ -22,10 +64,7 @@ void exportSite(Workspace& workspace)
     CD1.fileName = fileNameFor(workspace.lstInfo.text(*row));
     CD1.showSave(workspace.window);
     if (CD1.fileName.empty()) return;
-    const std::wstring path = shortcutPath(CD1.fileName);
-    const std::wstring url = workspace.lstInfo.text(*row, urlColumn);
-    Module1::WriteINIValue(L"DEFAULT", L"BaseURL", url, path);
-    Module1::WriteINIValue(L"InternetShortcut", L"URL", url, path);
+    writeShortcut(workspace.lstInfo.text(*row, urlColumn), shortcutPath(CD1.fileName));
 }
 
 } // namespace

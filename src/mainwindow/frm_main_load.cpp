@@ -2,6 +2,7 @@
 #include "mainwindow/registry_module.h"
 #include "mainwindow/window_place.h"
 #include "platform/guarded.h"
+#include "platform/left_behind.h"
 #include "platform/number_text.h"
 #include "shared/apply_font.h"
 #include "shared/off2000.h"
@@ -36,6 +37,7 @@ void frmMain::Form_Load()
     for (Control* const control : controls()) {
         if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
     }
+    removeLeftBehind(workspace_.dataFolder);
     listCategories(workspace_);
     if (!lstCategory_.empty()) selectCategory(workspace_, 0);
     readSettings();

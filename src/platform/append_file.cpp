@@ -1,27 +1,24 @@
 #include "platform/append_file.h"
 
 #include "platform/ansi_text.h"
-#include "platform/file_layer.h"
 #include "platform/system_error.h"
 
 namespace vandrel {
 
-AppendFile::AppendFile(const std::wstring& path)
-    : file_(CreateFileW(extendedPath(path).c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
-                        FILE_ATTRIBUTE_NORMAL, nullptr))
+AppendFile::AppendFile(const std::wstring& path, FileLayer& files)
+    : files_(files), file_(files.openForAppending(extendedPath(path)))
 {
-    if (!file_) raiseLastError();
+    if (file_ == INVALID_HANDLE_VALUE) raiseLastError();
 }
+
+AppendFile::~AppendFile() { files_.close(file_); }
 
 void AppendFile::writeLine(const std::wstring& line)
 {
     std::string bytes;
     encodeAnsi(line, bytes, L'\r');
     bytes += "\r\n";
-    DWORD written = 0;
-    if (!WriteFile(file_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
-        raiseLastError();
-    if (written != bytes.size()) throw RuntimeError(error_number::diskFull);
+    if (!files_.write(file_, bytes.data(), static_cast<DWORD>(bytes.size()))) raiseLastError();
 }
 
 } // namespace vandrel

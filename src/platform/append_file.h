@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/handle.h"
+#include "platform/file_layer.h"
 
 #include <string>
 
@@ -11,13 +11,17 @@ namespace vandrel {
 class AppendFile {
   public:
     // Makes the file when it is missing. Throws RuntimeError (70, 75, 76 ...) when it cannot be opened.
-    explicit AppendFile(const std::wstring& path);
+    explicit AppendFile(const std::wstring& path, FileLayer& files = systemFiles());
+    AppendFile(const AppendFile&) = delete;
+    AppendFile& operator=(const AppendFile&) = delete;
+    ~AppendFile();
 
     // The line and CR LF. Throws RuntimeError (61 ...) when the disk does not take it.
     void writeLine(const std::wstring& line);
 
   private:
-    FileHandle file_;
+    FileLayer& files_;
+    HANDLE file_;
 };
 
 } // namespace vandrel

@@ -8,25 +8,57 @@
 
 namespace vandrel {
 
-// The file calls that a save is made of. Each returns whether it succeeded and leaves the reason in the last
-// error. A seam: a test puts a layer that fails at its n-th call in place of the system's.
+// Every call that changes the disk. Each returns whether it succeeded and leaves the reason in the last error. A seam: a
+// test puts a layer that fails, or ends the process, at its n-th call in place of the system's.
 class FileLayer {
   public:
     virtual ~FileLayer() = default;
 
-    // Creates or empties the file, for this process alone; INVALID_HANDLE_VALUE when it fails.
+    // The three that open a file return INVALID_HANDLE_VALUE when they fail.
+    // Creates or empties the file, for this process alone.
     virtual HANDLE createForWriting(const std::wstring& path);
+    // Opens a file that is there, as it is, to be read and written by this process alone.
+    virtual HANDLE openForChange(const std::wstring& path);
+    // Opens or creates a file that others may read and that is written at its end only.
+    virtual HANDLE openForAppending(const std::wstring& path);
+
     virtual bool write(HANDLE file, const char* bytes, DWORD count);
+    // Cuts the file, or makes it longer by bytes of whatever value. Where it is written next stays.
+    virtual bool setSize(HANDLE file, std::size_t bytes);
     virtual bool flush(HANDLE file);
     virtual bool close(HANDLE file);
-    // Gives `copy` the attributes, the creation time and the access rights of `original`.
+
+    // Gives `copy` the creation time, the attributes and the access rights of `original`, as many of them as it may.
     virtual bool copyIdentity(const std::wstring& original, const std::wstring& copy);
     // Puts `replacement` in the place of `target` in one step: at every moment one of the two is there, whole.
     virtual bool replace(const std::wstring& replacement, const std::wstring& target);
+    // Writes a copy, attributes included, over whatever file is there.
+    virtual bool copy(const std::wstring& from, const std::wstring& to);
+    // Takes no other file's name.
+    virtual bool rename(const std::wstring& from, const std::wstring& to);
+    // Takes the marks away (hidden, system, read-only) that keep a file from being removed or written over.
+    virtual bool clearAttributes(const std::wstring& path);
     virtual bool remove(const std::wstring& path);
+
+    // Puts a value into an INI file, or adds it. What else the file holds stays.
+    virtual bool writeProfileValue(const std::wstring& section, const std::wstring& key,
+                                   const std::wstring& value, const std::wstring& path);
 };
 
+// The layer in force: the system's own calls, but while a FilesInForce says otherwise.
 FileLayer& systemFiles();
+
+// Puts a layer in force for the whole process, and when it goes the one before.
+class FilesInForce {
+  public:
+    explicit FilesInForce(FileLayer& files);
+    FilesInForce(const FilesInForce&) = delete;
+    FilesInForce& operator=(const FilesInForce&) = delete;
+    ~FilesInForce();
+
+  private:
+    FileLayer* before_;
+};
 
 // The same path in the form that the system takes as it stands: any length, no device names, no trimmed blanks.
 // Leaves a relative path alone.
@@ -38,9 +70,10 @@ using WritePart = std::function<bool(std::string_view bytes)>;
 using WriteContents = std::function<bool(const WritePart& write)>;
 
 // Puts `contents` in place of the file's content, all or nothing: they go to a file beside it, are flushed, and take
-// its place. While another program holds the file it tries again for about two seconds, and may write the contents
-// again. Throws RuntimeError (52, 57, 61, 70, 71, 75 or 76), or what `contents` throws, with the old file whole and nothing
-// left beside it.
+// its place. While another program holds the file it tries again for about two seconds. Where the user has no right to
+// make a file beside it, or to replace it, the file that is there is written in its place (see saveInPlace). The contents
+// may be written several times. Throws RuntimeError (52, 57, 61, 70, 71, 75 or 76), or what `contents` throws, with the old
+// file whole and nothing left beside it.
 void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files = systemFiles());
 void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
@@ -49,15 +82,13 @@ void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& fi
 // RuntimeError.
 void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
-// Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does. Throws RuntimeError, also when both
-// are the same file (70).
-void copyFile(const std::wstring& from, const std::wstring& to);
+// Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does, but never writes in place. Throws
+// RuntimeError, also when both are the same file (70).
+void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
-// Creates the file without content, or empties the one that is there. Throws RuntimeError.
-void createEmptyFile(const std::wstring& path);
 // Throw RuntimeError when the file cannot be removed or renamed.
-void removeFile(const std::wstring& path);
-void renameFile(const std::wstring& from, const std::wstring& to);
+void removeFile(const std::wstring& path, FileLayer& files = systemFiles());
+void renameFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
 bool fileExists(const std::wstring& path);
 // Under whatever names: a folder can be reached in many ways, and a file may have several. Two of which one is missing

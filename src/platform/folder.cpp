@@ -10,12 +10,14 @@ namespace vandrel {
 
 namespace {
 
-template <typename Wanted> std::vector<std::wstring> namesIn(const std::wstring& folder, Wanted wanted)
+template <typename Wanted>
+std::vector<std::wstring> namesIn(const std::wstring& folder, const wchar_t* pattern, Wanted wanted)
 {
     std::vector<std::wstring> names;
     WIN32_FIND_DATAW found{};
-    const FindHandle search(FindFirstFileExW((extendedPath(folder) + L"\\*").c_str(), FindExInfoBasic, &found,
-                                             FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
+    const FindHandle search(FindFirstFileExW(extendedPath(folder + L"\\" + pattern).c_str(), FindExInfoBasic,
+                                             &found, FindExSearchNameMatch, nullptr,
+                                             FIND_FIRST_EX_LARGE_FETCH));
     if (!search) return names;
     do {
         if (wanted(found)) names.emplace_back(found.cFileName);
@@ -30,14 +32,14 @@ bool isFolder(const WIN32_FIND_DATAW& found)
 
 } // namespace
 
-std::vector<std::wstring> fileNamesIn(const std::wstring& folder)
+std::vector<std::wstring> fileNamesIn(const std::wstring& folder, const wchar_t* pattern)
 {
-    return namesIn(folder, [](const WIN32_FIND_DATAW& found) { return !isFolder(found); });
+    return namesIn(folder, pattern, [](const WIN32_FIND_DATAW& found) { return !isFolder(found); });
 }
 
 std::vector<std::wstring> folderNamesIn(const std::wstring& folder)
 {
-    return namesIn(folder, [](const WIN32_FIND_DATAW& found) {
+    return namesIn(folder, L"*", [](const WIN32_FIND_DATAW& found) {
         const std::wstring_view name = found.cFileName;
         return isFolder(found) && (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) == 0 && name != L"." &&
                name != L"..";

@@ -5,22 +5,10 @@
 #include "shared/workspace.h"
 
 namespace vandrel {
-namespace {
-
-// By its row, which keeps its id when the category gets another title.
-std::optional<ListRows::Id> shownCategory(const Workspace& workspace)
-{
-    const ListView& categories = workspace.lstCategory;
-    const auto row = categories.currentRow();
-    return row ? std::optional(categories.rows()[*row].id) : std::nullopt;
-}
-
-} // namespace
-
 ScannedList::ScannedList(const Workspace& workspace, Which which)
     : workspace_(workspace),
       selectedOnly_(which == Which::selected),
-      category_(shownCategory(workspace)),
+      category_(workspace.shown.row),
       block_(workspace.lstInfo.rows().block())
 {
     takeDown(which);
@@ -87,7 +75,7 @@ SiteTexts ScannedList::textsAt(std::size_t row) const
 // None in another category, whatever its sites are called.
 std::vector<std::size_t> ScannedList::rowsOf(const SiteTexts& texts)
 {
-    if (!isReadAgain() || shownCategory(workspace_) != category_) return {};
+    if (!isReadAgain() || workspace_.shown.row != category_) return {};
     if (workspace_.lstInfo.changes() != changes_) index();
     std::vector<std::size_t> rows;
     const auto [first, last] = rowsByUrl_.equal_range(texts.url);

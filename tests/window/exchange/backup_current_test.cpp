@@ -77,6 +77,14 @@ TEST_F(BackupCurrentTest, TheRootOfADriveIsAFolderLikeAnyOther)
     EXPECT_EQ(target.read(L"Cars.udb"), cars);
 }
 
+TEST_F(BackupCurrentTest, WhatABackupThatWasKilledLeftInTheFolderIsRemoved)
+{
+    startWithThree();
+    target.write(L"vandrel-" + std::to_wstring(GetCurrentProcessId()) + L".tmp", "half");
+    backUpTo(target.path());
+    EXPECT_EQ(target.names(), Lines{L"Cars.udb"});
+}
+
 // ---- failures
 
 TEST_F(BackupCurrentTest, WithoutASelectedCategoryItFails)

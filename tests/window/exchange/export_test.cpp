@@ -1,4 +1,5 @@
 #include "exchange/module1.h"
+#include "platform/file_layer.h"
 #include "platform/topmost.h"
 #include "tests/support/input.h"
 #include "tests/window/exchange/import_test.h"
@@ -11,6 +12,26 @@ constexpr const wchar_t* saveCaption = L"Export URL File";
 // Controls of the system's file dialog.
 constexpr int nameField = 1148;
 constexpr int filterList = 1136;
+
+// The system's INI functions as on a disk that takes nothing, or not the n-th value.
+class RefusingIni : public FileLayer {
+  public:
+    bool leavesEmptyFile = false;
+    int onlyCall = 0; // from 1; 0: every call
+
+    bool writeProfileValue(const std::wstring& section, const std::wstring& key, const std::wstring& value,
+                           const std::wstring& path) override
+    {
+        if (onlyCall != 0 && ++call_ != onlyCall)
+            return FileLayer::writeProfileValue(section, key, value, path);
+        if (leavesEmptyFile) FileLayer::close(FileLayer::openForAppending(path));
+        SetLastError(ERROR_DISK_FULL);
+        return false;
+    }
+
+  private:
+    int call_ = 0;
+};
 
 class ExportTest : public StoreTest {
   protected:
@@ -38,6 +59,14 @@ class ExportTest : public StoreTest {
     void exportAs(const std::wstring& path)
     {
         exportBy([&] { choose(mnuExport); }, naming(path));
+    }
+    void exportInVain(const std::wstring& name, const std::wstring& message)
+    {
+        Answers answers;
+        answers.expect(saveCaption, naming(target.file(name)));
+        answers.expectBox(L"Error!", message, IDOK, MB_ICONHAND);
+        choose(mnuExport);
+        EXPECT_ANSWERED(answers);
     }
     static std::function<void(HWND)> naming(const std::wstring& path)
     {
@@ -210,6 +239,18 @@ TEST_F(ExportTest, AFileNameThatTheCodePageLacksIsWrittenAllTheSame)
     EXPECT_EQ(target.read(L"\u65E5\u672C\u8A9E \u043D\u043E\u0432.url"), exported("http://news.example/"));
 }
 
+TEST_F(ExportTest, APathThatNoShortNameSpellsIsWrittenAllTheSame)
+{
+    startWith(L"News");
+    std::wstring deep = target.path();
+    for (int depth = 0; depth < 40; ++depth) {
+        deep += L"\\\u0416";
+        ASSERT_TRUE(CreateDirectoryW(deep.c_str(), nullptr));
+    }
+    exportAs(deep + L"\\\u0416.url");
+    EXPECT_EQ(readBytes(deep + L"\\\u0416.url"), exported("http://news.example/"));
+}
+
 TEST_F(ExportTest, WhatWasExportedIsReadAgainByTheImport)
 {
     startWith(L"News", L"http://news.example/?a=b&c=%20;d#e");
@@ -244,15 +285,61 @@ TEST_F(ExportTest, WithoutASelectedSiteTheErrorIsShownByNumberAndDescription)
     EXPECT_TRUE(IsWindowEnabled(main->handle()));
 }
 
-TEST_F(ExportTest, AFileThatAnotherProgramHoldsStaysAsItIsWithoutAMessage)
+TEST_F(ExportTest, AFileThatAnotherProgramHoldsIsAnErrorAndStaysAsItIs)
 {
     startWith(L"News");
     target.write(L"A.url", shortcutOf("http://old/"));
     {
         const HeldFile held(target.file(L"A.url"));
-        exportAs(target.file(L"A.url"));
+        exportInVain(L"A.url", L"Error #70 - Permission denied");
     }
     EXPECT_EQ(target.read(L"A.url"), shortcutOf("http://old/"));
+}
+
+TEST_F(ExportTest, AFileThatCannotBeMadeIsAnErrorAndNothingIsLeft)
+{
+    startWith(L"News");
+    RefusingIni files;
+    const FilesInForce refused(files);
+    exportInVain(L"A.url", L"Error #75 - Path/File access error");
+    EXPECT_EQ(target.names(), Lines{});
+}
+
+TEST_F(ExportTest, AFileThatStaysEmptyIsAnErrorAndIsRemovedWhenItIsNew)
+{
+    startWith(L"News");
+    RefusingIni files;
+    files.leavesEmptyFile = true;
+    const FilesInForce refused(files);
+    exportInVain(L"A.url", L"Error #57 - Device I/O error");
+    EXPECT_EQ(target.names(), Lines{});
+    target.write(L"B.url", "");
+    exportInVain(L"B.url", L"Error #57 - Device I/O error");
+    EXPECT_EQ(target.names(), Lines{L"B.url"});
+}
+
+TEST_F(ExportTest, AFileThatTakesOneOfTheValuesOnlyIsAnError)
+{
+    startWith(L"News");
+    for (const int refusedCall : {1, 2}) {
+        RefusingIni files;
+        files.onlyCall = refusedCall;
+        const FilesInForce refused(files);
+        exportInVain(L"A.url", L"Error #57 - Device I/O error");
+        EXPECT_EQ(target.names(), Lines{});
+    }
+}
+
+TEST_F(ExportTest, AValueThatTheSystemReadsOtherwiseIsNoError)
+{
+    startWith(L"News");
+    for (const wchar_t* const url :
+         {L"", L" http://blank/ ", L"\"http://quoted/\"", L"http://\u65E5\u672C/\uFF5C", L"http://lone\nend/",
+          L"http://loose/\xDC81/"}) {
+        lstInfo().setText(0, 1, url);
+        exportAs(target.file(L"A.url"));
+        EXPECT_TRUE(target.has(L"A.url"));
+    }
 }
 
 // ---- ways to it

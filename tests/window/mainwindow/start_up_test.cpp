@@ -37,6 +37,17 @@ TEST_F(StartUp, OnlyFilesWithTheExtensionToTheLetterAreCategories)
     EXPECT_EQ(column(lstCategory()), std::vector<std::wstring>{L"My.Links"});
 }
 
+TEST_F(StartUp, WhatAKilledSaveLeftInTheDataFolderIsRemoved)
+{
+    const std::wstring left = L"vandrel-" + std::to_wstring(GetCurrentProcessId()) + L".tmp";
+    folder.write(L"Work.udb", threeSites);
+    folder.write(left, "half of it");
+    folder.write(L"other.tmp", "somebody's");
+    start();
+    EXPECT_EQ(folder.names(), (std::vector<std::wstring>{L"Work.udb", L"other.tmp"}));
+    EXPECT_EQ(folder.read(L"Work.udb"), threeSites);
+}
+
 TEST_F(StartUp, WithoutCategoriesTheWindowIsEmptyAndHasItsBareCaption)
 {
     start();

@@ -25,11 +25,19 @@ class FailingFiles : public FileLayer {
         temporaryPath = path;
         return fails("create") ? refused(INVALID_HANDLE_VALUE) : FileLayer::createForWriting(path);
     }
+    HANDLE openForChange(const std::wstring& path) override
+    {
+        return fails("open") ? refused(INVALID_HANDLE_VALUE) : FileLayer::openForChange(path);
+    }
     bool write(HANDLE file, const char* bytes, DWORD count) override
     {
         if (!fails("write")) return FileLayer::write(file, bytes, count);
         FileLayer::write(file, bytes, count / 2); // a disk fills up in the middle
         return refused(false);
+    }
+    bool setSize(HANDLE file, std::size_t bytes) override
+    {
+        return fails("size") ? refused(false) : FileLayer::setSize(file, bytes);
     }
     bool flush(HANDLE file) override { return fails("flush") ? refused(false) : FileLayer::flush(file); }
     bool close(HANDLE file) override

@@ -18,27 +18,6 @@ class FileOperations : public testing::Test {
     TempFolder folder;
 };
 
-TEST_F(FileOperations, AnEmptyFileIsCreated)
-{
-    createEmptyFile(folder.file(L"Work.udb"));
-    EXPECT_TRUE(folder.has(L"Work.udb"));
-    EXPECT_EQ(folder.read(L"Work.udb"), "");
-}
-
-TEST_F(FileOperations, AFileThatIsThereIsEmptied)
-{
-    folder.write(L"Work.udb", "old");
-    createEmptyFile(folder.file(L"Work.udb"));
-    EXPECT_EQ(folder.read(L"Work.udb"), "");
-}
-
-TEST_F(FileOperations, CreatingInAMissingFolderOrUnderABadNameFails)
-{
-    EXPECT_EQ(errorOf([&] { createEmptyFile(folder.file(L"gone\\a.udb")); }), error_number::pathNotFound);
-    EXPECT_EQ(errorOf([&] { createEmptyFile(folder.file(L"a<b.udb")); }), error_number::badFileName);
-    EXPECT_TRUE(folder.names().empty());
-}
-
 TEST_F(FileOperations, AFileIsRemoved)
 {
     folder.write(L"Work.udb", "old");
@@ -116,7 +95,7 @@ TEST_F(FileOperations, ManyFilesAreListedEachOnce)
     std::vector<std::wstring> names;
     for (int i = 100; i < 400; ++i) {
         names.push_back(std::to_wstring(i) + L".udb");
-        createEmptyFile(folder.file(names.back()));
+        folder.write(names.back(), "");
     }
     auto listed = fileNamesIn(folder.path());
     std::ranges::sort(listed);

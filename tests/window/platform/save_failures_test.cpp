@@ -88,12 +88,12 @@ TEST_F(FailingSave, AWriteProtectedDiskIsError75AndTheOldFileIsWhole)
     failAtEveryCall(ERROR_WRITE_PROTECT, FailingFiles::How::forGood, error_number::pathFileAccess);
 }
 
-TEST_F(FailingSave, AFolderThatTakesNoNewFilesIsError75AtOnce)
+TEST_F(FailingSave, AFolderInWhichNothingMayBeChangedIsError75AtOnce)
 {
     folder.write(savedName, oldSites);
     FailingFiles files(1, ERROR_ACCESS_DENIED, FailingFiles::How::forGood);
     EXPECT_EQ(save(files), error_number::pathFileAccess);
-    EXPECT_EQ(files.calls, (std::vector<std::string>{"create", "remove"}));
+    EXPECT_EQ(files.calls, (std::vector<std::string>{"create", "remove", "open"}));
     EXPECT_EQ(folder.read(savedName), oldSites);
 }
 
