@@ -72,7 +72,9 @@ class HostileRecords : public testing::Test {
     {
         std::wstring made;
         for (std::size_t number = 0; number < lines; ++number) made += line(number) + L"\r\n";
-        if (hostile.oneIn(2)) made.resize(made.size() - std::min(made.size(), hostile.below(3))); // cut at or within the last end
+        if (hostile.oneIn(2))
+            made.resize(made.size() -
+                        std::min(made.size(), hostile.below(3))); // cut at or within the last end
         return made;
     }
     // What an edited or an added site may hold: all but what separates, which the program's other rules are about.
