@@ -48,6 +48,20 @@ std::wstring saved(const ListRows& list)
     return text;
 }
 
+// The same, as plainly as it can be written down.
+std::wstring plainlySaved(const ListRows& list)
+{
+    std::wstring text;
+    for (const ListRows::Row& row : list.all()) {
+        for (std::size_t field = 0; field < ListRows::maxColumns; ++field) {
+            if (field > 0) text += L'|';
+            text += row.texts[field];
+        }
+        text += L"\r\n";
+    }
+    return text;
+}
+
 class HostileRecords : public testing::Test {
   protected:
     // Every piece of a line carries the marks of the line and of its place in it.
@@ -151,10 +165,12 @@ class HostileRecords : public testing::Test {
         records += first.size();
         ASSERT_TRUE(apart(first)) << where();
         const std::wstring written = saved(first);
+        ASSERT_TRUE(written == plainlySaved(first)) << where();
         ListRows second = loaded(written);
         ASSERT_TRUE(equal(first, second)) << where();
         ASSERT_TRUE(saved(second) == written) << where();
         change(second);
+        ASSERT_TRUE(saved(second) == plainlySaved(second)) << where();
         const ListRows third = loaded(saved(second));
         ASSERT_TRUE(apart(third)) << where();
         ASSERT_TRUE(equal(second, third)) << where();
@@ -189,6 +205,7 @@ TEST_F(HostileRecords, OfAnyTextAreReadBackAsTheyWereSaved)
         if (text.size() > 100'000) text.clear();
         const ListRows first = loaded(text);
         tried += 1 + first.size();
+        ASSERT_TRUE(saved(first) == plainlySaved(first)) << where();
         const ListRows second = loaded(saved(first));
         ASSERT_TRUE(equal(first, second)) << where();
     }

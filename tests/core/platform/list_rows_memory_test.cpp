@@ -19,7 +19,7 @@ Strings site(const wchar_t* name, const wchar_t* url)
     return {longText(name), longText(url), longText(L"about"), longText(L"today")};
 }
 
-ListRows threeSites() { return filled({site(L"b", L"2"), site(L"a", L"3"), site(L"c", L"1")}); }
+ListRows threeSites() { return filled({site(L"b", L"3"), site(L"c", L"2"), site(L"a", L"1")}); }
 
 using Content = std::vector<Names>;
 
@@ -124,18 +124,18 @@ TEST(ListRowsMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
 {
     bool failed = true;
     for (unsigned n = 1; failed; ++n) {
-        ListRows list = filled({site(L"a", L"1")});
+        ListRows list = filled({site(L"a", L"5")});
         list.sortBy(urlColumn, SortOrder::ascending);
         failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
         try {
-            list.add(site(L"b", L"2"), 1);
+            list.add(site(L"b", L"6"), 1);
         } catch (const std::bad_alloc&) {
             EXPECT_EQ(list.size(), 1U);
         }
         failing_new::disarm();
         failed = failing_new::failed();
-        list.insert(0, site(L"c", L"9"), 1);
-        list.insert(1, site(L"d", L"8"), 1);
+        const ListRows others = filled({site(L"c", L"1"), site(L"d", L"9")});
+        list.append(others.block(), others.all());
         list.sortBy(urlColumn, SortOrder::ascending);
         const Names urls = column(list, urlColumn);
         EXPECT_TRUE(std::ranges::is_sorted(urls)) << n;
