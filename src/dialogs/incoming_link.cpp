@@ -3,6 +3,11 @@
 #include <algorithm>
 
 namespace vandrel {
+namespace {
+
+constexpr std::wstring_view lineEnd = L"\r\n";
+
+} // namespace
 
 LinkParts partsOfLink(std::wstring_view incomingLink)
 {
@@ -17,6 +22,8 @@ LinkParts partsOfLink(std::wstring_view incomingLink)
 std::wstring withoutSeparators(std::wstring text)
 {
     std::ranges::replace(text, L'|', L'-');
+    for (std::size_t at = 0; (at = text.find(lineEnd, at)) != text.npos; ++at)
+        text.replace(at, lineEnd.size(), L" ");
     return text;
 }
 

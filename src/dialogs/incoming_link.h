@@ -19,7 +19,8 @@ struct LinkParts {
 // "http://" for an empty one.
 LinkParts partsOfLink(std::wstring_view incomingLink);
 
-// The text with every field separator replaced by "-".
+// The text as a field can hold it: with every field separator replaced by "-", and every CR LF, which would end the site's
+// line, by a blank.
 std::wstring withoutSeparators(std::wstring text);
 
 } // namespace vandrel

@@ -37,7 +37,7 @@ class frmImport : public Dialog {
     void importEvery();
     void takeShortcut(const std::wstring& fileName);
     void addSite();
-    void setBusy(bool busy);
+    void setBusy(const std::vector<Control*>& all, bool busy);
 
     Workspace& workspace_;
     std::wstring previousDrive_; // the last one that could be read

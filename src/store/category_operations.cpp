@@ -39,7 +39,7 @@ void AddCategory(Workspace& workspace)
     const std::size_t row = workspace.lstCategory.add({title}, closedFolderImage);
     try {
         replaceFile(categoryPath(workspace, title), std::string_view());
-    } catch (const RuntimeError&) {
+    } catch (...) {
         workspace.lstCategory.remove(row);
         DoMoveMenus(workspace);
         throw;

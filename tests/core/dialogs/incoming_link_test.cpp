@@ -68,10 +68,18 @@ TEST(WithoutSeparators, EverySeparatorBecomesAHyphen)
     EXPECT_EQ(withoutSeparators(L"|||"), L"---");
 }
 
+// Else the rest of the text would be another site's.
+TEST(WithoutSeparators, EveryLineEndBecomesABlank)
+{
+    EXPECT_EQ(withoutSeparators(L"http://a/\r\nA|page\r\n"), L"http://a/ A-page ");
+    EXPECT_EQ(withoutSeparators(L"\r\n\r\n"), L"  ");
+    EXPECT_EQ(withoutSeparators(L"\r\r\n\n"), L"\r \n");
+}
+
 TEST(WithoutSeparators, EverythingElseStays)
 {
     EXPECT_EQ(withoutSeparators(L""), L"");
-    EXPECT_EQ(withoutSeparators(L" a-b ~-~ \u00A6 \r\n"), L" a-b ~-~ \u00A6 \r\n");
+    EXPECT_EQ(withoutSeparators(L" a-b ~-~ \u00A6 \n\r"), L" a-b ~-~ \u00A6 \n\r");
     EXPECT_EQ(withoutSeparators(L"a\0|b"s), L"a\0-b"s);
 }
 

@@ -86,16 +86,18 @@ TEST_F(HostileTexts, ASiteNameGivesANameThatAFileCanHave)
 
 TEST_F(HostileTexts, AnIncomingLinkIsSplitAndNothingOfItChanges)
 {
-    tryTexts({L"http://a/~-~A page", L"~-~", L"http://a/~-~A~-~B", L"~-~-~"}, [](const std::wstring& link) {
-        const LinkParts parts = partsOfLink(link);
-        if (link.empty()) EXPECT_EQ(parts.url, emptyAddress);
-        else if (link.find(linkSeparator) == link.npos) EXPECT_EQ(parts.url, link);
-        else EXPECT_TRUE(link.starts_with(parts.url + std::wstring(linkSeparator) + parts.name));
-        EXPECT_EQ(parts.name.find(linkSeparator), parts.name.npos);
-        const std::wstring plain = withoutSeparators(link);
-        EXPECT_EQ(plain.find(L'|'), plain.npos);
-        EXPECT_EQ(plain.size(), link.size());
-    });
+    tryTexts({L"http://a/~-~A page", L"~-~", L"http://a/~-~A~-~B", L"~-~-~", L"http://a/\r\nA|page"},
+             [](const std::wstring& link) {
+                 const LinkParts parts = partsOfLink(link);
+                 if (link.empty()) EXPECT_EQ(parts.url, emptyAddress);
+                 else if (link.find(linkSeparator) == link.npos) EXPECT_EQ(parts.url, link);
+                 else EXPECT_TRUE(link.starts_with(parts.url + std::wstring(linkSeparator) + parts.name));
+                 EXPECT_EQ(parts.name.find(linkSeparator), parts.name.npos);
+                 const std::wstring plain = withoutSeparators(link);
+                 EXPECT_EQ(plain.find(L'|'), plain.npos);
+                 EXPECT_EQ(plain.find(L"\r\n"), plain.npos);
+                 EXPECT_LE(plain.size(), link.size());
+             });
 }
 
 TEST_F(HostileTexts, AStoredDateIsADayOfTheCalendarOrNone)
