@@ -81,7 +81,6 @@ void frmInput::cmdBrowse_Click()
 
 void frmInput::cmdOK_Click()
 {
-    handOff_.SiteDialogCancelled = false;
     if (handOff_.SiteEditMode) {
         handOff_.SiteEditName = txtName_.text();
         handOff_.SiteEditURL = txtAddress_.text();
@@ -95,6 +94,8 @@ void frmInput::cmdOK_Click()
         handOff_.newSiteName = txtName_.text();
         handOff_.newSiteDescription = txtDescription_.text();
     }
+    handOff_.SiteDialogCancelled =
+        false; // not before all is handed over: an OK that failed may still be cancelled
     unload();
 }
 

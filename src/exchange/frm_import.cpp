@@ -175,10 +175,11 @@ void frmImport::cmdImportAll_Click()
 
 bool frmImport::importEvery()
 {
-    setBusy(true);
-    const ScopeExit idle([this] {
+    const std::vector<Control*> all = controls(); // now: to make the dialog usable again must need no memory
+    setBusy(all, true);
+    const ScopeExit idle([this, &all] {
         MessageLoop::current().dispatchPending(); // what was pressed meanwhile was meant for a busy dialog
-        setBusy(false);
+        setBusy(all, false);
     });
     prgImport_.setMaximum(filImport_.count());
     ListView& sites = workspace_.lstInfo;
@@ -219,10 +220,10 @@ bool frmImport::addNewSite()
     return saved;
 }
 
-void frmImport::setBusy(bool busy)
+void frmImport::setBusy(const std::vector<Control*>& all, bool busy)
 {
     busy_ = busy;
-    for (Control* const control : controls()) {
+    for (Control* const control : all) {
         if (control != &prgImport_ && control != &lblPath_) control->setEnabled(!busy);
     }
     prgImport_.setVisible(busy);

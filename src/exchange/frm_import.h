@@ -39,7 +39,7 @@ class frmImport : public Dialog {
     bool addNewSite();
     void takeShortcut(const std::wstring& fileName);
     void tellOutcome(bool imported);
-    void setBusy(bool busy);
+    void setBusy(const std::vector<Control*>& all, bool busy);
 
     Workspace& workspace_;
     std::wstring previousDrive_; // the last one that could be read

@@ -3,6 +3,7 @@
 #include "platform/text_sort.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace vandrel {
@@ -45,9 +46,7 @@ void ListRows::clear()
 
 void ListRows::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
 {
-    // What can run out of memory comes first: then the rows stay as they were.
-    std::vector<std::shared_ptr<const void>> blocks;
-    blocks.push_back(std::move(block));
+    std::vector<std::shared_ptr<const void>> blocks{std::move(block)}; // before anything is given up
     clear();
     sorted_ = false;
     rows_ = std::move(rows);
@@ -62,7 +61,7 @@ void ListRows::identify(std::span<Row> rows)
 
 void ListRows::append(std::shared_ptr<const void> block, std::span<const Row> rows)
 {
-    blocks_.push_back(std::move(block)); // first: rows must not outlive what they look into
+    blocks_.push_back(std::move(block)); // first, so that no row is without its texts
     rows_.insert(rows_.end(), rows.begin(), rows.end());
     identify(std::span(rows_).last(rows.size()));
 }
@@ -85,8 +84,8 @@ std::size_t ListRows::add(std::array<std::wstring, maxColumns> texts, std::uint8
                                  [this](const Row& a, const Row& b) { return comesBefore(a, b); });
     }
     const auto index = static_cast<std::size_t>(place - rows_.begin());
-    if (sorted_ && index <= inOrder_) ++inOrder_;
     rows_.insert(place, row);
+    if (sorted_ && index <= inOrder_) ++inOrder_;
     return index;
 }
 
@@ -117,36 +116,26 @@ std::size_t ListRows::removeMarked()
     return removed;
 }
 
-bool ListRows::setSorted(bool on)
-{
-    sorted_ = on;
-    return sort();
-}
+bool ListRows::setSorted(bool on) { return arrange(on, sortKey_, sortOrder_); }
 
-bool ListRows::setSortKey(std::size_t column)
-{
-    orderBy(column, sortOrder_);
-    return sort();
-}
+bool ListRows::setSortKey(std::size_t column) { return arrange(sorted_, column, sortOrder_); }
 
-bool ListRows::setSortOrder(SortOrder order)
-{
-    orderBy(sortKey_, order);
-    return sort();
-}
+bool ListRows::setSortOrder(SortOrder order) { return arrange(sorted_, sortKey_, order); }
 
-bool ListRows::sortBy(std::size_t column, SortOrder order)
-{
-    orderBy(column, order);
-    sorted_ = true;
-    return sort();
-}
+bool ListRows::sortBy(std::size_t column, SortOrder order) { return arrange(true, column, order); }
 
-void ListRows::orderBy(std::size_t key, SortOrder order)
+// A sort that fails leaves nothing behind, or the next one would take the rows for sorted.
+bool ListRows::arrange(bool on, std::size_t key, SortOrder order)
 {
+    const auto before = std::tuple(sorted_, sortKey_, sortOrder_, inOrder_);
     if (key != sortKey_ || order != sortOrder_) inOrder_ = 0;
-    sortKey_ = key;
-    sortOrder_ = order;
+    std::tie(sorted_, sortKey_, sortOrder_) = std::tuple(on, key, order);
+    try {
+        return sort();
+    } catch (...) {
+        std::tie(sorted_, sortKey_, sortOrder_, inOrder_) = before;
+        throw;
+    }
 }
 
 bool ListRows::comesBefore(const Row& a, const Row& b) const

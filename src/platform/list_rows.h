@@ -19,6 +19,8 @@ enum class SortOrder { ascending, descending };
 //
 // Texts are views. They look into the blocks that filled the list or into texts that were kept one by one; both
 // live until the rows are cleared, so a list of 100,000 rows costs one block and not 400,000 strings.
+//
+// What finds no memory leaves the rows as they were.
 class ListRows {
   public:
     static constexpr std::size_t maxColumns = 4;
@@ -80,7 +82,7 @@ class ListRows {
   private:
     void identify(std::span<Row> rows);
     bool comesBefore(const Row& a, const Row& b) const;
-    void orderBy(std::size_t key, SortOrder order);
+    bool arrange(bool on, std::size_t key, SortOrder order);
     bool sort();
     std::wstring_view keep(std::wstring text);
     Row keptRow(std::array<std::wstring, maxColumns> texts, std::uint8_t image);

@@ -66,7 +66,7 @@ class ScannedList {
 
     const Workspace& workspace_;
     const bool selectedOnly_;
-    const ListRows::Id category_; // of its row in the category list
+    const ListRows::Id category_;           // of its row in the category list
     const std::weak_ptr<const void> block_; // what filled the list at the beginning
     std::wstring texts_;
     std::vector<Site> sites_;

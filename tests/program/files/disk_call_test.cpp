@@ -64,7 +64,12 @@ std::vector<Case> cases()
     const std::string three = "Three|zzz://three.example/||\r\n";
     const std::string two = "Two|zzz://two.example/||\r\n";
     const Files changed = with({{L"News.udb", typed + beta}});
+    // The site is in one of the two at every moment.
+    const Files inBoth = with({{L"Tools.udb", gamma + "Alpha|zzz://a.example/|first|\r\n"}});
+    Files moved = inBoth;
+    moved[L"News.udb"] = beta;
     return {
+        {L"move", {threeCategories, inBoth, moved}},
         {L"add", {threeCategories, with({{L"News.udb", alpha + beta + typed}})}},
         {L"edit", {threeCategories, changed}},
         {L"refused-edit", {threeCategories, changed}},
@@ -94,15 +99,6 @@ std::vector<Case> cases()
         {L"start-up", {threeCategories}},
         {L"shutdown", {threeCategories}},
     };
-}
-
-// The site is in one of the two at every moment.
-Case moving()
-{
-    const Files inBoth = with({{L"Tools.udb", gamma + "Alpha|zzz://a.example/|first|\r\n"}});
-    Files moved = inBoth;
-    moved[L"News.udb"] = beta;
-    return {L"move", {threeCategories, inBoth, moved}};
 }
 
 // A run of the command in a process of its own.
@@ -345,7 +341,6 @@ std::string nameOf(const testing::TestParamInfo<Case>& tested)
 }
 
 INSTANTIATE_TEST_SUITE_P(Command, DiskCall, testing::ValuesIn(cases()), nameOf);
-INSTANTIATE_TEST_SUITE_P(DISABLED_Command, DiskCall, testing::Values(moving()), nameOf);
 
 // ---- the calls
 

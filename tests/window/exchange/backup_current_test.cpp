@@ -87,10 +87,10 @@ TEST_F(BackupCurrentTest, WhatABackupThatWasKilledLeftInTheFolderIsRemoved)
 
 // ---- failures
 
-TEST_F(BackupCurrentTest, WithoutASelectedCategoryItFails)
+TEST_F(BackupCurrentTest, WithoutAShownCategoryItFails)
 {
     startWithThree();
-    lstCategory().clearSelection();
+    showNoCategory(workspace());
     backUpTo(target.path());
     EXPECT_EQ(outcome(), failed);
     EXPECT_EQ(target.names(), Lines{});

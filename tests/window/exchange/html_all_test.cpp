@@ -204,11 +204,11 @@ TEST_F(HtmlAllTest, AFirstCategoryThatNobodyHasClickedStaysUnclicked)
     EXPECT_EQ(selectedTitle(), selected);
 }
 
-TEST_F(HtmlAllTest, WithoutASelectedCategoryThePageIsWrittenAndNothingIsSelectedAfterwards)
+TEST_F(HtmlAllTest, WithoutAShownCategoryThePageIsWrittenAndNoneIsShownAfterwards)
 {
     startWithThree();
     clickCategory(L"Arts");
-    lstCategory().clearSelection();
+    showNoCategory(workspace());
     const std::wstring before = caption();
     EXPECT_EQ(page(), html::header + arts + cars + html::footer);
     EXPECT_EQ(caption(), before);

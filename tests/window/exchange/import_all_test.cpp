@@ -308,6 +308,22 @@ TEST_F(ImportOfAllFiles, WithoutAnyCategoryOneIsAskedForOnce)
     EXPECT_EQ(folder.read(L"New.udb"), "c|http://1/||\r\nb|http://2/||\r\nA|http://3/||\r\n");
 }
 
+TEST_F(ImportOfAllFiles, WithoutAnyCategoryItEndsAtTheFirstCancelAndSaysThatItFailed)
+{
+    start();
+    workspace().favoritesFolder = favorites.path();
+    for (const wchar_t* const name : {L"A.url", L"B.url", L"C.url"}) addShortcut(name, "http://a/");
+    open([](const ImportDialog& dialog) { dialog.press(importer::importAll); },
+         [](Answers& answers) {
+             answers.expect(L"No Categories", [](HWND box) { press(box, IDOK); });
+             answers.cancelInput(L"Category Name");
+             cancelOpenDialog(answers);
+         });
+    EXPECT_EQ(outcome(), L"Import failed!");
+    EXPECT_EQ(column(lstInfo()), Lines{L"A"});
+    EXPECT_EQ(folder.names(), Lines{});
+}
+
 TEST_F(ImportOfAllFiles, ManyFilesAreAllTaken)
 {
     startEmpty();

