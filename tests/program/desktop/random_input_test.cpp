@@ -110,6 +110,7 @@ class RandomInput : public ShortcutTest {
     static std::wstring standIn() { return L"\"" + nativePath(VANDREL_RECORDER) + L"\" \"%1\""; }
 
     RegistryDefault http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", standIn()};
+    RegistryDefault https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", standIn()};
     RegistryDefault mail_{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", standIn()};
     RegistryDefault browser_{HKEY_LOCAL_MACHINE,
                              L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE",

@@ -109,6 +109,7 @@ class Recorder {
     TempFolder folder_{L"record"};
     std::wstring program_;
     RegistryDefault http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", opening(L"%1")};
+    RegistryDefault https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", opening(L"%1")};
     RegistryDefault html_{HKEY_CLASSES_ROOT, L".html", L"VandrelTest.Page"};
     RegistryDefault page_{HKEY_CLASSES_ROOT, L"VandrelTest.Page\\shell\\open\\command", opening(L"%1")};
 };
