@@ -137,6 +137,12 @@ void Answers::look()
         patience_ = 0;
         return;
     }
+    // A dialog that cannot be cancelled is busy, and takes no answer yet.
+    const HWND cancel = GetDlgItem(dialog, IDCANCEL);
+    if (cancel != nullptr && IsWindowEnabled(cancel) == 0) {
+        patience_ = 0;
+        return;
+    }
     if (next_ < steps_.size() && windowText(dialog) == steps_[next_].caption) {
         patience_ = 0;
         const auto answer = steps_[next_++].answer;

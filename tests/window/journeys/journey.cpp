@@ -202,7 +202,6 @@ Walk JourneyTest::shortened(Walk steps)
 
 template <typename Model, typename Program> void JourneyTest::both(Model model, Program program)
 {
-    LVITEMW focused{};
     model_.focusedCategory = lstCategory().focusedRow().value_or(0);
     model_.replies.clear();
     model();

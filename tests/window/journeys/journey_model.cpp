@@ -188,6 +188,7 @@ void JourneyModel::addSite(const std::array<std::wstring, 3>& texts)
 void JourneyModel::dropLink(const std::wstring& text)
 {
     replies.push_back({L"Add Site...", L"", Button::ok, {}});
+    newDescription_.clear();
     insertAndSave({L"", stored(withoutBars(text)), L"", today});
 }
 
@@ -323,7 +324,7 @@ void JourneyModel::importAll(const std::vector<std::pair<std::wstring, std::wstr
 {
     replies.push_back({L"Import Favorites", L"", Button::all, {}});
     for (const auto& [name, url] : shortcuts) {
-        const Saved saved = insertAndSave({stored(name), stored(url), L"", L""});
+        const Saved saved = insertAndSave({stored(name), stored(url), stored(newDescription_), L""});
         if (saved == Saved::yes) continue;
         if (saved == Saved::failed) expectError(75, L"Path/File access error");
         replies.push_back({L"Import Favorites", L"", Button::cancel, {}});
@@ -374,6 +375,7 @@ void JourneyModel::restart()
     caption = L"Vandrel";
     unsaved = sorted_ = descending_ = categoriesSorted_ = categoriesDescending_ = false;
     key_ = 0;
+    newDescription_.clear();
     start();
 }
 

@@ -78,6 +78,7 @@ class JourneyModel {
     void expectError(int number, const std::wstring& description);
     std::size_t placeFor(const ModelSite& site) const;
 
+    std::wstring newDescription_; // of the last site that was added; an import of all files takes it
     bool sorted_ = false;
     bool descending_ = false;
     std::size_t key_ = 0;
