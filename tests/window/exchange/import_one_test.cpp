@@ -231,6 +231,21 @@ TEST_F(ImportOfOneFile, AFolderWhoseNameTheCodePageLacksIsReadAllTheSame)
     EXPECT_EQ(sites(), Lines{L"A|http://a/||"});
 }
 
+TEST_F(ImportOfOneFile, APathThatNoShortNameSpellsIsReadAllTheSame)
+{
+    startEmpty();
+    std::wstring deep;
+    for (int depth = 0; depth < 40; ++depth) {
+        deep += L"\u0416";
+        makeSubfolder(deep);
+        deep += L"\\";
+    }
+    addShortcut(deep + L"\u0416.url", "http://a/");
+    workspace().favoritesFolder = favorites.file(deep.substr(0, deep.size() - 1));
+    importOne(L"\u0416.url");
+    EXPECT_EQ(sites(), Lines{L"\u0416|http://a/||"});
+}
+
 TEST_F(ImportOfOneFile, AFileInADrivesRootIsRead)
 {
     startEmpty();

@@ -68,6 +68,7 @@ TEST_F(LeftBehind, ButOpenStays)
     removeLeftBehind(folder.path());
     EXPECT_EQ(folder.names(), Names{ended});
     other.reset();
+    EXPECT_EQ(folder.names(), Names{ended}) << "nor does it go when it is closed";
     removeLeftBehind(folder.path());
     EXPECT_EQ(folder.names(), Names{});
 }
