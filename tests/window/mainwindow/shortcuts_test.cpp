@@ -213,7 +213,7 @@ TEST_F(Shortcuts, ASearchAndTheCommandsAfterItNeedNoMouse)
     answers.expect(L"Gamma's Properties", [](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
     pressKey('P', true);
     EXPECT_ANSWERED(answers);
-    EXPECT_TRUE(box.hasFocus()) << "and comes back to the box";
+    EXPECT_TRUE(pumpUntil([&] { return box.hasFocus(); })) << "and comes back to the box";
 }
 
 TEST_F(Shortcuts, DelInALabelDeletesALetter)
