@@ -179,8 +179,9 @@ JourneyModel::Saved JourneyModel::insertAndSave(ModelSite site)
 void JourneyModel::addSite(const std::array<std::wstring, 3>& texts)
 {
     replies.push_back({L"Add Site...", L"", Button::ok, {texts.begin(), texts.end()}});
+    newDescription_ = withoutBars(texts[2]);
     const Saved saved = insertAndSave(
-        {stored(withoutBars(texts[0])), stored(withoutBars(texts[1])), stored(withoutBars(texts[2])), today});
+        {stored(withoutBars(texts[0])), stored(withoutBars(texts[1])), stored(newDescription_), today});
     if (saved == Saved::failed) expectError(75, L"Path/File access error");
 }
 
