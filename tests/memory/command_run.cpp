@@ -234,7 +234,9 @@ void CommandRun::checkLists()
     const Lines shown = sorted(shownSites());
     const auto fresh = bytesOf(after_, title + L".udb");
     const bool asFile = shown == sorted(linesOf(title));
-    const bool unsaved = told_ && fresh && shown == sorted(linesIn(*fresh));
+    const bool between = command_.savesOften && includes(shown, linesOf(title)) && fresh &&
+                         includes(linesIn(*fresh), shown);
+    const bool unsaved = told_ && fresh && (between || shown == sorted(linesIn(*fresh)));
     const bool unread = shown.empty() && c_.workspace().unreadCategory == title;
     if (!asFile && !unsaved && !unread)
         complain(L"shows the sites " + joined(shown) + L" for " + joined(linesOf(title)));
