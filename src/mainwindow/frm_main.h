@@ -65,6 +65,7 @@ class frmMain : public Window, public Form {
     void SavePos(const long& iLeft, const long& iTop, const long& iWidth, const long& iHeight,
                  const long& col1Width, const long& col2Width, const long& col3Width);
     void Form_QueryUnload();
+    void loadCategories();
     void readSettings();
     void bringOnScreen();
     void moveEdgesOnScreen();

@@ -38,7 +38,7 @@ void frmMain::Form_Load()
         if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
     }
     removeLeftBehind(workspace_.dataFolder);
-    listCategories(workspace_);
+    loadCategories();
     if (!lstCategory_.empty()) selectCategory(workspace_, 0);
     readSettings();
     LoadPos();
@@ -58,6 +58,20 @@ void frmMain::Form_Load()
     }
     sinkProgressBar();
     ApplyFont(*this, workspace_.options.font);
+}
+
+// Without the list the program would look as if there were no category, so it is tried again.
+void frmMain::loadCategories()
+{
+    constexpr int attempts = 2;
+    bool listed = false;
+    for (int attempt = 0; attempt < attempts && !listed; ++attempt) {
+        guarded(handle(), 0, [&]() -> LRESULT {
+            listCategories(workspace_);
+            listed = true;
+            return 0;
+        });
+    }
 }
 
 void frmMain::readSettings()

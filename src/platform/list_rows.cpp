@@ -16,7 +16,12 @@ std::wstring_view ListRows::keep(std::wstring text)
 
 void ListRows::setText(std::size_t row, std::size_t column, std::wstring text)
 {
-    rows_[row].texts[column] = keep(std::move(text));
+    useText(row, column, keep(std::move(text)));
+}
+
+void ListRows::useText(std::size_t row, std::size_t column, std::wstring_view kept)
+{
+    rows_[row].texts[column] = kept;
     if (column == sortKey_) inOrder_ = std::min(inOrder_, row);
 }
 

@@ -51,6 +51,9 @@ class ListRows {
     // Where the row of that id stands; none when it has gone.
     std::optional<std::size_t> rowOf(Id id) const;
     void setText(std::size_t row, std::size_t column, std::wstring text);
+    // In two steps: what can find no memory, and what cannot fail.
+    std::wstring_view keepText(std::wstring text) { return keep(std::move(text)); }
+    void useText(std::size_t row, std::size_t column, std::wstring_view kept);
     void setTexts(std::size_t row,
                   std::array<std::wstring, maxColumns> texts); // all or, without memory, none
 

@@ -139,7 +139,13 @@ template <typename Change> void ListView::changeRows(Change change)
     } else {
         dropSelection();
     }
-    change();
+    try {
+        change();
+    } catch (...) {
+        updateCount(LVSICF_NOSCROLL);
+        giveSelection();
+        throw;
+    }
     updateCount(LVSICF_NOSCROLL);
     if (manySelected && top < count()) {
         ensureVisible(count() - 1);

@@ -163,10 +163,13 @@ std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
     const auto row = rowOf(edited);
     if (info.item.pszText == nullptr || !row) return FALSE;
     const std::wstring text = info.item.pszText;
+    const std::wstring_view kept = rows_.keepText(
+        text); // what was renamed is to be shown so, whatever happens
     if (AfterLabelEdit && !AfterLabelEdit(*row, text)) return FALSE;
     const auto now = rowOf(edited); // messages may have run
     if (!now) return FALSE;
-    setText(*now, 0, text);
+    rows_.useText(*now, 0, kept);
+    redrawRow(*now);
     return TRUE;
 }
 

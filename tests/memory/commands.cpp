@@ -3,6 +3,7 @@
 #include "mainwindow/command_tables.h"
 #include "platform/status_bar.h"
 #include "store/category_selection.h"
+#include "store/save_items.h"
 #include "store/site_operations.h"
 #include "tests/window/capture/dropped_object.h"
 #include "update/update_check.h"
