@@ -57,13 +57,21 @@ TEST_F(Keyboard, DelInALabelDeletesALetterAndNoSite)
     EXPECT_EQ(categoryFiles(), (Texts{L"A.udb", L"B.udb"}));
 }
 
-TEST_F(Keyboard, F2AndF3InTheSearchBoxOpenNoDialog)
+TEST_F(Keyboard, InTheSearchBoxTheCommandsHaveTheirKeysAndTheTextHasItsOwn)
 {
     clickSearchBox();
-    program.key(VK_F2);
-    program.key(VK_F3);
-    program.retype(L"x");
-    EXPECT_SOON(program.focusText(), std::wstring(L"x"));
+    for (const auto& [key, caption] :
+         {std::pair{VK_F2, L"Category Name"}, std::pair{VK_F3, L"Add Site..."}}) {
+        program.key(static_cast<WORD>(key));
+        program.dialog(caption);
+        program.key(VK_ESCAPE);
+        program.back();
+        EXPECT_SOON(program.focus(), program.searchBox());
+    }
+    program.retype(L"xy");
+    program.key(VK_HOME);
+    program.key(VK_DELETE);
+    EXPECT_SOON(program.focusText(), std::wstring(L"y"));
     EXPECT_FALSE(program.dialogIsOpen());
 }
 

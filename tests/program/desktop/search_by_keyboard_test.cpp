@@ -274,5 +274,40 @@ TEST_F(SearchByKeyboard, AClosedDialogGivesTheKeyboardBackToTheListThatHadIt)
     EXPECT_EQ(program.siteCount(), 4);
 }
 
+TEST_F(SearchByKeyboard, EnterInTheOpenHistoryTakesTheEntryAndOnlyTheNextOneSearches)
+{
+    goToSearchBox();
+    program.type(L"cherry");
+    program.key(VK_RETURN);
+    EXPECT_TRUE(soon([&] { return isSelected(L"Cherry"); }));
+    program.retype(L"x");
+    program.key(VK_F4);
+    EXPECT_TRUE(soon([&] { return ask(history(), CB_GETDROPPEDSTATE) != 0; }));
+    program.key(VK_DOWN);
+    EXPECT_SOON(ask(history(), CB_GETCURSEL), LRESULT{0});
+    program.key(VK_RETURN);
+    EXPECT_TRUE(soon([&] { return ask(history(), CB_GETDROPPEDSTATE) == 0; }));
+    EXPECT_SOON(program.focusText(), std::wstring(L"cherry"));
+    program.key(VK_HOME); // answered after Enter
+    EXPECT_FALSE(program.dialogIsOpen());
+    program.key(VK_RETURN);
+    EXPECT_EQ(program.answerBox(L"Search"), L"No more matches were found.");
+    program.back();
+    EXPECT_FALSE(program.dialogIsOpen());
+}
+
+TEST_F(SearchByKeyboard, WhatTheQuickSearchFoundIsOpenedWithoutTheMouse)
+{
+    goToSearchBox();
+    program.type(L"cherry");
+    program.key(VK_RETURN);
+    EXPECT_TRUE(soon([&] { return isSelected(L"Cherry"); }));
+    program.key('P', {VK_CONTROL});
+    program.dialog(L"Cherry's Properties");
+    program.key(VK_ESCAPE);
+    program.back();
+    EXPECT_SOON(program.focus(), program.searchBox());
+}
+
 } // namespace
 } // namespace vandrel::test
