@@ -3,14 +3,14 @@
 #include "platform/folder.h"
 #include "platform/guarded.h"
 #include "platform/program.h"
+#include "platform/system_error.h"
 
 #include <commctrl.h>
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
 {
     using namespace vandrel;
-    // What the system would ask in a box of its own, such as for a disk, the program tells in its own words.
-    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    keepSystemBoxesAway();
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&classes);

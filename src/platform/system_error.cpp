@@ -34,6 +34,8 @@ RuntimeError runtimeErrorOf(unsigned long systemError)
     }
 }
 
+void keepSystemBoxesAway() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); }
+
 void raiseLastError() { throw runtimeErrorOf(GetLastError()); }
 
 } // namespace vandrel

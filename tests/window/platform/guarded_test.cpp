@@ -4,6 +4,7 @@
 #include "platform/message_loop.h"
 #include "platform/runtime_error.h"
 #include "platform/simple_controls.h"
+#include "platform/system_error.h"
 #include "tests/support/answers.h"
 #include "tests/support/test_window.h"
 
@@ -95,6 +96,16 @@ TEST_F(Guarded, MemoryThatRunsOutAndWhateverElseIsThrown)
     expectBox(L"Run-time error '51':\r\n\r\nInternal error");
     EXPECT_EQ(guarded(window.handle(), 4, []() -> LRESULT { throw 42; }), 4);
     expectShown();
+}
+
+TEST(SystemBoxes, DoNotComeBeforeTheProgramsOwn)
+{
+    const UINT before = SetErrorMode(0);
+    keepSystemBoxesAway();
+    const UINT mode = GetErrorMode();
+    SetErrorMode(before);
+    EXPECT_NE(mode & SEM_FAILCRITICALERRORS, 0U);
+    EXPECT_NE(mode & SEM_NOOPENFILEERRORBOX, 0U);
 }
 
 TEST_F(Guarded, WhatIsThrownWithinACallbackGoesOnBehindTheCallThatMadeIt)
