@@ -123,7 +123,6 @@ class ListView : public Control {
     POINT menuPoint() const;
     std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
     bool isSelectedBlock(std::size_t first, std::size_t rows) const;
-    std::vector<std::size_t> selectedRows() const;
     void dropSelection();
     void takeSelection();
     void giveSelection();

@@ -3,7 +3,6 @@
 #include "platform/redraw_pause.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace vandrel {
@@ -127,24 +126,6 @@ bool ListView::isSelectedBlock(std::size_t first, std::size_t rows) const
     return last < count() && isSelected(last) && !nextRow(static_cast<LRESULT>(last), LVNI_SELECTED);
 }
 
-std::vector<std::size_t> ListView::selectedRows() const
-{
-    std::vector<std::size_t> rows;
-    const std::size_t selected = selectedCount();
-    rows.reserve(selected);
-    auto row = firstSelected();
-    if (row && isSelectedBlock(*row, selected)) {
-        rows.resize(selected);
-        std::iota(rows.begin(), rows.end(), *row);
-        return rows;
-    }
-    for (; row && rows.size() + 1 < selected; row = nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED)) {
-        rows.push_back(*row);
-    }
-    if (row) rows.push_back(*row);
-    return rows;
-}
-
 // Row by row where they are scattered: all at once takes the control far longer then. Needs no memory, so that a list
 // can always be emptied.
 void ListView::dropSelection()
@@ -161,10 +142,18 @@ void ListView::dropSelection()
     }
 }
 
+// Without memory, so that a row can always be taken off again.
 void ListView::takeSelection()
 {
     for (std::size_t row = 0; row < count(); ++row) rows_[row].marked = rows_[row].current = false;
-    for (const std::size_t row : selectedRows()) rows_[row].marked = true;
+    std::size_t left = selectedCount();
+    auto row = left > 0 ? firstSelected() : std::nullopt;
+    const bool block = row && isSelectedBlock(*row, left);
+    for (; row && left > 0; --left) {
+        rows_[*row].marked = true;
+        if (left == 1) break;
+        row = block ? std::optional(*row + 1) : nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED);
+    }
     if (const auto current = currentRow()) rows_[*current].current = true;
 }
 

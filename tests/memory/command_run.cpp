@@ -136,7 +136,9 @@ std::wstring CommandRun::failing(unsigned n, failing_new::How how, failing_new::
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed.")) told_ = true;
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed!")) told_ = true;
         if (!told_ && !(c_.running() || !command_.makesWindow)) complain(L"no window, and nothing was told");
-        else if (!told_ && !hasDone()) complain(L"has not done it, and nothing was told");
+        // A category that cannot be read shows empty, without a word.
+        else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable)
+            complain(L"has not done it, and nothing was told");
     }
     if (c_.escaped) complain(L"an error left the message loop");
     checkFiles();

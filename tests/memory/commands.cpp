@@ -58,6 +58,7 @@ void clickColumn(Collection& c)
     click.hdr = {c.workspace().lstInfo.handle(), 0, LVN_COLUMNCLICK};
     click.iItem = -1;
     SendMessageW(c.main().handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+    c.dispatch(); // the list sorts by a message of its own
 }
 
 void pressKey(HWND list, int key) { SendMessageW(list, WM_KEYDOWN, static_cast<WPARAM>(key), 1); }

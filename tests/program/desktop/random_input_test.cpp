@@ -133,7 +133,7 @@ TEST_F(RandomInput, NeverEndsTheProgramNorStopsItNorLeavesHalfAFile)
             expectWholeFiles();
         }
         user.closeDialogs();
-        program.quit();
+        user.quit();
         expectWholeFiles();
         program.start();
         EXPECT_SOON(categoriesShown(), categoriesOnDisk());

@@ -319,4 +319,18 @@ void RandomUser::closeDialogs()
     if (!closed) throw std::runtime_error("a dialog cannot be cancelled");
 }
 
+void RandomUser::quit()
+{
+    PostMessageW(program_.window(), WM_CLOSE, 0, 0);
+    const bool ended = soon([this] {
+        if (!program_.running()) return true;
+        if (look() == Place::box) press({"letter N", 'N'});
+        return false;
+    });
+    if (!ended) throw std::runtime_error("the program does not end");
+    taken_.reset();
+    if (const DWORD code = program_.waitForEnd(); code != 0)
+        throw std::runtime_error("the program ended with " + std::to_string(code));
+}
+
 } // namespace vandrel::test

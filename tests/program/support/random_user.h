@@ -24,6 +24,8 @@ class RandomUser {
     int act();
     // Cancels whatever is open.
     void closeDialogs();
+    // Closes the program; what is not saved is given up.
+    void quit();
 
     // The last actions, the newest last.
     std::string story() const;

@@ -168,17 +168,16 @@ TEST_F(AddingASite, WhenTheFileCannotBeWrittenTheListShowsTheUnsavedSite)
     EXPECT_EQ(workspace().site.newSiteName, L"");
 }
 
-TEST_F(AddingASite, WithNoCategorySelectedRaises91AndKeepsTheSiteInTheList)
+TEST_F(AddingASite, GoesToTheShownCategoryThoughTheNativeListHasNoneSelected)
 {
     folder.write(L"Work.udb", "A|1||\r\n");
     start();
     lstCategory().clearSelection();
     Answers answers;
     answers.expect(addCaption, typeSite(L"B", L"2", L"x"));
-    expectErrorBox(answers, 91, L"Object variable or With block variable not set");
     choose(mnuAddWebsite);
     EXPECT_ANSWERED(answers);
-    EXPECT_EQ(folder.read(L"Work.udb"), "A|1||\r\n");
+    EXPECT_EQ(folder.read(L"Work.udb"), "A|1||\r\nB|2|x|11/16/2002\r\n");
     EXPECT_EQ(lstInfo().count(), 2U);
 }
 

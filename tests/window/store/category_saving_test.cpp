@@ -129,15 +129,15 @@ TEST_F(SavingACategory, TheFileIsClosedAgain)
     HeldFile nobodyElseHasIt(folder.file(L"Work.udb"));
 }
 
-TEST_F(SavingACategory, WithoutASelectedCategoryRaises91AndWritesNothing)
+TEST_F(SavingACategory, WithoutAShownCategoryTheFirstOneIsReadAndKeepsItsSites)
 {
     folder.write(L"Work.udb", "A|a\r\n");
     start();
-    lstCategory().clearSelection();
-    lstInfo().setText(0, 2, L"changed");
-    EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 91);
-    EXPECT_EQ(folder.read(L"Work.udb"), "A|a\r\n");
-    EXPECT_EQ(lstInfo().text(0, 2), L"changed");
+    showNoCategory(workspace());
+    lstInfo().add({L"B", L"b", L"", L""}, siteImage);
+    SaveItems(workspace());
+    EXPECT_EQ(folder.read(L"Work.udb"), "A|a||\r\nB|b||\r\n");
+    EXPECT_EQ(selectedTitle(), L"Work");
 }
 
 TEST_F(SavingACategory, ATitleOutsideTheCodePageIsSaved)
