@@ -15,16 +15,15 @@
 namespace vandrel {
 namespace {
 
-void readSites(Workspace& workspace, const std::wstring& title, std::span<const ListRows::Row> behind)
+void readSites(Workspace& workspace, std::size_t item, std::span<const ListRows::Row> behind)
 {
-    // Until it has been read, it counts as not to be saved over: memory may run out at any line.
-    workspace.shown.unreadable = true;
     try {
+        const std::wstring title = workspace.lstCategory.text(item);
         CategorySites sites = readCategory(workspace.dataFolder, title, behind);
         workspace.lstInfo.fill(std::move(sites.texts), std::move(sites.rows));
         workspace.shown.unreadable = false;
     } catch (const std::exception&) {
-        if (behind.empty()) workspace.lstInfo.clear();
+        // The list stays empty, or as it was, and is not saved over what nobody has seen.
     }
 }
 
@@ -70,11 +69,15 @@ std::optional<std::size_t> shownRow(const Workspace& workspace)
 void showCategory(Workspace& workspace, std::size_t item, std::span<const ListRows::Row> behind)
 {
     ListView& categories = workspace.lstCategory;
-    const std::wstring title = categories.text(item);
-    if (behind.empty()) markSites(workspace, Sites::saved);
+    // First what needs no memory: whatever fails then, the list is never taken for another category's.
     workspace.shown.row = categories.id(item);
-    readSites(workspace, title, behind);
+    workspace.shown.unreadable = true;
+    if (behind.empty()) {
+        workspace.lstInfo.clear();
+        markSites(workspace, Sites::saved);
+    }
     if (categories.currentRow() != item) categories.select(item);
+    readSites(workspace, item, behind);
     showOpenCategory(workspace, item);
     if (const auto site = workspace.lstInfo.currentRow()) showSiteInStatusBar(workspace, *site);
 }

@@ -112,8 +112,12 @@ void EditSel(Workspace& workspace)
     const auto row = sites.rowOf(*edited);
     if (site.SiteDialogCancelled || !row) return;
     workspace.shown.unsaved = true;
-    sites.setTexts(*row, {savedText(site.SiteEditName), savedText(site.SiteEditURL),
-                          savedText(site.SiteEditDesc), savedText(workspace.today())});
+    // What was not touched stays to the letter, with the line ends that another editor left in it.
+    const auto textOf = [&](std::size_t column, const std::wstring& text) {
+        return text == sites.text(*row, column) ? text : savedText(text);
+    };
+    sites.setTexts(*row, {textOf(nameColumn, site.SiteEditName), textOf(urlColumn, site.SiteEditURL),
+                          textOf(descriptionColumn, site.SiteEditDesc), savedText(workspace.today())});
     SaveItems(workspace);
 }
 

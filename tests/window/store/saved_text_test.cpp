@@ -70,16 +70,21 @@ TEST_F(SavedTexts, ALinkOfSeveralLinesIsOneRecord)
     expectListAsInTheFile();
 }
 
-TEST_F(SavedTexts, AnEditedSiteWithLoneLineEndsIsOneRecordToo)
+TEST_F(SavedTexts, ALineEndThatIsEditedInIsABlankAndWhatIsNotTouchedStays)
 {
-    folder.write(L"Work.udb", "a\rb|http://x/\n|c|1/1/2001\r\n");
+    folder.write(L"Work.udb", "a\rb|http://x/|c|1/1/2001\r\n");
     start();
     lstInfo().select(0);
     Answers answers;
-    answers.expect(editCaption, [](HWND dialog) { press(dialog, IDOK); });
+    answers.expect(editCaption, [](HWND dialog) {
+        SetWindowTextW(GetDlgItem(dialog, editor::description), L"d\r\ne");
+        press(dialog, IDOK);
+    });
     choose(mnuEditSel);
     EXPECT_ANSWERED(answers);
-    EXPECT_EQ(folder.read(L"Work.udb"), "a b|http://x/ |c|11/16/2002\r\n");
+    const std::string saved = folder.read(L"Work.udb");
+    EXPECT_TRUE(saved.starts_with("a\rb|http://x/|d")) << saved;
+    EXPECT_EQ(std::ranges::count(saved, '\n'), 1);
     expectListAsInTheFile();
 }
 
