@@ -127,6 +127,9 @@ TEST_F(HtmlReadingTest, ACategoryThatCannotBeReadStopsAllBeforeAPageLacksIt)
     }
     EXPECT_EQ(target.names(), Lines{});
     EXPECT_EQ(folder.read(L"Bare.udb"), "n|http://u/||\r\n");
+    EXPECT_EQ(selectedTitle(), L"Cars");
+    EXPECT_EQ(sites(), Lines{L"n|http://u/||"});
+    EXPECT_EQ(main->caption(), L"Vandrel - Cars");
     // What is shown as selected is what the list is about, so nothing is saved to another category.
     lstInfo().add({L"new", L"", L"", L""}, siteImage);
     const int number = errorOf([&] { SaveItems(workspace()); });
