@@ -58,13 +58,15 @@ void exportSite(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
     if (!row) throw RuntimeError(error_number::objectNotSet);
+    // Now: behind the dialog the row may be another one.
+    const std::wstring url = workspace.lstInfo.text(*row, urlColumn);
     FileDialog CD1;
     CD1.title = L"Export URL File";
     CD1.filter = L"Internet Shortcut File (*.url)|*.url";
     CD1.fileName = fileNameFor(workspace.lstInfo.text(*row));
     CD1.showSave(workspace.window);
     if (CD1.fileName.empty()) return;
-    writeShortcut(workspace.lstInfo.text(*row, urlColumn), shortcutPath(CD1.fileName));
+    writeShortcut(url, shortcutPath(CD1.fileName));
 }
 
 } // namespace
