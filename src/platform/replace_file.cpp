@@ -35,9 +35,9 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContent
         if (!done) reason = GetLastError();
         return done;
     };
-    const WritePart write = [&](std::string_view bytes) { return noted(writeBytes(files, file, bytes)); };
     bool written = false;
     try {
+        const WritePart write = [&](std::string_view bytes) { return noted(writeBytes(files, file, bytes)); };
         written = contents(write) && noted(files.flush(file));
     } catch (...) {
         files.close(file);

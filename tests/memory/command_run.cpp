@@ -260,15 +260,24 @@ void CommandRun::addAnother()
     if (shownSites() != linesOf(title)) complain(L"adds, and shows " + joined(shownSites()));
 }
 
+// All is saved, so nothing is asked.
+void CommandRun::visit(const wchar_t* title)
+{
+    const Typed typed;
+    const QuietAnswers answers(typed);
+    clickTitle(title);
+    if (*answers.boxes() != L'\0') complain(L"cannot leave: " + std::wstring(answers.boxes()));
+}
+
 void CommandRun::checkNext()
 {
     if (IsWindowEnabled(c_.main().handle()) == 0) complain(L"the window takes no input any more");
     addAnother();
     const std::wstring title = selectedTitle();
-    clickTitle(empty);
+    visit(empty);
     if (shownSites() != linesOf(empty)) complain(L"shows another category than the one clicked");
     addAnother();
-    clickTitle(title.empty() ? L"Archive" : title.c_str());
+    visit(title.empty() ? L"Archive" : title.c_str());
     if (shownSites() != linesOf(selectedTitle()))
         complain(L"shows " + joined(shownSites()) + L" when clicked again");
 }

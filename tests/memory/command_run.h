@@ -37,6 +37,7 @@ class CommandRun {
     void checkLists();
     void checkNext();
     void addAnother();
+    void visit(const wchar_t* title);
     void complain(const std::wstring& what) { wrong_ += what + L"; "; }
 
     Collection& c_;
