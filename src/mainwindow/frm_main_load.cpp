@@ -34,10 +34,17 @@ long wholeTwips(Twips length)
 
 void frmMain::Form_Load()
 {
-    for (Control* const control : controls()) {
-        if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
-    }
-    removeLeftBehind(workspace_.dataFolder);
+    // Neither is a reason to start without the categories.
+    guarded(handle(), 0, [this]() -> LRESULT {
+        for (Control* const control : controls()) {
+            if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
+        }
+        return 0;
+    });
+    guarded(handle(), 0, [this]() -> LRESULT {
+        removeLeftBehind(workspace_.dataFolder);
+        return 0;
+    });
     loadCategories();
     if (!lstCategory_.empty()) selectCategory(workspace_, 0);
     readSettings();

@@ -37,6 +37,7 @@ struct Workspace {
     PropertiesHandOff properties{};
     std::wstring favoritesFolder{};
     ShownCategory shown{};
+    bool categoriesListed = false; // false when the list at the start failed
 };
 
 } // namespace vandrel

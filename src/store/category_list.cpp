@@ -59,6 +59,7 @@ void listCategories(Workspace& workspace)
         start += length;
     }
     workspace.lstCategory.fill(titles, std::move(rows));
+    workspace.categoriesListed = true;
 }
 
 std::optional<std::size_t> shownRow(const Workspace& workspace)

@@ -35,9 +35,17 @@ ListRows::Id addCategory(Workspace& workspace, const std::wstring& title)
 
 } // namespace
 
+void requireCategoryList(Workspace& workspace)
+{
+    if (workspace.categoriesListed) return;
+    listCategories(workspace);
+    DoMoveMenus(workspace);
+}
+
 NewCategory makeCategory(Workspace& workspace)
 {
     using Answer = NewCategory::Answer;
+    requireCategoryList(workspace);
     workspace.mnuMove.unloadFrom(1);
     const std::wstring title = inputBox(workspace.window, L"Please enter a title for the new category.",
                                         L"Category Name");

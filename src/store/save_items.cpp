@@ -22,6 +22,7 @@ void takeIntoCategory(Workspace& workspace)
 // False when there is no category, and none was made.
 bool haveCategory(Workspace& workspace)
 {
+    requireCategoryList(workspace);
     if (workspace.lstCategory.empty()) {
         makeFirstCategory(workspace);
         return !workspace.lstCategory.empty();

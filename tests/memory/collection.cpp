@@ -124,4 +124,9 @@ std::wstring Collection::leftBehind() const
     return found;
 }
 
+bool Collection::logSaysFailed() const
+{
+    return folder.has(L"scanned.log") && folder.read(L"scanned.log").ends_with(" - Failed\r\n");
+}
+
 } // namespace vandrel::test

@@ -46,6 +46,8 @@ class Collection {
     // What is in the folder of the categories, and whether something was left behind that is no file of the program's.
     Files files() const;
     std::wstring leftBehind() const;
+    // Of the last scan.
+    bool logSaysFailed() const;
 
     TempFolder folder;
     TempFolder shortcuts{L"shortcuts"};

@@ -135,6 +135,7 @@ std::wstring CommandRun::failing(unsigned n, failing_new::How how, failing_new::
         told_ = command_.silent || !usualBoxes_.starts_with(answers.boxes());
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed.")) told_ = true;
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed!")) told_ = true;
+        if (c_.logSaysFailed()) told_ = true; // a site that is checked is told by its picture and its line
         if (!told_ && !(c_.running() || !command_.makesWindow)) complain(L"no window, and nothing was told");
         // A category that cannot be read shows empty, without a word.
         else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable)
@@ -231,6 +232,7 @@ void CommandRun::checkLists()
     for (const auto& [name, bytes] : c_.files()) {
         if (name.ends_with(L".udb")) titles.push_back(name.substr(0, name.size() - 4));
     }
+    if (told_ && !c_.workspace().categoriesListed) askForCategory();
     if (shownTitles() != sorted(titles)) complain(L"shows the categories " + joined(shownTitles()));
     const std::wstring title = selectedTitle();
     const Lines shown = sorted(shownSites());
@@ -242,6 +244,14 @@ void CommandRun::checkLists()
     const bool unread = shown.empty() && c_.workspace().shown.unreadable;
     if (!asFile && !unsaved && !unread)
         complain(L"shows the sites " + joined(shown) + L" for " + joined(linesOf(title)));
+}
+
+// No title is given. Categories that could not be listed are listed now.
+void CommandRun::askForCategory()
+{
+    const Typed typed{.line = L""};
+    const QuietAnswers answers(typed);
+    c_.choose(mnuAddCategory);
 }
 
 // In the selected category.

@@ -36,6 +36,7 @@ class CommandRun {
     void checkFiles();
     void checkLists();
     void checkNext();
+    void askForCategory();
     void addAnother();
     void visit(const wchar_t* title);
     void complain(const std::wstring& what) { wrong_ += what + L"; "; }

@@ -55,6 +55,21 @@ bool isBox(HWND dialog)
            FindWindowExW(dialog, nullptr, WC_TREEVIEWW, nullptr) == nullptr;
 }
 
+// Wine does not always find a new folder at the first time of asking.
+bool selectsFolder(HWND browser, wstring_view path)
+{
+    SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.data()));
+    const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
+    wchar_t text[MAX_PATH]{};
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
+    item.pszText = text;
+    item.cchTextMax = MAX_PATH;
+    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    return _wcsicmp(text, path.data() + path.rfind(L'\\') + 1) == 0;
+}
+
 void append(wchar_t* texts, std::size_t room, const wchar_t* text)
 {
     const std::size_t used = std::wcslen(texts);
@@ -148,12 +163,15 @@ void QuietAnswers::answer(HWND dialog, Seen& seen)
     }
     const wstring_view kind = caption;
     const bool first = seen.times == 1;
-    int button = first ? IDOK : IDCANCEL;
+    // An import goes on without a text for which there was no memory, so it gets another try.
+    const bool again = kind == L"Site Description" && seen.times == 2;
+    int button = first || again ? IDOK : IDCANCEL;
     if (isBox(dialog)) {
         answerBox(dialog, caption);
         return;
     }
-    if (!first) {
+    const bool isBrowser = kind == L"Browse for Folder" || kind == L"Browse For Folder";
+    if (!first && !again && !isBrowser) {
         // cancelled
     } else if (kind == addCaption || kind == editCaption) {
         typeInto(GetDlgItem(dialog, editor::name), typed_.name);
@@ -167,8 +185,9 @@ void QuietAnswers::answer(HWND dialog, Seen& seen)
         SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(importFiles, LBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(files));
         button = typed_.importButton;
-    } else if (kind == L"Browse for Folder" || kind == L"Browse For Folder") {
-        SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(typed_.folder));
+    } else if (isBrowser) {
+        if (!selectsFolder(dialog, typed_.folder)) return;
+        button = IDOK;
     } else if (GetDlgItem(dialog, nameField) != nullptr) {
         SendDlgItemMessageW(dialog, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(typed_.file));
         SendMessageW(dialog, WM_COMMAND, IDOK, 0);

@@ -8,6 +8,11 @@
 #include "tests/window/exchange/html_test.h"
 #include "tests/window/exchange/import_test.h"
 #include "tests/window/mainwindow/menus_seen.h"
+#include "tests/window/platform/wine.h"
+#include "update/update_check.h"
+#include "update/version_report.h"
+
+#include <shlobj.h>
 
 #include <algorithm>
 
@@ -16,12 +21,17 @@ namespace {
 
 using Act = JourneyStep::Act;
 
-constexpr const char* actNames[] = {"clickCategory",  "addSite",          "dropLink",       "editSite",
-                                    "openSite",       "removeSites",      "moveSite",       "sortSites",
-                                    "sortCategories", "addCategory",      "renameCategory", "removeCategory",
-                                    "importAll",      "searchAll",        "pageOfAll",      "quickSearch",
-                                    "cancelADialog",  "rightClickBeside", "keyInAList",     "makeReadOnly",
-                                    "makeWritable",   "loseFile",         "restart"};
+constexpr const char* actNames[] = {
+    "clickCategory", "addSite",      "dropLink",       "editSite",    "openSite",       "removeSites",
+    "moveSite",      "sortSites",    "sortCategories", "addCategory", "renameCategory", "removeCategory",
+    "importAll",     "searchAll",    "pageOfAll",      "quickSearch", "cancelADialog",  "rightClickBeside",
+    "keyInAList",    "makeReadOnly", "makeWritable",   "loseFile",    "restart",        "scanAll",
+    "scanSite",      "exportSite",   "backUp",         "pageOfShown", "copyAddress",    "showProperties",
+    "showAbout",     "checkUpdates", "cancelRename",   "addWhileHeld"};
+
+constexpr const wchar_t* scanLog = L"scanned.log";
+constexpr const wchar_t* exportCaption = L"Export URL File";
+constexpr const wchar_t* browseCaption = L"Browse for Folder";
 
 // The second last has letters that the western code page lacks; the last one is no answer at all.
 const std::optional<std::wstring> titleAnswers[] = {L"News", L"Tools", L"Links",        L"Zoo",      L"a*b",
@@ -106,15 +116,25 @@ int idOf(Reply::Button button)
     }
 }
 
-void answerAs(Answers& answers, const Reply& reply, const std::wstring& page)
+void nameFile(HWND dialog, const std::wstring& path)
+{
+    SendDlgItemMessageW(dialog, html::nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+}
+
+// `page` is the file for pages, `copies` the folder for backups.
+void answerAs(Answers& answers, const Reply& reply, const std::wstring& page, const std::wstring& copies)
 {
     if (!reply.text.empty()) {
         answers.expectBox(reply.caption, reply.text, idOf(reply.button), iconOf(reply));
     } else if (reply.caption == html::saveCaption) {
-        answers.expect(reply.caption, [page](HWND dialog) {
-            SendDlgItemMessageW(dialog, html::nameField, WM_SETTEXT, 0,
-                                reinterpret_cast<LPARAM>(page.c_str()));
-            SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        answers.expect(reply.caption, [page](HWND dialog) { nameFile(dialog, page); });
+    } else if (reply.caption == exportCaption) {
+        answers.expect(reply.caption, [path = reply.typed[0]](HWND dialog) { nameFile(dialog, path); });
+    } else if (reply.caption == browseCaption) {
+        answers.expect(runsUnderWine() ? browseCaption : L"Browse For Folder", [copies](HWND browser) {
+            SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(copies.c_str()));
+            press(browser, IDOK);
         });
     } else if (reply.typed.size() == 3) {
         answers.expect(reply.caption, typeSite(reply.typed[0], reply.typed[1], reply.typed[2]));
@@ -206,7 +226,8 @@ template <typename Model, typename Program> void JourneyTest::both(Model model, 
     model_.replies.clear();
     model();
     Answers answers;
-    for (const Reply& reply : model_.replies) answerAs(answers, reply, pages_.file(L"page.htm"));
+    for (const Reply& reply : model_.replies)
+        answerAs(answers, reply, pages_.file(L"page.htm"), copies_.path());
     program();
     MessageLoop::current().dispatchPending();
     if (!answers.done()) complaint_ += "a window that was to come up did not; ";
@@ -273,7 +294,7 @@ void JourneyTest::act(const JourneyStep& step)
     case Act::editSite: {
         if (noSites) return command(mnuEditSel, 0);
         const std::size_t row = clickSite(step.a);
-        const std::array<std::wstring, 3> texts{oneOf(plainNames, step.b), freshUrl(),
+        const std::array<std::wstring, 3> texts{oneOf(plainNames, step.b), freshUrl(step.b),
                                                 oneOf(plainNames, step.c)};
         both([&] { model_.editSite(row, texts); }, [&] { choose(mnuEditSel); });
         return;
@@ -281,6 +302,7 @@ void JourneyTest::act(const JourneyStep& step)
     case Act::openSite: {
         if (noSites) return command(mnuOpenURL, 0);
         const std::size_t row = clickSite(step.a);
+        if (model_.list[row][1].starts_with(L"http:")) return; // a browser would come up
         both([&] { model_.openSite(row); }, [&] { command(mnuOpenURL, step.b, 0, false, 9); });
         return;
     }
@@ -331,12 +353,39 @@ void JourneyTest::act(const JourneyStep& step)
                  workspace().favoritesFolder = favorites_.path();
              });
         return;
+    case Act::scanAll:
+        if (noSites) return;
+        both([&] { model_.scanAll(); }, [&] { choose(mnuScanAllURLs); });
+        return;
+    case Act::scanSite: {
+        if (noSites) return;
+        const std::size_t row = clickSite(step.a);
+        both([&] { model_.scanSite(row); }, [&] { command(mnuScanSelected, step.b, 0, false, 10); });
+        return;
+    }
+    case Act::exportSite: exportSite(step); return;
+    case Act::backUp: backUp(step); return;
+    case Act::pageOfShown:
+        if (!noSites) both([&] { model_.pageOfShown(); }, [&] { choose(mnuCurrentCat); });
+        return;
+    case Act::copyAddress: copyAddress(step); return;
+    case Act::showProperties: {
+        if (noSites) return;
+        const std::size_t row = clickSite(step.a);
+        both([&] { model_.showProperties(row); }, [&] { choose(mnuProperties); });
+        return;
+    }
+    case Act::showAbout: showAbout(); return;
+    case Act::checkUpdates: checkUpdates(); return;
+    case Act::cancelRename: cancelRename(); return;
+    case Act::addWhileHeld: addWhileHeld(step); return;
     }
 }
 
 void JourneyTest::addSite(const JourneyStep& step)
 {
-    const std::array<std::wstring, 3> texts{oneOf(siteNames, step.a), freshUrl(), oneOf(siteNames, step.c)};
+    const std::array<std::wstring, 3> texts{oneOf(siteNames, step.a), freshUrl(step.b),
+                                            oneOf(siteNames, step.c)};
     both([&] { model_.addSite(texts); }, [&] { command(mnuAddWebsite, step.a, VK_F3, false, 7); });
 }
 
@@ -362,22 +411,41 @@ void JourneyTest::removeSites(const JourneyStep& step)
 void JourneyTest::renameCategory(const JourneyStep& step)
 {
     if (!model_.shown) return command(mnuRenameCat, 0);
+    // Wine takes a label that was not changed for a cancelled one, Windows for a new one: both are right while the file
+    // is there.
+    const std::wstring& now = model_.categories[*model_.shown];
+    if (oneOf(titleAnswers, step.b).value_or(now) == now && !model_.files.contains(now)) return;
     const auto& title = oneOf(titleAnswers, step.b);
     const std::wstring text = title.value_or(model_.categories[*model_.shown]);
     setReadOnly(model_.categories[*model_.shown], false);
     if (title) setReadOnly(*title, false);
     both([&] { model_.renameCategory(text); },
          [&] {
-             choose(mnuRenameCat);
-             const HWND edit = reinterpret_cast<HWND>(
-                 SendMessageW(lstCategory().handle(), LVM_GETEDITCONTROL, 0, 0));
-             if (edit == nullptr) {
-                 complaint_ += "no label is edited; ";
-                 return;
-             }
+             const HWND edit = startRename();
+             if (edit == nullptr) return;
              SendMessageW(edit, EM_SETSEL, 0, -1);
              SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
              typeKey(edit, VK_RETURN);
+         });
+}
+
+HWND JourneyTest::startRename()
+{
+    choose(mnuRenameCat);
+    const HWND edit = reinterpret_cast<HWND>(SendMessageW(lstCategory().handle(), LVM_GETEDITCONTROL, 0, 0));
+    if (edit == nullptr) complaint_ += "no label is edited; ";
+    return edit;
+}
+
+void JourneyTest::cancelRename()
+{
+    if (!model_.shown) return;
+    both([] {},
+         [&] {
+             const HWND edit = startRename();
+             if (edit == nullptr) return;
+             SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"Never"));
+             typeKey(edit, VK_ESCAPE);
          });
 }
 
@@ -466,6 +534,91 @@ void JourneyTest::rightClickBeside(const JourneyStep& step)
          });
 }
 
+// ---- what leaves the lists as they are
+
+void JourneyTest::exportSite(const JourneyStep& step)
+{
+    if (lstInfo().empty()) return;
+    const std::size_t row = clickSite(step.a);
+    const std::wstring name = L"site" + std::to_wstring(++urls_) + L".url";
+    both([&] { model_.exportSite(pages_.file(name)); }, [&] { command(mnuExport, step.b, 0, false, 5); });
+    if (!pages_.has(name)) complaint_ += "no shortcut; ";
+    else if (pages_.read(name).find("URL=" + narrow(model_.list[row][1])) == std::string::npos)
+        complaint_ += "the shortcut leads elsewhere: " + pages_.read(name);
+}
+
+void JourneyTest::backUp(const JourneyStep& step)
+{
+    const bool all = step.a % 2 == 0;
+    if (model_.categories.empty()) return;
+    for (const std::wstring& name : copies_.names()) {
+        SetFileAttributesW(copies_.file(name).c_str(), FILE_ATTRIBUTE_NORMAL);
+        DeleteFileW(copies_.file(name).c_str());
+    }
+    both([&] { model_.backUp(); }, [&] { choose(all ? mnuBUAllCat : mnuBUCurrentCat); });
+    bool complete = all || model_.shown;
+    for (std::size_t row = 0; row < model_.categories.size() && complete; ++row) {
+        if (!all && row != model_.shown) continue;
+        const std::wstring& title = model_.categories[row];
+        complete = model_.files.contains(title);
+        if (complete && sitesIn(copies_.read(title + L".udb")) != model_.files[title])
+            complaint_ += "another copy of " + narrow(title) + "; ";
+    }
+    if (workspace().StatusBar1.panelText(1) != (complete ? L"Backup successful." : L"Backup failed."))
+        complaint_ += "says of the backup " + narrow(workspace().StatusBar1.panelText(1)) + "; ";
+}
+
+void JourneyTest::copyAddress(const JourneyStep& step)
+{
+    if (lstInfo().empty()) return;
+    const std::size_t row = clickSite(step.a);
+    if (model_.list[row][0].empty()) return; // one without a name is not copied
+    both([] {}, [&] { choose(mnuCopyURL); });
+    if (OpenClipboard(nullptr) == 0) return; // somebody looks into it
+    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+    const auto* const text = static_cast<const wchar_t*>(GlobalLock(memory));
+    if (text == nullptr || text != model_.list[row][1]) complaint_ += "another address was copied; ";
+    GlobalUnlock(memory);
+    CloseClipboard();
+}
+
+void JourneyTest::showAbout()
+{
+    both(
+        [&] {
+            model_.replies.push_back({L"About Vandrel", L"", Reply::Button::ok, {}});
+        },
+        [&] {
+            choose(mnuAbout);
+            if (main->aboutBox() == nullptr) {
+                complaint_ += "no About box; ";
+                return;
+            }
+            if (!pumpUntil([this] { return main->aboutBox() == nullptr; })) complaint_ += "About stays; ";
+        });
+}
+
+void JourneyTest::checkUpdates()
+{
+    const std::wstring version = runningVersion();
+    server_.put("/update/VDVer.txt", narrow(version));
+    both([&] { model_.checkUpdates(version); },
+         [&] { CheckUpdates(workspace(), server_.root(), [](bool) {}); });
+}
+
+// ---- the disk
+
+// Two seconds pass until a save gives up.
+void JourneyTest::addWhileHeld(const JourneyStep& step)
+{
+    if (!model_.shown || !model_.files.contains(model_.categories[*model_.shown]) || step.b % 4 != 0) return;
+    setReadOnly(model_.categories[*model_.shown], false);
+    HeldFile held(folder.file(model_.categories[*model_.shown] + L".udb"));
+    const std::array<std::wstring, 3> texts{oneOf(siteNames, step.a), freshUrl(step.c),
+                                            oneOf(siteNames, step.c)};
+    both([&] { model_.addSiteWhileHeld(texts); }, [&] { choose(mnuAddWebsite); });
+}
+
 void JourneyTest::setReadOnly(const std::wstring& title, bool on)
 {
     const std::wstring path = folder.file(title + L".udb");
@@ -492,6 +645,7 @@ std::string JourneyTest::diskDifference()
 {
     std::map<std::wstring, ModelSites> files;
     for (const std::wstring& name : folder.names()) {
+        if (name == scanLog) continue;
         if (!name.ends_with(L".udb")) return "a file " + narrow(name) + " was left behind";
         files[name.substr(0, name.size() - 4)] = sitesIn(folder.read(name));
     }
@@ -501,6 +655,12 @@ std::string JourneyTest::diskDifference()
             return "file " + narrow(title) + " has " + joined(files[title]) + ", not " + joined(sites);
     }
     if (files.size() != model_.files.size()) return "a file too many";
+    std::string log;
+    for (const std::wstring& line : model_.scanLog) {
+        for (const wchar_t letter : line) log += static_cast<char>(letter);
+        log += "\r\n";
+    }
+    if (folder.has(scanLog) ? folder.read(scanLog) != log : !log.empty()) return "another log of scans";
     return {};
 }
 
@@ -518,6 +678,10 @@ std::string JourneyTest::difference()
     for (std::size_t row = 0; row < lstCategory().count(); ++row) {
         const bool open = lstCategory().image(row) == openFolderImage;
         if (open != (model_.shown == row)) return "the wrong folder is open";
+    }
+    for (std::size_t row = 0; row < model_.list.size(); ++row) {
+        const bool dead = model_.dead.contains(model_.list[row][1]);
+        if (lstInfo().image(row) != (dead ? deadSiteImage : siteImage)) return "a site has another picture";
     }
     if (main->caption() != model_.caption)
         return "caption " + narrow(main->caption()) + ", not " + narrow(model_.caption);

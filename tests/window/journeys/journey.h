@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/test_server.h"
 #include "tests/window/journeys/journey_model.h"
 #include "tests/window/store/store_test.h"
 
@@ -34,7 +35,18 @@ struct JourneyStep {
         makeWritable,
         loseFile,
         restart,
-        last = restart
+        scanAll,
+        scanSite,
+        exportSite,
+        backUp,
+        pageOfShown,
+        copyAddress,
+        showProperties,
+        showAbout,
+        checkUpdates,
+        cancelRename,
+        addWhileHeld,
+        last = addWhileHeld
     };
     Act act;
     unsigned a, b, c;
@@ -70,16 +82,31 @@ class JourneyTest : public StoreTest {
     void cancelADialog(const JourneyStep& step);
     void rightClickBeside(const JourneyStep& step);
     void changeDisk(const JourneyStep& step);
+    void exportSite(const JourneyStep& step);
+    void backUp(const JourneyStep& step);
+    void copyAddress(const JourneyStep& step);
+    void showAbout();
+    void checkUpdates();
+    void cancelRename();
+    void addWhileHeld(const JourneyStep& step);
+    HWND startRename();
 
     // The command by menu, key or tool bar.
     void command(int entry, unsigned way, WORD key = 0, bool shift = false, int button = 0);
     std::size_t clickSite(unsigned number);
+    // Of no scheme that the system knows, or an address that answers.
     std::wstring freshUrl() { return L"zzz:" + std::to_wstring(++urls_); }
+    std::wstring freshUrl(unsigned number)
+    {
+        return number % 2 == 0 ? freshUrl() : server_.address(L"/ok?") + std::to_wstring(++urls_);
+    }
     void setReadOnly(const std::wstring& title, bool on);
 
     JourneyModel model_;
     TempFolder favorites_{L"favorites"};
     TempFolder pages_{L"pages"};
+    TempFolder copies_{L"copies"};
+    TestServer server_;
     std::string complaint_;
     int urls_ = 0;
 };

@@ -65,6 +65,7 @@ void JourneyModel::show(std::size_t row)
 {
     shown = row;
     list = files.contains(categories[row]) ? files[categories[row]] : ModelSites{};
+    dead.clear();
     sorted_ = unsaved = false;
     caption = L"Vandrel - " + categories[row];
 }
@@ -122,11 +123,13 @@ JourneyModel::Saved JourneyModel::save()
         caption = L"Vandrel - " + categories[0];
     } else if (!shown) {
         const ModelSites strays = list;
+        const auto deadStrays = dead;
         show(focusedCategory);
         list.insert(list.end(), strays.begin(), strays.end());
+        dead = deadStrays;
         unsaved = true;
     }
-    if (readOnly.contains(categories[*shown])) return Saved::failed;
+    if (held_ || readOnly.contains(categories[*shown])) return Saved::failed;
     files[categories[*shown]] = list;
     unsaved = false;
     return Saved::yes;
@@ -196,6 +199,7 @@ void JourneyModel::dropLink(const std::wstring& text)
 void JourneyModel::editSite(std::size_t row, const std::array<std::wstring, 3>& texts)
 {
     replies.push_back({L"Edit selected site...", L"", Button::ok, {texts.begin(), texts.end()}});
+    if (dead.erase(list[row][1]) != 0) dead.insert(stored(texts[1]));
     list[row] = {stored(texts[0]), stored(texts[1]), stored(texts[2]), today};
     saveOrTell();
 }
@@ -272,8 +276,10 @@ void JourneyModel::addCategory()
         return;
     }
     const ModelSites taken = list;
+    const auto deadTaken = dead;
     show(0);
     list = taken;
+    dead = deadTaken;
     save();
 }
 
@@ -350,6 +356,76 @@ void JourneyModel::pageOfAll()
     if (shown) show(*shown);
     else if (!categories.empty()) list.clear();
     expect(L"Success!", L"Output successful! Open file?", Button::no);
+}
+
+void JourneyModel::pageOfShown()
+{
+    replies.push_back({L"Output an HTML file...", L"", Button::ok, {}});
+    expect(L"Success!", L"Output successful! Open file?", Button::no);
+}
+
+bool JourneyModel::check(const ModelSite& site)
+{
+    const bool answers = site[1].starts_with(L"http:");
+    scanLog.push_back(site[0] + L" - " + site[1] + (answers ? L" - Success" : L" - Failed"));
+    if (answers) dead.erase(site[1]);
+    else dead.insert(site[1]);
+    return answers;
+}
+
+void JourneyModel::scanAll()
+{
+    std::size_t failed = 0;
+    for (const ModelSite& site : list) failed += check(site) ? 0 : 1;
+    if (failed == 0) return;
+    if (failed == list.size()) {
+        expect(L"Check Internet Connection",
+               L"Every link checked has proven to be unavailable. Please check your internet connection.",
+               Button::ok);
+        return;
+    }
+    const bool one = failed == 1;
+    expect(one ? L"Unavailable Site" : L"Unavailable Sites",
+           (one ? L"There was " : L"There were ") + std::to_wstring(failed) +
+               (one ? L" unavailable link.\r\nIt has" : L" unavailable links.\r\nThey have") +
+               L" been marked with a red X\r\nfor easy identification and possible removal.\r\n\r\n"
+               L"Please be aware that " +
+               (one ? L"this site" : L"these sites") + L" may just be temporarily unavailable. " +
+               L"If you feel this is an error,\r\ntry rescanning, or opening " +
+               (one ? L"the site" : L"these sites") + L" manually.",
+           Button::ok);
+}
+
+void JourneyModel::scanSite(std::size_t row) { check(list[row]); }
+
+void JourneyModel::exportSite(const std::wstring& file)
+{
+    replies.push_back({L"Export URL File", L"", Button::ok, {file}});
+}
+
+void JourneyModel::backUp() { replies.push_back({L"Browse for Folder", L"", Button::ok, {}}); }
+
+void JourneyModel::checkUpdates(const std::wstring& version)
+{
+    expect(L"No update available",
+           L"You have the current version of Vandrel, which is " + version + L". No update is necessary.",
+           Button::ok);
+}
+
+void JourneyModel::showProperties(std::size_t row)
+{
+    replies.push_back({list[row][0] + L"'s Properties", L"", Button::ok, {}});
+}
+
+void JourneyModel::addSiteWhileHeld(const std::array<std::wstring, 3>& texts)
+{
+    replies.push_back({L"Add Site...", L"", Button::ok, {texts.begin(), texts.end()}});
+    newDescription_ = withoutBars(texts[2]);
+    held_ = true;
+    insertAndSave(
+        {stored(withoutBars(texts[0])), stored(withoutBars(texts[1])), stored(newDescription_), today});
+    held_ = false;
+    expectError(70, L"Permission denied");
 }
 
 void JourneyModel::restart()

@@ -36,6 +36,8 @@ class JourneyModel {
     std::vector<std::wstring> moveEntries;
     std::optional<std::size_t> shown;
     ModelSites list;
+    std::set<std::wstring> dead; // URLs of the list's sites that have the dead link's picture
+    std::vector<std::wstring> scanLog;
     bool unsaved = false;
     std::wstring caption = L"Vandrel";
     std::size_t focusedCategory = 0; // by the keyboard; told by the window
@@ -62,6 +64,16 @@ class JourneyModel {
     void importAll(const std::vector<std::pair<std::wstring, std::wstring>>& shortcuts); // names and URLs
     void searchAll();
     void pageOfAll();
+    void pageOfShown();
+    // Sites of the test's server answer; whatever else there is does not.
+    void scanAll();
+    void scanSite(std::size_t row);
+    void exportSite(const std::wstring& file);
+    void backUp();
+    void checkUpdates(const std::wstring& version);
+    void showProperties(std::size_t row);
+    // Another program has the shown category's file open.
+    void addSiteWhileHeld(const std::array<std::wstring, 3>& texts);
     // The program is closed and started again.
     void restart();
 
@@ -76,9 +88,11 @@ class JourneyModel {
     void rebuildMoveEntries() { moveEntries = categories; }
     void expect(std::wstring title, std::wstring text, Reply::Button button);
     void expectError(int number, const std::wstring& description);
+    bool check(const ModelSite& site);
     std::size_t placeFor(const ModelSite& site) const;
 
     std::wstring newDescription_; // of the last site that was added; an import of all files takes it
+    bool held_ = false;           // the shown category's file, by another program
     bool sorted_ = false;
     bool descending_ = false;
     std::size_t key_ = 0;

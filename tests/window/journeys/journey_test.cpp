@@ -22,7 +22,7 @@ class Journeys : public JourneyTest {
     static int walks()
     {
         const auto part = environmentText(L"VANDREL_ENDURANCE");
-        return part ? allWalks * std::stoi(*part) / 100 : 5;
+        return part ? allWalks * std::stoi(*part) / 100 : 3;
     }
 };
 
