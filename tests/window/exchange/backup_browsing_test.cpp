@@ -51,7 +51,7 @@ TEST_P(BackupBrowsing, TakesFoldersOfTheFileSystemOnly)
         SendMessageW(browser, BFFM_SETSELECTIONW, FALSE, reinterpret_cast<LPARAM>(computer));
         CoTaskMemFree(computer);
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(browser, IDOK)));
-        select(browser, target.path());
+        EXPECT_TRUE(selectFolder(browser, target.path()));
         EXPECT_TRUE(IsWindowEnabled(GetDlgItem(browser, IDOK)));
         cancel(browser);
     });
@@ -65,7 +65,7 @@ TEST_P(BackupBrowsing, CancelledChangesNothingAndShowsNothing)
     bool barShown = false;
     const MessageWatch bar(workspace().PB.handle(), WM_SHOWWINDOW, [&] { barShown = true; });
     browse(GetParam(), [&](HWND browser) {
-        select(browser, target.path());
+        EXPECT_TRUE(selectFolder(browser, target.path()));
         cancel(browser);
     });
     EXPECT_EQ(outcome(), L"before");

@@ -3,11 +3,9 @@
 #include "mainwindow/command_tables.h"
 #include "platform/simple_controls.h"
 #include "platform/status_bar.h"
+#include "tests/window/exchange/folder_browser.h"
 #include "tests/window/platform/wine.h"
 #include "tests/window/store/store_test.h"
-
-#include <commctrl.h>
-#include <shlobj.h>
 
 namespace vandrel::test {
 
@@ -42,40 +40,12 @@ class BackupTest : public StoreTest {
         EXPECT_ANSWERED(answers);
         EXPECT_TRUE(IsWindowEnabled(main->handle()));
     }
-    // The text of the selected folder.
-    static std::wstring selectedIn(HWND browser)
-    {
-        const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
-        wchar_t text[MAX_PATH]{};
-        TVITEMW item{};
-        item.mask = TVIF_TEXT;
-        item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-        item.pszText = text;
-        item.cchTextMax = MAX_PATH;
-        SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-        return text;
-    }
-    static void select(HWND browser, const std::wstring& path)
-    {
-        const auto lower = [](std::wstring text) {
-            CharLowerW(text.data());
-            return text;
-        };
-        // The root of a drive is shown by its letter, among other words.
-        const bool isRoot = path.ends_with(L'\\');
-        const std::wstring wanted = lower(isRoot ? path.substr(0, 2) : path.substr(path.rfind(L'\\') + 1));
-        // Wine does not always find a new folder at the first time of asking.
-        EXPECT_TRUE(pumpUntil([&] {
-            SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.c_str()));
-            return lower(selectedIn(browser)).find(wanted) != std::wstring::npos;
-        }));
-    }
     // `then` does something between the choice and the copying.
     void backUp(
         int entry, const std::wstring& path, const std::function<void()>& then = [] {})
     {
         browse(entry, [&](HWND browser) {
-            select(browser, path);
+            EXPECT_TRUE(selectFolder(browser, path));
             press(browser, IDOK);
             then();
         });

@@ -5,14 +5,13 @@
 #include "tests/support/list_clicks.h"
 #include "tests/window/capture/dropped_object.h"
 #include "tests/window/dialogs/site_editor.h"
+#include "tests/window/exchange/folder_browser.h"
 #include "tests/window/exchange/html_test.h"
 #include "tests/window/exchange/import_test.h"
 #include "tests/window/mainwindow/menus_seen.h"
 #include "tests/window/platform/wine.h"
 #include "update/update_check.h"
 #include "update/version_report.h"
-
-#include <shlobj.h>
 
 #include <algorithm>
 
@@ -133,8 +132,7 @@ void answerAs(Answers& answers, const Reply& reply, const std::wstring& page, co
         answers.expect(reply.caption, [path = reply.typed[0]](HWND dialog) { nameFile(dialog, path); });
     } else if (reply.caption == browseCaption) {
         answers.expect(runsUnderWine() ? browseCaption : L"Browse For Folder", [copies](HWND browser) {
-            SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(copies.c_str()));
-            press(browser, IDOK);
+            press(browser, selectFolder(browser, copies) ? IDOK : IDCANCEL);
         });
     } else if (reply.typed.size() == 3) {
         answers.expect(reply.caption, typeSite(reply.typed[0], reply.typed[1], reply.typed[2]));
