@@ -3,7 +3,7 @@
 #include "benchmarks/rows.h"
 #include "benchmarks/site_generator.h"
 #include "mainwindow/frm_main.h"
-#include "platform/simple_controls.h"
+#include "platform/controls/simple_controls.h"
 #include "tests/support/answers.h"
 
 #include <windows.h>

@@ -2,7 +2,7 @@
 #include "benchmarks/plain_files.h"
 #include "benchmarks/rows.h"
 #include "mainwindow/frm_main.h"
-#include "platform/scope_exit.h"
+#include "platform/base/scope_exit.h"
 #include "tests/support/answers.h"
 #include "tests/support/test_server.h"
 

@@ -1,9 +1,9 @@
 #include "mainwindow/frm_main.h"
-#include "platform/clock.h"
-#include "platform/folder.h"
-#include "platform/guarded.h"
-#include "platform/program.h"
-#include "platform/system_error.h"
+#include "platform/base/guarded.h"
+#include "platform/base/program.h"
+#include "platform/base/system_error.h"
+#include "platform/files/folder.h"
+#include "platform/text/clock.h"
 
 #include <commctrl.h>
 

@@ -1,7 +1,7 @@
 #include "capture/dropped_link.h"
 
-#include "platform/drop_target.h"
-#include "platform/message_box.h"
+#include "platform/base/message_box.h"
+#include "platform/windows/drop_target.h"
 #include "shared/workspace.h"
 #include "store/site_operations.h"
 

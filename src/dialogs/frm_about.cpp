@@ -1,9 +1,9 @@
 #include "dialogs/frm_about.h"
 
-#include "platform/image_list.h"
-#include "platform/shell.h"
-#include "shared/maker.h"
-#include "shared/off2000.h"
+#include "platform/controls/image_list.h"
+#include "platform/system/shell.h"
+#include "shared/vendor.h"
+#include "shared/window_edges.h"
 
 #include <algorithm>
 

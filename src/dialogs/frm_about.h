@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/dialog.h"
-#include "platform/link_label.h"
-#include "platform/picture_box.h"
-#include "platform/simple_controls.h"
-#include "platform/tab_strip.h"
+#include "platform/controls/link_label.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/controls/tab_strip.h"
+#include "platform/windows/dialog.h"
+#include "platform/windows/picture_box.h"
 
 namespace vandrel {
 

@@ -1,8 +1,8 @@
 #include "dialogs/frm_input.h"
 
-#include "dialogs/incoming_link.h"
-#include "platform/message_box.h"
-#include "platform/runtime_error.h"
+#include "model/incoming_link.h"
+#include "platform/base/message_box.h"
+#include "platform/base/runtime_error.h"
 #include "shared/apply_font.h"
 
 #include <algorithm>

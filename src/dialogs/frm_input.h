@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/dialog.h"
-#include "platform/file_dialog.h"
-#include "platform/simple_controls.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/windows/dialog.h"
+#include "platform/windows/file_dialog.h"
 #include "shared/options_state.h"
 #include "shared/site_hand_off.h"
 

@@ -1,8 +1,8 @@
 #include "dialogs/frm_options.h"
 
-#include "platform/number_reading.h"
-#include "platform/number_text.h"
-#include "platform/runtime_error.h"
+#include "platform/base/runtime_error.h"
+#include "platform/text/number_reading.h"
+#include "platform/text/number_text.h"
 #include "shared/apply_font.h"
 
 namespace vandrel {

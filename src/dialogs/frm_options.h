@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/color_dialog.h"
-#include "platform/dialog.h"
-#include "platform/list_box.h"
-#include "platform/picture_box.h"
-#include "platform/simple_controls.h"
-#include "platform/tab_strip.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/controls/tab_strip.h"
+#include "platform/windows/color_dialog.h"
+#include "platform/windows/dialog.h"
+#include "platform/windows/picture_box.h"
 #include "shared/options_state.h"
 
 namespace vandrel {

@@ -1,8 +1,8 @@
 #include "dialogs/frm_properties.h"
 
-#include "dialogs/site_date.h"
-#include "platform/date_reading.h"
-#include "platform/shell.h"
+#include "model/site_date.h"
+#include "platform/system/shell.h"
+#include "platform/text/date_reading.h"
 
 #include <algorithm>
 #include <cwctype>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/dialog.h"
-#include "platform/link_label.h"
-#include "platform/simple_controls.h"
+#include "platform/controls/link_label.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/windows/dialog.h"
 #include "shared/properties_hand_off.h"
 
 namespace vandrel {

@@ -1,14 +1,14 @@
 #include "exchange/backup.h"
 
-#include "exchange/module1.h"
-#include "platform/file_layer.h"
-#include "platform/left_behind.h"
-#include "platform/list_view.h"
-#include "platform/message_loop.h"
-#include "platform/runtime_error.h"
-#include "platform/simple_controls.h"
-#include "platform/status_bar.h"
-#include "platform/turns.h"
+#include "exchange/folder_browser.h"
+#include "platform/base/runtime_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/controls/status_bar.h"
+#include "platform/files/file_layer.h"
+#include "platform/files/left_behind.h"
+#include "platform/windows/message_loop.h"
+#include "platform/windows/message_throttle.h"
 #include "shared/workspace.h"
 #include "store/category_file.h"
 #include "store/category_list.h"
@@ -26,10 +26,10 @@ void backUpEvery(Workspace& workspace, const std::wstring& folder)
 {
     const std::size_t count = workspace.lstCategory.count();
     workspace.PB.begin(count);
-    Turns turns;
+    MessageThrottle throttle;
     for (std::size_t category = 0; category < count; ++category) {
         workspace.PB.setValue(category + 1);
-        if (turns.due()) turns.take([] { MessageLoop::current().paintPending(); });
+        if (throttle.due()) throttle.take([] { MessageLoop::current().paintPending(); });
         backUp(workspace, category, folder);
     }
     workspace.PB.setVisible(false);

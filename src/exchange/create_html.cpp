@@ -1,20 +1,19 @@
 #include "exchange/create_html.h"
-
 #include "exchange/html_page.h"
-#include "platform/ansi_text.h"
-#include "platform/file_dialog.h"
-#include "platform/file_layer.h"
-#include "platform/list_view.h"
-#include "platform/message_box.h"
-#include "platform/message_loop.h"
-#include "platform/runtime_error.h"
-#include "platform/shell.h"
-#include "platform/simple_controls.h"
-#include "platform/status_bar.h"
-#include "platform/turns.h"
-#include "platform/window_text.h"
-#include "shared/maker.h"
-#include "shared/site_columns.h"
+#include "model/site_columns.h"
+#include "platform/base/message_box.h"
+#include "platform/base/runtime_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/controls/status_bar.h"
+#include "platform/controls/window_text.h"
+#include "platform/files/file_layer.h"
+#include "platform/system/shell.h"
+#include "platform/text/ansi_text.h"
+#include "platform/windows/file_dialog.h"
+#include "platform/windows/message_loop.h"
+#include "platform/windows/message_throttle.h"
+#include "shared/vendor.h"
 #include "shared/workspace.h"
 #include "store/category_list.h"
 #include "store/category_selection.h"
@@ -64,7 +63,7 @@ void addCategories(Workspace& workspace, PageBytes& bytes)
     ListView& categories = workspace.lstCategory;
     // Between two turns nobody sees the lists.
     std::optional<ListPause> quiet(std::in_place, categories, workspace.lstInfo);
-    Turns turns;
+    MessageThrottle throttle;
     for (std::size_t category = 0; category < categories.count(); ++category) {
         workspace.PB.setValue(category + 1);
         showCategory(workspace, category);
@@ -73,8 +72,8 @@ void addCategories(Workspace& workspace, PageBytes& bytes)
         }
         addSites(workspace, bytes.page());
         bytes.encode();
-        if (!turns.due()) continue;
-        turns.take([&] {
+        if (!throttle.due()) continue;
+        throttle.take([&] {
             quiet.reset();
             MessageLoop::current().paintPending();
             quiet.emplace(categories, workspace.lstInfo);

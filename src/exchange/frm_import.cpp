@@ -1,19 +1,19 @@
 #include "exchange/frm_import.h"
 
-#include "exchange/module1.h"
+#include "exchange/ini_file.h"
 #include "exchange/shortcut_name.h"
-#include "platform/file_layer.h"
-#include "platform/handle.h"
-#include "platform/input_box.h"
-#include "platform/list_view.h"
-#include "platform/message_box.h"
-#include "platform/program.h"
-#include "platform/scope_exit.h"
-#include "platform/status_bar.h"
-#include "platform/system_error.h"
-#include "platform/turns.h"
+#include "model/site_columns.h"
+#include "platform/base/handle.h"
+#include "platform/base/message_box.h"
+#include "platform/base/program.h"
+#include "platform/base/scope_exit.h"
+#include "platform/base/system_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/status_bar.h"
+#include "platform/files/file_layer.h"
+#include "platform/windows/input_box.h"
+#include "platform/windows/message_throttle.h"
 #include "shared/apply_font.h"
-#include "shared/site_columns.h"
 #include "shared/workspace.h"
 #include "store/site_operations.h"
 
@@ -187,15 +187,15 @@ bool frmImport::importEvery()
     const auto beQuiet = [&] {
         if (sites.selectedCount() <= 1) quiet.emplace(sites);
     };
-    Turns turns;
+    MessageThrottle throttle;
     beQuiet();
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));
         if (!addNewSite()) return false;
         prgImport_.setValue(file + 1);
-        if (!turns.due()) continue;
+        if (!throttle.due()) continue;
         quiet.reset();
-        turns.take(
+        throttle.take(
             [] { MessageLoop::current().dispatchPending(); }); // the windows are painted and can be moved
         beQuiet();
     }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/dialog.h"
-#include "platform/drive_list.h"
-#include "platform/file_list.h"
-#include "platform/folder_list.h"
-#include "platform/simple_controls.h"
+#include "platform/controls/drive_list.h"
+#include "platform/controls/file_list.h"
+#include "platform/controls/folder_list.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/windows/dialog.h"
 
 namespace vandrel {
 

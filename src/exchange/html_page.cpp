@@ -1,6 +1,6 @@
 #include "exchange/html_page.h"
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 #include <initializer_list>
 

@@ -1,14 +1,14 @@
 #include "exchange/shortcut_export.h"
 
-#include "exchange/module1.h"
+#include "exchange/ini_file.h"
 #include "exchange/shortcut_name.h"
 #include "exchange/shortcut_value.h"
-#include "platform/file_dialog.h"
-#include "platform/file_layer.h"
-#include "platform/list_view.h"
-#include "platform/message_box.h"
-#include "platform/system_error.h"
-#include "shared/site_columns.h"
+#include "model/site_columns.h"
+#include "platform/base/message_box.h"
+#include "platform/base/system_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/files/file_layer.h"
+#include "platform/windows/file_dialog.h"
 #include "shared/workspace.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "exchange/shortcut_name.h"
 
-#include "platform/runtime_error.h"
+#include "platform/base/runtime_error.h"
 
 #include <algorithm>
 

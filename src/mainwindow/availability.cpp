@@ -2,7 +2,7 @@
 
 #include "mainwindow/command_tables.h"
 #include "mainwindow/search_panel.h"
-#include "platform/list_view.h"
+#include "platform/controls/list_view.h"
 
 #include <utility>
 

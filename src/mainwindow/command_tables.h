@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/menu.h"
-#include "platform/tool_bar.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/tool_bar.h"
 
 #include <span>
 

@@ -1,7 +1,7 @@
 #include "mainwindow/frm_main.h"
 
-#include "platform/guarded.h"
-#include "platform/program.h"
+#include "platform/base/guarded.h"
+#include "platform/base/program.h"
 #include "search/quick_search.h"
 #include "store/category_selection.h"
 #include "store/save_items.h"

@@ -7,7 +7,7 @@
 #include "mainwindow/frm_main.h"
 #include "mainwindow/link_opening.h"
 #include "search/quick_search.h"
-#include "shared/maker.h"
+#include "shared/vendor.h"
 #include "store/category_list.h"
 #include "store/category_selection.h"
 #include "store/site_move.h"

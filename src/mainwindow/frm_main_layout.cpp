@@ -1,7 +1,7 @@
 #include "mainwindow/frm_main.h"
-#include "platform/drawing_freeze.h"
-#include "platform/number_text.h"
-#include "platform/scope_exit.h"
+#include "platform/base/scope_exit.h"
+#include "platform/controls/drawing_freeze.h"
+#include "platform/text/number_text.h"
 
 namespace vandrel {
 namespace {

@@ -1,6 +1,6 @@
 #include "mainwindow/preferences.h"
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 namespace vandrel {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/settings_store.h"
-#include "platform/twips.h"
+#include "platform/base/twips.h"
+#include "platform/system/settings_store.h"
 #include "shared/options_state.h"
 
 #include <string>

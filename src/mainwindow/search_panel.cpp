@@ -1,6 +1,6 @@
 #include "mainwindow/search_panel.h"
 
-#include "platform/image_list.h"
+#include "platform/controls/image_list.h"
 #include "search/quick_search.h"
 
 namespace vandrel {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/simple_controls.h"
-#include "platform/window.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/windows/window.h"
 
 namespace vandrel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/twips.h"
-#include "platform/window.h"
+#include "platform/base/twips.h"
+#include "platform/windows/window.h"
 
 #include <functional>
 

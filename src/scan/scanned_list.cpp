@@ -1,7 +1,7 @@
 #include "scan/scanned_list.h"
 
-#include "platform/list_view.h"
-#include "shared/site_columns.h"
+#include "model/site_columns.h"
+#include "platform/controls/list_view.h"
 #include "shared/workspace.h"
 
 namespace vandrel {

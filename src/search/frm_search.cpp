@@ -1,7 +1,7 @@
 #include "search/frm_search.h"
 
-#include "platform/shell.h"
-#include "platform/topmost.h"
+#include "platform/system/shell.h"
+#include "platform/windows/topmost.h"
 #include "search/search_layout.h"
 #include "shared/apply_font.h"
 #include "shared/workspace.h"

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/dialog.h"
-#include "platform/list_view.h"
-#include "platform/simple_controls.h"
-#include "platform/status_bar.h"
-#include "platform/tool_tip.h"
-#include "platform/turns.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/controls/status_bar.h"
+#include "platform/controls/tool_tip.h"
+#include "platform/windows/dialog.h"
+#include "platform/windows/message_throttle.h"
 #include "search/site_match.h"
 
 #include <array>
@@ -28,7 +28,7 @@ class frmSearch : public Dialog {
     // A search runs; the object must not be deleted.
     bool searching() const { return searching_; }
     // How long a search goes on at least before it lets messages run; 0 lets them run after every fifth site.
-    void setTurnMilliseconds(ULONGLONG milliseconds) { turnMilliseconds_ = milliseconds; }
+    void setTurnMilliseconds(ULONGLONG milliseconds) { throttleMilliseconds_ = milliseconds; }
 
     ListView& results() { return lstResults_; }
 
@@ -72,8 +72,8 @@ class frmSearch : public Dialog {
     std::optional<ListPause> quiet_; // while no message can be dispatched
     bool searching_ = false;
     bool quitting_ = false; // the program ends: nothing is touched any more
-    ULONGLONG turnMilliseconds_ = Turns::usualMilliseconds;
-    Turns turns_;
+    ULONGLONG throttleMilliseconds_ = MessageThrottle::usualMilliseconds;
+    MessageThrottle throttle_;
 
     // In the order in which Tab goes through them.
     Label lblCaptions_;

@@ -1,4 +1,4 @@
-#include "platform/scope_exit.h"
+#include "platform/base/scope_exit.h"
 #include "search/frm_search.h"
 #include "search/hit_list.h"
 #include "search/platform_folding.h"
@@ -66,7 +66,7 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
 
     std::size_t searched = 0;
     beQuiet();
-    turns_ = Turns(turnMilliseconds_, turnMilliseconds_ == 0 ? 0 : longestSilence);
+    throttle_ = MessageThrottle(throttleMilliseconds_, throttleMilliseconds_ == 0 ? 0 : longestSilence);
     bool stays = false;
     for (std::size_t i = 0; i < titles.size() && !ended() && !stays; ++i) {
         stays = !leaveShownCategory();
@@ -111,7 +111,7 @@ std::size_t frmSearch::searchCategory(std::size_t category, const std::wstring& 
     for (std::size_t done = 0; done < count; ++done) {
         const ListRows::Row& site = rows[done];
         if (sequence.matches(site.texts)) hits.add(site);
-        if ((done + 1) % sitesBetweenTurns != 0 || !turns_.due()) continue;
+        if ((done + 1) % sitesBetweenTurns != 0 || !throttle_.due()) continue;
         if (kept.empty()) {
             kept.assign(rows.begin(), rows.end());
             rows = kept;
@@ -143,7 +143,7 @@ void frmSearch::letEventsRun(std::size_t category)
 {
     quiet_.reset();
     workspace_.lstCategory.ensureVisible(category);
-    turns_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
+    throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
     if (!ended()) beQuiet();
 }
 

@@ -1,6 +1,6 @@
 #include "search/hit_list.h"
 
-#include "shared/site_columns.h"
+#include "model/site_columns.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "search/match.h"
 
-#include "platform/unit_vector.h"
+#include "platform/text/simd.h"
 
 #include <algorithm>
 #include <array>

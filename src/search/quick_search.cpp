@@ -1,9 +1,9 @@
 #include "search/quick_search.h"
 
-#include "platform/list_view.h"
-#include "platform/message_box.h"
-#include "platform/runtime_error.h"
-#include "platform/simple_controls.h"
+#include "platform/base/message_box.h"
+#include "platform/base/runtime_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/simple_controls.h"
 #include "search/platform_folding.h"
 #include "search/site_match.h"
 #include "shared/workspace.h"

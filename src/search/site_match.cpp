@@ -1,6 +1,6 @@
 #include "search/site_match.h"
 
-#include "shared/site_columns.h"
+#include "model/site_columns.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "shared/apply_font.h"
 
-#include "platform/control.h"
-#include "platform/form.h"
+#include "platform/controls/control.h"
+#include "platform/windows/form.h"
 
 namespace vandrel {
 

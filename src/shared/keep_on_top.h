@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/topmost.h"
+#include "platform/windows/topmost.h"
 
 namespace vandrel {
 

@@ -1,6 +1,6 @@
 #include "shared/options_state.h"
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 namespace vandrel {
 namespace {

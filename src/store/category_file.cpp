@@ -1,13 +1,13 @@
 #include "store/category_file.h"
 
-#include "platform/ansi_text_file.h"
-#include "platform/ansi_text_writer.h"
-#include "platform/folder.h"
-#include "platform/runtime_error.h"
+#include "model/category_title.h"
+#include "model/site_lines.h"
+#include "model/site_record.h"
+#include "platform/base/runtime_error.h"
+#include "platform/files/ansi_text_file.h"
+#include "platform/files/ansi_text_writer.h"
+#include "platform/files/folder.h"
 #include "shared/list_images.h"
-#include "store/category_title.h"
-#include "store/site_lines.h"
-#include "store/site_record.h"
 
 #include <algorithm>
 

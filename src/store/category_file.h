@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/file_layer.h"
-#include "platform/list_rows.h"
+#include "platform/controls/list_rows.h"
+#include "platform/files/file_layer.h"
 
 #include <memory>
 #include <span>

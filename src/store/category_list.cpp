@@ -1,14 +1,14 @@
 #include "store/category_list.h"
 
-#include "platform/folder.h"
-#include "platform/list_view.h"
-#include "platform/program.h"
-#include "platform/status_bar.h"
-#include "shared/site_columns.h"
+#include "model/category_title.h"
+#include "model/site_columns.h"
+#include "model/unsaved_text.h"
+#include "platform/base/program.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/status_bar.h"
+#include "platform/files/folder.h"
 #include "shared/workspace.h"
 #include "store/category_file.h"
-#include "store/category_title.h"
-#include "store/unsaved_text.h"
 
 #include <exception>
 

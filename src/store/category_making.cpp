@@ -1,15 +1,15 @@
 #include "store/category_making.h"
 
-#include "platform/file_layer.h"
-#include "platform/input_box.h"
-#include "platform/list_view.h"
-#include "platform/menu.h"
-#include "platform/message_box.h"
-#include "platform/runtime_error.h"
+#include "model/category_title.h"
+#include "platform/base/message_box.h"
+#include "platform/base/runtime_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/menu.h"
+#include "platform/files/file_layer.h"
+#include "platform/windows/input_box.h"
 #include "shared/workspace.h"
 #include "store/category_file.h"
 #include "store/category_list.h"
-#include "store/category_title.h"
 
 #include <exception>
 

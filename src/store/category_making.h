@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/list_rows.h"
+#include "platform/controls/list_rows.h"
 
 namespace vandrel {
 

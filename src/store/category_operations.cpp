@@ -1,15 +1,15 @@
 #include "store/category_operations.h"
 
-#include "platform/file_layer.h"
-#include "platform/list_view.h"
-#include "platform/message_box.h"
-#include "platform/program.h"
+#include "model/category_title.h"
+#include "platform/base/message_box.h"
+#include "platform/base/program.h"
+#include "platform/controls/list_view.h"
+#include "platform/files/file_layer.h"
 #include "shared/workspace.h"
 #include "store/category_file.h"
 #include "store/category_list.h"
 #include "store/category_making.h"
 #include "store/category_selection.h"
-#include "store/category_title.h"
 
 namespace vandrel {
 

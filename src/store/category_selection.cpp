@@ -1,13 +1,13 @@
 #include "store/category_selection.h"
 
-#include "platform/list_view.h"
-#include "platform/message_box.h"
-#include "platform/program.h"
-#include "platform/runtime_error.h"
+#include "model/unsaved_text.h"
+#include "platform/base/message_box.h"
+#include "platform/base/program.h"
+#include "platform/base/runtime_error.h"
+#include "platform/controls/list_view.h"
 #include "shared/workspace.h"
 #include "store/category_list.h"
 #include "store/save_items.h"
-#include "store/unsaved_text.h"
 
 #include <new>
 #include <optional>

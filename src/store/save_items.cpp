@@ -1,8 +1,8 @@
 #include "store/save_items.h"
 
-#include "platform/file_layer.h"
-#include "platform/list_view.h"
-#include "platform/runtime_error.h"
+#include "platform/base/runtime_error.h"
+#include "platform/controls/list_view.h"
+#include "platform/files/file_layer.h"
 #include "shared/workspace.h"
 #include "store/category_file.h"
 #include "store/category_list.h"

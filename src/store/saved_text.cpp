@@ -1,7 +1,7 @@
 #include "store/saved_text.h"
 
-#include "platform/ansi_text.h"
-#include "store/site_record.h"
+#include "model/site_record.h"
+#include "platform/text/ansi_text.h"
 
 namespace vandrel {
 

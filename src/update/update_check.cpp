@@ -1,10 +1,10 @@
 #include "update/update_check.h"
 
-#include "platform/internet_transfer.h"
-#include "platform/message_box.h"
-#include "platform/runtime_error.h"
-#include "platform/scope_exit.h"
-#include "platform/shell.h"
+#include "platform/base/message_box.h"
+#include "platform/base/runtime_error.h"
+#include "platform/base/scope_exit.h"
+#include "platform/system/internet_transfer.h"
+#include "platform/system/shell.h"
 #include "shared/workspace.h"
 #include "update/version_report.h"
 

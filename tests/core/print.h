@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/twips.h"
-#include "store/site_record.h"
+#include "model/site_record.h"
+#include "platform/base/twips.h"
 
 #include <gtest/gtest.h>
 

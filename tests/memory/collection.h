@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mainwindow/frm_main.h"
-#include "platform/guarded.h"
+#include "platform/base/guarded.h"
 #include "tests/memory/quiet_answers.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,7 +1,7 @@
 #include "tests/memory/command_run.h"
 
 #include "mainwindow/command_tables.h"
-#include "platform/status_bar.h"
+#include "platform/controls/status_bar.h"
 
 #include <algorithm>
 #include <iterator>

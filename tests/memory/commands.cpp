@@ -1,7 +1,7 @@
 #include "tests/memory/commands.h"
 
 #include "mainwindow/command_tables.h"
-#include "platform/status_bar.h"
+#include "platform/controls/status_bar.h"
 #include "store/category_selection.h"
 #include "store/save_items.h"
 #include "store/site_operations.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/runtime_error.h"
+#include "platform/base/runtime_error.h"
 
 namespace vandrel::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/message_loop.h"
+#include "platform/windows/message_loop.h"
 #include "tests/support/answers.h"
 
 #include <windows.h>

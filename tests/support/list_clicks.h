@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/list_view.h"
+#include "platform/controls/list_view.h"
 #include "tests/support/input.h"
 
 #include <windows.h>

@@ -1,7 +1,7 @@
 #include "hostile/hostile_text.h"
+#include "model/site_lines.h"
+#include "model/site_record.h"
 #include "print.h"
-#include "store/site_lines.h"
-#include "store/site_record.h"
 
 #include <gtest/gtest.h>
 

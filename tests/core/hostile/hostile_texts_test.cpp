@@ -1,13 +1,13 @@
-#include "dialogs/incoming_link.h"
-#include "dialogs/site_date.h"
 #include "exchange/shortcut_name.h"
 #include "hostile/hostile_text.h"
-#include "platform/number_text.h"
-#include "platform/program.h"
-#include "platform/runtime_error.h"
+#include "model/category_title.h"
+#include "model/incoming_link.h"
+#include "model/site_date.h"
+#include "model/site_record.h"
+#include "platform/base/program.h"
+#include "platform/base/runtime_error.h"
+#include "platform/text/number_text.h"
 #include "shared/options_state.h"
-#include "store/category_title.h"
-#include "store/site_record.h"
 
 #include <gtest/gtest.h>
 

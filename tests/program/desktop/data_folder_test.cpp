@@ -1,5 +1,5 @@
-#include "platform/file_layer.h"
-#include "platform/scope_exit.h"
+#include "platform/base/scope_exit.h"
+#include "platform/files/file_layer.h"
 #include "tests/program/support/program_test.h"
 
 #include <commctrl.h>

@@ -1,4 +1,4 @@
-#include "platform/handle.h"
+#include "platform/base/handle.h"
 #include "tests/program/support/program_test.h"
 
 #include <algorithm>

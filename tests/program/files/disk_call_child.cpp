@@ -14,8 +14,8 @@
 #include "tests/program/files/disk_calls.h"
 #include "tests/program/files/ending_files.h"
 #include "tests/support/answers.h"
+#include "tests/support/wine.h"
 #include "tests/window/dialogs/site_editor.h"
-#include "tests/window/platform/wine.h"
 
 #include <windows.h>
 #include <commctrl.h>

@@ -1,10 +1,10 @@
-#include "platform/file_layer.h"
-#include "platform/handle.h"
-#include "platform/left_behind.h"
+#include "platform/base/handle.h"
+#include "platform/files/file_layer.h"
+#include "platform/files/left_behind.h"
 #include "tests/program/files/disk_calls.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/wine.h"
 #include "tests/window/endurance/own_process.h"
-#include "tests/window/platform/wine.h"
 
 #include <windows.h>
 

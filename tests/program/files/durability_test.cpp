@@ -1,4 +1,4 @@
-#include "platform/handle.h"
+#include "platform/base/handle.h"
 #include "tests/program/files/versions.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_layer.h"
+#include "platform/files/file_layer.h"
 #include "tests/program/files/disk_calls.h"
 
 #include <windows.h>

@@ -2,10 +2,10 @@
 //   save_loop FOLDER EVENT
 // Sets the event of that name when it is about to begin.
 
-#include "platform/ansi_text.h"
-#include "platform/ansi_text_file.h"
-#include "platform/ansi_text_writer.h"
-#include "platform/file_layer.h"
+#include "platform/files/ansi_text_file.h"
+#include "platform/files/ansi_text_writer.h"
+#include "platform/files/file_layer.h"
+#include "platform/text/ansi_text.h"
 #include "tests/program/files/versions.h"
 
 #include <windows.h>

@@ -1,6 +1,6 @@
 #include "tests/program/support/program_driver.h"
 
-#include "platform/file_layer.h"
+#include "platform/files/file_layer.h"
 #include "tests/program/support/eventually.h"
 #include "tests/program/support/program_files.h"
 #include "tests/program/support/real_input.h"

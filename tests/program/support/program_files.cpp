@@ -1,6 +1,6 @@
 #include "tests/program/support/program_files.h"
 
-#include "platform/file_layer.h"
+#include "platform/files/file_layer.h"
 
 #include <windows.h>
 

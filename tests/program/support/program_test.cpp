@@ -1,6 +1,6 @@
 #include "tests/program/support/program_test.h"
 
-#include "platform/settings_store.h"
+#include "platform/system/settings_store.h"
 #include "tests/program/support/screen_picture.h"
 
 namespace vandrel::test {

@@ -27,7 +27,7 @@ std::span<const wchar_t* const> addresses(); // of this machine, where nobody an
 std::span<const int> commands();
 
 void send(const KeyStroke& stroke);
-// Turns the mouse's wheel by so many notches where the mouse is.
+// MessageThrottle the mouse's wheel by so many notches where the mouse is.
 void turnWheel(POINT screen, int notches);
 
 // Tells when another thread has taken all input that was sent to it: behind that input a key is sent that means

@@ -1,6 +1,6 @@
 #include "tests/program/support/random_user.h"
 
-#include "platform/settings_store.h"
+#include "platform/system/settings_store.h"
 #include "tests/program/support/eventually.h"
 #include "tests/program/support/random_windows.h"
 #include "tests/program/support/real_input.h"

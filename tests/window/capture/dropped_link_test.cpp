@@ -1,5 +1,5 @@
-#include "platform/ansi_text.h"
-#include "platform/topmost.h"
+#include "platform/text/ansi_text.h"
+#include "platform/windows/topmost.h"
 #include "tests/window/capture/drop_test.h"
 
 namespace vandrel::test {

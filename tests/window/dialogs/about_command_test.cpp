@@ -1,4 +1,4 @@
-#include "platform/topmost.h"
+#include "platform/windows/topmost.h"
 #include "tests/support/input.h"
 #include "tests/window/dialogs/about_test.h"
 #include "tests/window/mainwindow/window_parts.h"

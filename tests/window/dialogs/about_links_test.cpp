@@ -1,4 +1,4 @@
-#include "shared/maker.h"
+#include "shared/vendor.h"
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
 #include "tests/window/dialogs/about_test.h"

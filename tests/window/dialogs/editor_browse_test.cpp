@@ -1,5 +1,5 @@
-#include "platform/file_dialog.h"
-#include "platform/runtime_error.h"
+#include "platform/base/runtime_error.h"
+#include "platform/windows/file_dialog.h"
 #include "tests/support/temp_folder.h"
 #include "tests/window/dialogs/editor_test.h"
 

@@ -1,4 +1,4 @@
-#include "platform/font.h"
+#include "platform/controls/font.h"
 #include "tests/window/dialogs/editor_test.h"
 
 #include <array>

@@ -1,5 +1,5 @@
 #include "mainwindow/command_tables.h"
-#include "platform/topmost.h"
+#include "platform/windows/topmost.h"
 #include "tests/support/main_window_test.h"
 #include "tests/window/dialogs/site_editor.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialogs/frm_options.h"
-#include "platform/font.h"
+#include "platform/controls/font.h"
 #include "tests/support/test_window.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 #include "dialogs/frm_properties.h"
-#include "platform/date_reading.h"
+#include "platform/text/date_reading.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/handle.h"
+#include "platform/base/handle.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/wine.h"
+#include "tests/support/wine.h"
 
 #include <windows.h>
 

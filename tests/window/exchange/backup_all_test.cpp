@@ -1,4 +1,4 @@
-#include "platform/turns.h"
+#include "platform/windows/message_throttle.h"
 #include "tests/support/message_watch.h"
 #include "tests/window/exchange/backup_drive.h"
 #include "tests/window/exchange/backup_test.h"
@@ -147,7 +147,7 @@ TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
         PostMessageW(lstCategory().handle(), WM_KEYDOWN, VK_HOME, 1);
         PostMessageW(main->handle(), WM_COMMAND, mnuGridlines, 0);
         const ULONGLONG start = GetTickCount64();
-        while (GetTickCount64() < start + 2 * Turns::usualMilliseconds) Sleep(1);
+        while (GetTickCount64() < start + 2 * MessageThrottle::usualMilliseconds) Sleep(1);
     });
     const bool before = lstInfo().gridLines();
     backUpTo(target.path());

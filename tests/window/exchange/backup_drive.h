@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/handle.h"
-#include "tests/window/platform/wine.h"
+#include "platform/base/handle.h"
+#include "tests/support/wine.h"
 
 #include <windows.h>
 

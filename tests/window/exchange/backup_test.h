@@ -1,10 +1,10 @@
 #pragma once
 
 #include "mainwindow/command_tables.h"
-#include "platform/simple_controls.h"
-#include "platform/status_bar.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/controls/status_bar.h"
+#include "tests/support/wine.h"
 #include "tests/window/exchange/folder_browser.h"
-#include "tests/window/platform/wine.h"
 #include "tests/window/store/store_test.h"
 
 namespace vandrel::test {

@@ -1,4 +1,4 @@
-#include "platform/turns.h"
+#include "platform/windows/message_throttle.h"
 #include "tests/support/message_watch.h"
 #include "tests/window/exchange/html_test.h"
 
@@ -22,7 +22,7 @@ class HtmlPaintingTest : public HtmlTest {
         return {workspace().PB.handle(), PBM_SETPOS, [act = std::move(act)] {
                     act();
                     const ULONGLONG start = GetTickCount64();
-                    while (GetTickCount64() < start + 2 * Turns::usualMilliseconds) Sleep(1);
+                    while (GetTickCount64() < start + 2 * MessageThrottle::usualMilliseconds) Sleep(1);
                 }};
     }
     static bool questionIsOpen() { return FindWindowW(L"#32770", html::questionTitle) != nullptr; }

@@ -1,6 +1,6 @@
 #include "tests/window/exchange/import_dialog_test.h"
 
-#include "platform/topmost.h"
+#include "platform/windows/topmost.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mainwindow/command_tables.h"
-#include "platform/status_bar.h"
+#include "platform/controls/status_bar.h"
 #include "tests/window/store/store_test.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "exchange/module1.h"
+#include "exchange/ini_file.h"
 #include "exchange/shortcut_name.h"
 #include "store/saved_text.h"
 #include "tests/window/exchange/import_test.h"

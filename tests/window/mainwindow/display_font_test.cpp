@@ -1,4 +1,4 @@
-#include "platform/font.h"
+#include "platform/controls/font.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {

@@ -1,4 +1,4 @@
-#include "platform/topmost.h"
+#include "platform/windows/topmost.h"
 #include "tests/window/mainwindow/link_test.h"
 
 namespace vandrel::test {

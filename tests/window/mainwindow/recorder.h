@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/registry.h"
-#include "platform/shell.h"
+#include "platform/system/registry.h"
+#include "platform/system/shell.h"
 #include "tests/support/answers.h"
 #include "tests/support/temp_folder.h"
 

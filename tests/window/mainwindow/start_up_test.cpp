@@ -1,5 +1,5 @@
-#include "mainwindow/registry_module.h"
-#include "platform/scope_exit.h"
+#include "mainwindow/known_paths.h"
+#include "platform/base/scope_exit.h"
 #include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {

@@ -1,4 +1,4 @@
-#include "shared/maker.h"
+#include "shared/vendor.h"
 #include "tests/window/reach/reach_test.h"
 
 namespace vandrel::test {

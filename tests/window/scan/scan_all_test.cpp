@@ -1,5 +1,5 @@
-#include "platform/internet_transfer.h"
-#include "platform/simple_controls.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/system/internet_transfer.h"
 #include "tests/window/mainwindow/menus_seen.h"
 #include "tests/window/scan/scan_test.h"
 

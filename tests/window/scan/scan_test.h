@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/status_bar.h"
+#include "platform/controls/status_bar.h"
 #include "tests/support/meanwhile.h"
 #include "tests/support/test_server.h"
 #include "tests/window/mainwindow/window_parts.h"

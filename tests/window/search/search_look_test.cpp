@@ -1,4 +1,4 @@
-#include "platform/font.h"
+#include "platform/controls/font.h"
 #include "search/search_layout.h"
 #include "tests/window/search/search_test.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mainwindow/command_tables.h"
-#include "platform/topmost.h"
+#include "platform/windows/topmost.h"
 #include "search/frm_search.h"
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"

@@ -1,8 +1,8 @@
 #include "shared/apply_font.h"
 
-#include "platform/form.h"
-#include "platform/list_view.h"
-#include "platform/simple_controls.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/windows/form.h"
 #include "tests/support/test_window.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-#include "shared/off2000.h"
-
+#include "shared/window_edges.h"
 #include "tests/support/test_window.h"
 
 #include <gtest/gtest.h>

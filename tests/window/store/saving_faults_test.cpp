@@ -1,5 +1,5 @@
 #include "mainwindow/command_tables.h"
-#include "platform/file_layer.h"
+#include "platform/files/file_layer.h"
 #include "tests/window/store/store_test.h"
 
 #include <thread>

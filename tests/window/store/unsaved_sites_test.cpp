@@ -1,4 +1,4 @@
-#include "platform/status_bar.h"
+#include "platform/controls/status_bar.h"
 #include "tests/window/dialogs/site_editor.h"
 #include "tests/window/store/category_operations.h"
 

@@ -1,7 +1,7 @@
 #include "update/update_check.h"
 
-#include "platform/internet_transfer.h"
-#include "shared/maker.h"
+#include "platform/system/internet_transfer.h"
+#include "shared/vendor.h"
 #include "tests/support/meanwhile.h"
 #include "tests/support/test_server.h"
 #include "tests/window/mainwindow/link_test.h"

@@ -1,0 +1,188 @@
+#include "mainwindow/frm_main.h"
+#include "mainwindow/known_paths.h"
+#include "mainwindow/window_place.h"
+#include "platform/base/guarded.h"
+#include "platform/files/left_behind.h"
+#include "platform/text/number_text.h"
+#include "shared/apply_font.h"
+#include "shared/window_edges.h"
+#include "store/category_list.h"
+#include "store/category_making.h"
+#include "store/category_selection.h"
+#include "store/site_operations.h"
+
+#include <limits>
+
+namespace vandrel {
+namespace {
+
+constexpr std::array<Twips, 3> columnFallbacks{Twips{2160}, Twips{2880}, Twips{2880}};
+
+RECT windowArea(HWND window)
+{
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+long wholeTwips(Twips length)
+{
+    return roundedHalfEven(length.value, std::numeric_limits<long>::min(), std::numeric_limits<long>::max());
+}
+
+} // namespace
+
+void frmMain::Form_Load()
+{
+    // Neither is a reason to start without the categories.
+    guarded(handle(), 0, [this]() -> LRESULT {
+        for (Control* const control : controls()) {
+            if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
+        }
+        return 0;
+    });
+    guarded(handle(), 0, [this]() -> LRESULT {
+        removeLeftBehind(workspace_.dataFolder);
+        return 0;
+    });
+    loadCategories();
+    if (!lstCategory_.empty()) selectCategory(workspace_, 0);
+    readSettings();
+    LoadPos();
+    moveEdgesOnScreen();
+    bringOnScreen();
+    DoMoveMenus(workspace_);
+    availability_.tmrClipboard_Timer();
+    if (!commandLine_.empty()) {
+        // The editor asks what to add to which category, so what it asks about is there to be seen.
+        show(SW_SHOWDEFAULT);
+        workspace_.site.IncomingLink = commandLine_;
+        // A site that cannot be saved is told at once, and the start goes on.
+        guarded(handle(), 0, [this]() -> LRESULT {
+            AddURL(workspace_);
+            return 0;
+        });
+    }
+    sinkProgressBar();
+    ApplyFont(*this, workspace_.options.font);
+}
+
+// Without the list the program would look as if there were no category, so it is tried again.
+void frmMain::loadCategories()
+{
+    constexpr int attempts = 2;
+    bool listed = false;
+    for (int attempt = 0; attempt < attempts && !listed; ++attempt) {
+        guarded(handle(), 0, [&]() -> LRESULT {
+            listCategories(workspace_);
+            listed = true;
+            return 0;
+        });
+    }
+}
+
+void frmMain::readSettings()
+{
+    gridLines_ = preferences_.flag(L"GridLines") == 1 ? 1 : 0;
+    lstInfo_.setGridLines(gridLines_ == 1);
+    menus_.setChecked(mnuGridlines, gridLines_ == 1);
+    hoverSelect_ = preferences_.flag(L"HoverSel") == 1 ? 1 : 0;
+    lstInfo_.setHoverSelection(hoverSelect_ == 1);
+    menus_.setChecked(mnuHoverSelect, hoverSelect_ == 1);
+    workspace_.options = preferences_.options();
+}
+
+void frmMain::LoadPos()
+{
+    workspace_.favoritesFolder = Registry_Module::favoritesFolder();
+    const StoredPlace place{.left = preferences_.length(L"Left"),
+                            .top = preferences_.length(L"Top"),
+                            .width = preferences_.length(L"Width"),
+                            .height = preferences_.length(L"Height")};
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        lstInfo_.setColumnWidth(column, preferences_.length(L"Col" + std::to_wstring(column + 1)));
+    }
+    workspace_.keepOnTop.flag = preferences_.flag(L"KeepTop") == 1 ? 1 : 0;
+    if (workspace_.keepOnTop.flag == 1) {
+        setTopmost(handle(), true);
+        menus_.setChecked(mnuKeepTop, true);
+    }
+    for (std::size_t column = 0; column < columnFallbacks.size(); ++column) {
+        if (lstInfo_.columnWidth(column) == Twips{0})
+            lstInfo_.setColumnWidth(column, columnFallbacks[column]);
+    }
+    // First the corner: only there the window has the DPI that its size goes by.
+    const ScreenCorner corner = cornerOf(place, GetDpiForSystem());
+    SetWindowPos(handle(), nullptr, corner.left, corner.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const ScreenSize size = sizeOf(place, dpi());
+    SetWindowPos(handle(), nullptr, 0, 0, size.width, size.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmMain::moveEdgesOnScreen()
+{
+    const RECT area = windowArea(handle());
+    if (area.top >= 0 && area.left >= 0) return;
+    SetWindowPos(handle(), nullptr, std::max<int>(area.left, 0), std::max<int>(area.top, 0), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// A place that no monitor shows any more, and a size that none can hold.
+void frmMain::bringOnScreen()
+{
+    RECT area = windowArea(handle());
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromRect(&area, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT& work = monitor.rcWork;
+    const LONG width = std::min(area.right - area.left, work.right - work.left);
+    const LONG height = std::min(area.bottom - area.top, work.bottom - work.top);
+    const bool visible = MonitorFromRect(&area, MONITOR_DEFAULTTONULL) != nullptr;
+    const LONG left = visible ? area.left : work.left;
+    const LONG top = visible ? area.top : work.top;
+    const bool fits = width == area.right - area.left && height == area.bottom - area.top;
+    if (visible && fits) return;
+    SetWindowPos(handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmMain::sinkProgressBar()
+{
+    SetParent(PB_.handle(), StatusBar1_.handle());
+    const RECT panel = StatusBar1_.panelArea(1);
+    PB_.place(panel.left, pixels(50_twips), panel.right - panel.left - pixels(65_twips),
+              StatusBar1_.height() - pixels(60_twips));
+}
+
+void frmMain::Form_QueryUnload()
+{
+    preferences_.saveOptions(workspace_.options);
+    const RECT area = windowArea(handle());
+    const StoredPlace place = placeToStore({area.left, area.top},
+                                           {area.right - area.left, area.bottom - area.top},
+                                           GetDpiForSystem(), dpi());
+    const long left = wholeTwips(place.left);
+    const long top = wholeTwips(place.top);
+    const long width = wholeTwips(place.width);
+    const long height = wholeTwips(place.height);
+    SavePos(left, top, width, height, wholeTwips(lstInfo_.columnWidth(0)),
+            wholeTwips(lstInfo_.columnWidth(1)), wholeTwips(lstInfo_.columnWidth(2)));
+}
+
+// The column widths are taken from the list as it saves; the arguments only come along.
+void frmMain::SavePos(const long& iLeft, const long& iTop, const long& iWidth, const long& iHeight,
+                      const long&, const long&, const long&)
+{
+    const bool minimised = IsIconic(handle()) != 0;
+    preferences_.saveWhole(L"Left", minimised ? 0 : iLeft);
+    preferences_.saveWhole(L"Top", minimised ? 0 : iTop);
+    preferences_.saveWhole(L"Width", iWidth);
+    preferences_.saveWhole(L"Height", iHeight);
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        preferences_.saveLength(L"Col" + std::to_wstring(column + 1), lstInfo_.columnWidth(column));
+    }
+    preferences_.saveFlag(L"GridLines", gridLines_);
+    preferences_.saveFlag(L"HoverSel", hoverSelect_);
+}
+
+} // namespace vandrel

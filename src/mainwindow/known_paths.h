@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/system/registry.h"
+
+namespace vandrel::Registry_Module {
+
+// The Favorites folder of the user, as the shell knows it; empty when it does not.
+inline std::wstring favoritesFolder()
+{
+    return registryText(HKEY_CURRENT_USER,
+                        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
+                        L"Favorites");
+}
+
+// The path of the system's web browser, unquoted; empty when none is installed.
+inline std::wstring browserPath()
+{
+    return registryText(HKEY_LOCAL_MACHINE,
+                        L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE", L"");
+}
+
+} // namespace vandrel::Registry_Module

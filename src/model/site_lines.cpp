@@ -1,0 +1,63 @@
+#include "model/site_lines.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace vandrel {
+namespace {
+
+constexpr std::wstring_view fieldEnd = L"|";
+constexpr std::wstring_view lineEnd = L"\r\n";
+
+// Whether `text` stands behind the piece and the separator in memory already. No two texts of different owners are so
+// close.
+bool continues(std::wstring_view piece, std::wstring_view separator, std::wstring_view text)
+{
+    const wchar_t* const end = piece.data() + piece.size();
+    return end + separator.size() == text.data() && std::wstring_view(end, separator.size()) == separator;
+}
+
+constexpr std::size_t rowsAhead = 8;
+
+void prefetchText(std::wstring_view text)
+{
+    constexpr std::uintptr_t cacheLine = 64; // bytes
+    constexpr std::uintptr_t usualSite = 4 * cacheLine;
+    const auto begin = reinterpret_cast<std::uintptr_t>(text.data());
+    for (std::uintptr_t at = begin; at < begin + usualSite; at += cacheLine)
+        __builtin_prefetch(reinterpret_cast<const void*>(at));
+}
+
+} // namespace
+
+std::wstring_view SiteLines::next()
+{
+    while (true) {
+        if (!separator_.empty()) return std::exchange(separator_, {});
+        if (rows_.empty()) return {};
+        if (const std::wstring_view run = takeRun(); !run.empty()) return run;
+    }
+}
+
+std::wstring_view SiteLines::takeRun()
+{
+    // Sorted rows have their texts anywhere in memory.
+    if (rows_.size() > rowsAhead) prefetchText(rows_[rowsAhead].texts.front());
+    std::wstring_view run = rows_.front().texts[field_];
+    while (true) {
+        ++field_;
+        const bool lineEnds = field_ == ListRows::maxColumns;
+        if (lineEnds) {
+            field_ = 0;
+            rows_ = rows_.subspan(1);
+        }
+        const std::wstring_view separator = lineEnds ? lineEnd : fieldEnd;
+        if (rows_.empty() || !continues(run, separator, rows_.front().texts[field_])) {
+            separator_ = separator;
+            return run;
+        }
+        run = {run.data(), run.size() + separator.size() + rows_.front().texts[field_].size()};
+    }
+}
+
+} // namespace vandrel

@@ -1,0 +1,58 @@
+#include "platform/controls/font.h"
+
+#include "platform/base/callback_error.h"
+
+#include <algorithm>
+
+namespace vandrel {
+
+FontHandle makeFont(const FontDescription& description, unsigned dpi)
+{
+    LOGFONTW font{};
+    font.lfHeight = -MulDiv(description.size, static_cast<int>(dpi), 72);
+    font.lfWeight = description.bold ? FW_BOLD : FW_NORMAL;
+    font.lfItalic = description.italic ? TRUE : FALSE;
+    font.lfCharSet = DEFAULT_CHARSET;
+    font.lfQuality = CLEARTYPE_QUALITY;
+    description.name.copy(font.lfFaceName, std::min<std::size_t>(description.name.size(), LF_FACESIZE - 1));
+    return FontHandle(CreateFontIndirectW(&font));
+}
+
+std::vector<std::wstring> screenFonts()
+{
+    struct Search {
+        std::vector<std::wstring> names;
+        CallbackError error;
+    } search;
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesW(
+        screen, nullptr,
+        [](const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM param) {
+            auto& [names, error] = *reinterpret_cast<Search*>(param);
+            return error.keep(0, [&] {
+                // Some systems give a font once for each of its scripts.
+                if (std::ranges::find(names, font->lfFaceName) == names.end())
+                    names.emplace_back(font->lfFaceName);
+                return 1;
+            });
+        },
+        reinterpret_cast<LPARAM>(&search));
+    ReleaseDC(nullptr, screen);
+    search.error.rethrow();
+    return std::move(search.names);
+}
+
+SIZE textSize(HFONT font, const std::wstring& text)
+{
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ before = SelectObject(screen, font);
+    SIZE size{};
+    GetTextExtentPoint32W(screen, text.c_str(), static_cast<int>(text.size()), &size);
+    TEXTMETRICW metrics{};
+    if (GetTextMetricsW(screen, &metrics)) size.cy = metrics.tmHeight;
+    SelectObject(screen, before);
+    ReleaseDC(nullptr, screen);
+    return size;
+}
+
+} // namespace vandrel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <functional>
+#include <vector>
+
+namespace vandrel {
+
+// A list of texts, one of which may be selected. Texts that are wider than the list are reached by scrolling.
+class ListBox : public Control {
+  public:
+    ListBox(HWND parent, int id) : ListBox(parent, id, 0) {}
+
+    std::function<void()> Click; // the user selected an entry, by mouse or by key
+
+    std::size_t count() const;
+    std::wstring text(std::size_t entry) const;
+    // Puts these in place of all entries; none is selected.
+    void fill(const std::vector<std::wstring>& texts);
+    std::optional<std::size_t> selected() const;
+    void select(std::size_t entry);
+    // The entry with that text, whatever the case of its letters.
+    std::optional<std::size_t> find(const std::wstring& text) const;
+    // Scrolls, as far as the list goes, until the entry is the first that is seen.
+    void scrollToTop(std::size_t entry) { SendMessageW(handle(), LB_SETTOPINDEX, entry, 0); }
+
+    void onCommand(WORD code, WORD id) override;
+
+  protected:
+    ListBox(HWND parent, int id, DWORD style);
+
+    void applyFont() override;
+    virtual void opened() {} // an entry was double-clicked
+    // Pixels of an entry's text beyond the left edge of the list.
+    virtual int indent(std::size_t /*entry*/) const { return 0; }
+
+  private:
+    void updateScrollWidth();
+};
+
+} // namespace vandrel

@@ -1,0 +1,234 @@
+#include "platform/base/counted.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/redraw_pause.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+namespace vandrel {
+namespace {
+
+// From this size on, selecting or unselecting row after row is painted once at the end: with painting on, the
+// native control takes seconds for 100,000 rows.
+constexpr std::size_t manyRows = 1000;
+
+bool keyDown(int key) { return GetKeyState(key) < 0; }
+
+} // namespace
+
+void ListView::fireItemClick()
+{
+    clickPending_ = false;
+    const auto row = currentRow();
+    if (row && ItemClick) ItemClick(*row);
+}
+
+void ListView::selectionGained()
+{
+    pressFired_ = true;
+    clickPending_ = true;
+    if (userMessages_ == 0) fireItemClick();
+}
+
+LRESULT ListView::withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const RedrawPause pause(handle());
+    return Control::onMessage(message, wParam, lParam);
+}
+
+// Whether a key or a press that the native control is about to answer changes the state of many rows.
+bool ListView::unselectsMany(UINT message) const
+{
+    if (count() < manyRows || selection_ == Selection::one) return false;
+    const bool extends = keyDown(VK_SHIFT) && message != WM_LBUTTONUP;
+    return extends || selectedCount() >= manyRows;
+}
+
+LRESULT ListView::userMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto selectedBefore = firstSelected();
+    const unsigned changesBefore = changes_;
+    LRESULT answer = 0;
+    {
+        const Counted user(userMessages_);
+        answer = unselectsMany(message) ? withoutRedraw(message, wParam, lParam)
+                                        : Control::onMessage(message, wParam, lParam);
+    }
+    if (selection_ == Selection::one && selectedBefore && !firstSelected() && changes_ == changesBefore) {
+        select(*selectedBefore);
+    }
+    if (clickPending_ && userMessages_ == 0) fireItemClick();
+    return answer;
+}
+
+LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_KEYDOWN:
+        if (wParam == 'A' && selection_ == Selection::many && keyDown(VK_CONTROL) && !keyDown(VK_MENU)) {
+            selectAll();
+            if (const auto row = currentRow(); row && ItemClick) ItemClick(*row);
+            return 0;
+        }
+        if (wParam == VK_RETURN && Return) {
+            Return();
+            return 0;
+        }
+        return userMessage(message, wParam, lParam);
+    case WM_MOUSEMOVE:
+        if (MouseMove) MouseMove();
+        return Control::onMessage(message, wParam, lParam);
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN: pressFired_ = false; return userMessage(message, wParam, lParam);
+    case WM_LBUTTONUP: return userMessage(message, wParam, lParam);
+    case WM_CONTEXTMENU:
+        // The mouse was answered with NM_RCLICK; this is the menu key.
+        if (GET_X_LPARAM(lParam) == -1 && GET_Y_LPARAM(lParam) == -1) openMenuLater(menuPoint());
+        return 0;
+    case WM_GETDLGCODE: {
+        const auto* const key = reinterpret_cast<const MSG*>(lParam);
+        const bool wantsKey = key != nullptr && key->wParam == VK_RETURN && Return;
+        return Control::onMessage(message, wParam, lParam) | DLGC_WANTARROWS |
+               (wantsKey ? DLGC_WANTMESSAGE : 0);
+    }
+    case WM_SYSCOLORCHANGE: {
+        const LRESULT answer = Control::onMessage(message, wParam, lParam);
+        takeSystemColors();
+        return answer;
+    }
+    default: return Control::onMessage(message, wParam, lParam);
+    }
+}
+
+POINT ListView::menuPoint() const
+{
+    RECT area{};
+    GetClientRect(handle(), &area);
+    POINT point{area.left + 8, area.top + 24};
+    RECT item{};
+    item.left = LVIR_LABEL;
+    if (const auto row = currentRow(); row && send(LVM_GETITEMRECT, *row, reinterpret_cast<LPARAM>(&item))) {
+        point.x = item.left + 8;
+        point.y = std::clamp(item.bottom, area.top, area.bottom);
+    }
+    ClientToScreen(handle(), &point);
+    return point;
+}
+
+void ListView::answerDisplay(LVITEMW& item) const
+{
+    const auto row = static_cast<std::size_t>(item.iItem);
+    if (item.iItem < 0 || row >= count()) return;
+    if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
+        const auto column = static_cast<std::size_t>(item.iSubItem);
+        const std::wstring_view text = column < ListRows::maxColumns ? rows_.text(row, column)
+                                                                     : std::wstring_view{};
+        item.pszText[text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax - 1))] = L'\0';
+    }
+    if ((item.mask & LVIF_IMAGE) != 0) item.iImage = rows_[row].image - 1;
+}
+
+// The row that typed letters lead to.
+LRESULT ListView::findRow(const NMLVFINDITEMW& wanted) const
+{
+    const bool wholeText = (wanted.lvfi.flags & LVFI_PARTIAL) == 0;
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr) return -1;
+    const std::wstring_view typed(wanted.lvfi.psz);
+    for (std::size_t step = 0; step < count(); ++step) {
+        const std::size_t row = (static_cast<std::size_t>(std::max(wanted.iStart, 0)) + step) % count();
+        std::wstring_view text = rows_.text(row, 0);
+        if (!wholeText) text = text.substr(0, typed.size());
+        if (CompareStringOrdinal(text.data(), static_cast<int>(text.size()), typed.data(),
+                                 static_cast<int>(typed.size()), TRUE) == CSTR_EQUAL) {
+            return static_cast<LRESULT>(row);
+        }
+    }
+    return -1;
+}
+
+std::optional<LRESULT> ListView::onBeginLabelEdit(const NMLVDISPINFOW& info)
+{
+    const auto row = static_cast<std::size_t>(info.item.iItem);
+    if (row >= count()) return TRUE; // refused
+    editedRow_ = id(row);
+    if (BeforeLabelEdit) BeforeLabelEdit(row);
+    return FALSE;
+}
+
+// The row that the edit began on, wherever it stands by now.
+std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
+{
+    const ListRows::Id edited = std::exchange(editedRow_, 0);
+    const auto row = rowOf(edited);
+    if (info.item.pszText == nullptr || !row) return FALSE;
+    const std::wstring text = info.item.pszText;
+    const std::wstring_view kept = rows_.keepText(
+        text); // what was renamed is to be shown so, whatever happens
+    if (AfterLabelEdit && !AfterLabelEdit(*row, text)) return FALSE;
+    const auto now = rowOf(edited); // messages may have run
+    if (!now) return FALSE;
+    rows_.useText(*now, 0, kept);
+    redrawRow(*now);
+    return TRUE;
+}
+
+// Behind what the press or key selected.
+void ListView::openMenuLater(POINT screen)
+{
+    later([this, screen] {
+        setFocus();
+        if (clickPending_) fireItemClick();
+        if (RightClick) RightClick(screen);
+    });
+}
+
+std::optional<LRESULT> ListView::onNotify(NMHDR& header)
+{
+    switch (header.code) {
+    case LVN_GETDISPINFOW: answerDisplay(reinterpret_cast<NMLVDISPINFOW&>(header).item); return 0;
+    case LVN_ODFINDITEMW: return findRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
+    case LVN_ITEMCHANGED: {
+        const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+        if ((change.uNewState & LVIS_FOCUSED) != 0 && change.iItem >= 0) {
+            lastFocused_ = static_cast<std::size_t>(change.iItem);
+        }
+        const bool gained = (change.uNewState & LVIS_SELECTED) != 0 &&
+                            (change.uOldState & LVIS_SELECTED) == 0;
+        if (gained && quiet_ == 0) selectionGained();
+        return 0;
+    }
+    case LVN_ODSTATECHANGED:
+        if (quiet_ == 0 &&
+            (reinterpret_cast<const NMLVODSTATECHANGE&>(header).uNewState & LVIS_SELECTED) != 0) {
+            selectionGained();
+        }
+        return 0;
+    case NM_CLICK:
+        // A click on a row that was selected before.
+        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !pressFired_) selectionGained();
+        return 0;
+    case NM_DBLCLK:
+        later([this] {
+            if (DblClick) DblClick();
+        });
+        return 0;
+    case NM_RCLICK: {
+        POINT point{};
+        GetCursorPos(&point);
+        openMenuLater(point);
+        return 1; // answered: no WM_CONTEXTMENU for it
+    }
+    case LVN_COLUMNCLICK:
+        later([this, column = reinterpret_cast<const NMLISTVIEW&>(header).iSubItem] {
+            finishLabelEdit(); // what was typed is meant for the row as it stands now
+            if (ColumnClick) ColumnClick(static_cast<std::size_t>(column));
+        });
+        return 0;
+    case LVN_BEGINLABELEDITW: return onBeginLabelEdit(reinterpret_cast<const NMLVDISPINFOW&>(header));
+    case LVN_ENDLABELEDITW: return onEndLabelEdit(reinterpret_cast<const NMLVDISPINFOW&>(header));
+    default: return std::nullopt;
+    }
+}
+
+} // namespace vandrel

@@ -1,0 +1,175 @@
+#include "platform/base/counted.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/redraw_pause.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vandrel {
+
+// Looking for a state goes through the rows one by one in some versions of the control, so what is known is asked
+// for first: how many are selected, and the row that was the last to get the focus.
+std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
+{
+    const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
+    return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+}
+
+std::optional<std::size_t> ListView::firstSelected() const
+{
+    if (!nativeKnowsSelection()) return selectedInPause_;
+    const std::size_t selected = selectedCount();
+    if (selected == 0) return std::nullopt;
+    if (selected == 1 && lastFocused_ < count() && isSelected(lastFocused_)) return lastFocused_;
+    return nextRow(-1, LVNI_SELECTED);
+}
+
+std::optional<std::size_t> ListView::currentRow() const
+{
+    if (!nativeKnowsSelection()) return selectedInPause_;
+    if (selectedCount() == 0) return std::nullopt;
+    constexpr UINT current = LVIS_FOCUSED | LVIS_SELECTED;
+    if (lastFocused_ < count() && send(LVM_GETITEMSTATE, lastFocused_, current) == current)
+        return lastFocused_;
+    const auto row = nextRow(-1, LVNI_FOCUSED | LVNI_SELECTED);
+    return row ? row : firstSelected();
+}
+
+bool ListView::isSelected(std::size_t row) const
+{
+    if (!nativeKnowsSelection()) return selectedInPause_ == row;
+    return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
+}
+
+std::size_t ListView::selectedCount() const
+{
+    if (!nativeKnowsSelection()) return selectedInPause_ ? 1 : 0;
+    return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT));
+}
+
+void ListView::setState(int row, UINT state, UINT mask)
+{
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+void ListView::select(std::size_t row)
+{
+    if (pauses_ > 0) {
+        severalInPause_ = false;
+        selectedInPause_ = row;
+        return;
+    }
+    const Counted quiet(quiet_);
+    dropSelection();
+    setState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
+}
+
+void ListView::selectAll()
+{
+    if (selection_ != Selection::many || empty()) return;
+    const RedrawPause pause(handle());
+    const Counted quiet(quiet_);
+    setState(-1, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+void ListView::clearSelection()
+{
+    if (selectedCount() == 0) return;
+    if (pauses_ > 0) {
+        severalInPause_ = false;
+        selectedInPause_.reset();
+        return;
+    }
+    const RedrawPause pause(handle());
+    const Counted quiet(quiet_);
+    dropSelection();
+}
+
+// One selected row is remembered. To give several back would take long, so they are left where they are.
+ListPause::ListPause(std::vector<ListView*> lists) : lists_(std::move(lists))
+{
+    for (ListView* const list : lists_) {
+        if (list->pauses_ == 0) {
+            list->severalInPause_ = list->selectedCount() > 1;
+            list->selectedInPause_ = list->severalInPause_ ? std::nullopt : list->currentRow();
+        }
+        ++list->pauses_;
+    }
+}
+
+ListPause::~ListPause()
+{
+    for (ListView* const list : lists_) {
+        if (--list->pauses_ == 0) list->catchUp();
+    }
+}
+
+void ListView::catchUp()
+{
+    const auto selected = selectedInPause_;
+    updateCount(LVSICF_NOSCROLL);
+    if (std::exchange(severalInPause_, false)) return;
+    if (firstSelected() == selected && selectedCount() <= 1) return;
+    clearSelection();
+    if (selected && *selected < count()) select(*selected);
+}
+
+// As many rows as are selected, the last of them the last that is: then there is no gap. Asking for tens of thousands of
+// rows one by one takes longer than removing them.
+bool ListView::isSelectedBlock(std::size_t first, std::size_t rows) const
+{
+    const std::size_t last = first + rows - 1;
+    return last < count() && isSelected(last) && !nextRow(static_cast<LRESULT>(last), LVNI_SELECTED);
+}
+
+// Row by row where they are scattered: all at once takes the control far longer then. Needs no memory, so that a list
+// can always be emptied.
+void ListView::dropSelection()
+{
+    std::size_t left = selectedCount();
+    auto row = left > 0 ? firstSelected() : std::nullopt;
+    if (row && isSelectedBlock(*row, left)) {
+        setState(-1, 0, LVIS_SELECTED);
+        return;
+    }
+    for (; row && left > 0; --left) {
+        setState(static_cast<int>(*row), 0, LVIS_SELECTED);
+        row = left > 1 ? nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED) : std::nullopt;
+    }
+}
+
+// Without memory, so that a row can always be taken off again.
+void ListView::takeSelection()
+{
+    for (std::size_t row = 0; row < count(); ++row) rows_[row].marked = rows_[row].current = false;
+    std::size_t left = selectedCount();
+    auto row = left > 0 ? firstSelected() : std::nullopt;
+    const bool block = row && isSelectedBlock(*row, left);
+    for (; row && left > 0; --left) {
+        rows_[*row].marked = true;
+        if (left == 1) break;
+        row = block ? std::optional(*row + 1) : nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED);
+    }
+    if (const auto current = currentRow()) rows_[*current].current = true;
+}
+
+void ListView::giveSelection()
+{
+    std::size_t marked = 0;
+    for (std::size_t row = 0; row < count(); ++row) marked += rows_[row].marked ? 1 : 0;
+    if (marked == count() && marked > 0 && selection_ == Selection::many)
+        setState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    for (std::size_t row = 0; row < count(); ++row) {
+        UINT state = 0;
+        if (rows_[row].marked && marked != count()) state |= LVIS_SELECTED;
+        if (rows_[row].marked && selection_ == Selection::one) state |= LVIS_SELECTED;
+        if (rows_[row].current) state |= LVIS_FOCUSED;
+        if (state != 0) setState(static_cast<int>(row), state, state);
+    }
+}
+
+} // namespace vandrel

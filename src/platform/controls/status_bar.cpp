@@ -1,0 +1,47 @@
+#include "platform/controls/status_bar.h"
+
+#include <commctrl.h>
+
+namespace vandrel {
+
+StatusBar::StatusBar(HWND parent) : Control(parent, STATUSCLASSNAMEW, SBARS_SIZEGRIP | WS_CLIPCHILDREN, 0, -1)
+{}
+
+std::wstring StatusBar::panelText(int panel) const
+{
+    const auto part = static_cast<WPARAM>(panel - 1);
+    std::wstring text(LOWORD(SendMessageW(handle(), SB_GETTEXTLENGTHW, part, 0)), L'\0');
+    SendMessageW(handle(), SB_GETTEXTW, part, reinterpret_cast<LPARAM>(text.data()));
+    return text;
+}
+
+void StatusBar::setPanelText(int panel, const std::wstring& text)
+{
+    // The control counts letters in 16 bits, and no panel shows so many.
+    const std::wstring shown = text.substr(0, 0xFFFF);
+    SendMessageW(handle(), SB_SETTEXTW, static_cast<WPARAM>(panel - 1),
+                 reinterpret_cast<LPARAM>(shown.c_str()));
+}
+
+RECT StatusBar::panelArea(int panel) const
+{
+    RECT area{};
+    SendMessageW(handle(), SB_GETRECT, static_cast<WPARAM>(panel - 1), reinterpret_cast<LPARAM>(&area));
+    return area;
+}
+
+void StatusBar::setPanelEdges(int first, int second)
+{
+    const std::array<int, panelCount> edges{first, second, -1};
+    SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+}
+
+void StatusBar::setPanelEdge(int first)
+{
+    const std::array<int, 2> edges{first, -1};
+    SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+}
+
+void StatusBar::dock() { SendMessageW(handle(), WM_SIZE, 0, 0); }
+
+} // namespace vandrel

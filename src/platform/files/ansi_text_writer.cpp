@@ -1,0 +1,72 @@
+#include "platform/files/ansi_text_writer.h"
+
+#include "platform/text/ansi_text.h"
+
+#include <algorithm>
+
+namespace vandrel {
+namespace {
+
+constexpr std::size_t usualRoom = 256U << 10;
+constexpr std::size_t unitsAtOnce = 64U << 10;
+
+// The end of a part that can be encoded alone: behind a letter of ASCII, because letters outside it may belong together.
+std::size_t endOfPart(std::wstring_view text)
+{
+    const auto isAscii = [](wchar_t unit) { return unit < 0x80; };
+    if (text.size() <= unitsAtOnce) return text.size();
+    const auto middle = text.begin() + unitsAtOnce;
+    const auto last = std::find_if(std::make_reverse_iterator(middle), text.rend(), isAscii).base();
+    if (last != text.begin()) return static_cast<std::size_t>(last - text.begin());
+    const auto first = std::find_if(middle, text.end(), isAscii);
+    return static_cast<std::size_t>(first - text.begin());
+}
+
+} // namespace
+
+AnsiTextWriter::AnsiTextWriter(const WritePart& write) : write_(write) { makeRoom(usualRoom); }
+
+bool AnsiTextWriter::add(std::wstring_view piece)
+{
+    if (piece.empty()) return good_;
+    encode(waiting_, piece.front());
+    waiting_ = piece;
+    return good_;
+}
+
+bool AnsiTextWriter::end()
+{
+    encode(waiting_, L'\0');
+    waiting_ = {};
+    writeOut();
+    return good_;
+}
+
+void AnsiTextWriter::encode(std::wstring_view text, wchar_t behind)
+{
+    while (!text.empty() && good_) {
+        const std::wstring_view part = text.substr(0, endOfPart(text));
+        text.remove_prefix(part.size());
+        makeRoom(mostAnsiBytes(part.size()));
+        char* const start = bytes_.get() + used_;
+        used_ += static_cast<std::size_t>(encodeAnsi(part, start, text.empty() ? behind : text.front()) -
+                                          start);
+    }
+}
+
+void AnsiTextWriter::makeRoom(std::size_t bytes)
+{
+    if (room_ - used_ >= bytes) return;
+    writeOut();
+    if (room_ >= bytes) return;
+    bytes_ = std::make_unique_for_overwrite<char[]>(bytes);
+    room_ = bytes;
+}
+
+void AnsiTextWriter::writeOut()
+{
+    if (used_ > 0) good_ = good_ && write_({bytes_.get(), used_});
+    used_ = 0;
+}
+
+} // namespace vandrel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/files/file_layer.h"
+
+namespace vandrel {
+
+// What the ways to write a file have in common. Reasons are the system's error numbers.
+
+// All bytes, in as many calls as it takes.
+bool writeBytes(FileLayer& files, HANDLE file, std::string_view bytes);
+
+// A file that another program has open; for now, that is.
+bool meansHeld(DWORD reason);
+// Whether another program has the file open, be it only to look at it. Keeps the last error.
+bool isHeld(const std::wstring& path);
+
+// Tries for about two seconds, until `attempt` succeeds or what stops it is no reason that `passes` by itself. False leaves
+// the reason in the last error. Needs no memory.
+template <typename Attempt, typename Passes> bool withPatience(Attempt attempt, Passes passes)
+{
+    constexpr ULONGLONG patienceMilliseconds = 2000;
+    constexpr DWORD pauseMilliseconds = 25;
+    const ULONGLONG deadline = GetTickCount64() + patienceMilliseconds;
+    while (!attempt()) {
+        const DWORD reason = GetLastError();
+        const bool again = passes(reason) && GetTickCount64() < deadline;
+        SetLastError(reason);
+        if (!again) return false;
+        Sleep(pauseMilliseconds);
+    }
+    return true;
+}
+template <typename Attempt> bool withPatience(Attempt attempt) { return withPatience(attempt, meansHeld); }
+
+// A move over a file would go past its read-only mark, and so would some systems that write into it. Throws RuntimeError
+// (75).
+void requireReplaceable(const std::wstring& path);
+
+} // namespace vandrel

@@ -1,0 +1,138 @@
+#include "platform/base/handle.h"
+#include "platform/base/system_error.h"
+#include "platform/files/file_layer.h"
+#include "platform/files/file_steps.h"
+#include "platform/files/left_behind.h"
+#include "platform/files/save_in_place.h"
+
+#include <array>
+#include <optional>
+
+namespace vandrel {
+namespace {
+
+// The user lacks a right; waiting does not mend it.
+bool meansRefused(DWORD reason)
+{
+    return reason == ERROR_ACCESS_DENIED || reason == ERROR_NETWORK_ACCESS_DENIED ||
+           reason == ERROR_CANNOT_MAKE;
+}
+
+bool isPlainFile(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) == 0;
+}
+
+bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContents& contents)
+{
+    const HANDLE file = files.createForWriting(path);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    // Taken at once: what composes the contents goes on after a part was refused, and may change the last error.
+    DWORD reason = ERROR_SUCCESS;
+    const auto noted = [&](bool done) {
+        if (!done) reason = GetLastError();
+        return done;
+    };
+    bool written = false;
+    try {
+        const WritePart write = [&](std::string_view bytes) { return noted(writeBytes(files, file, bytes)); };
+        written = contents(write) && noted(files.flush(file));
+    } catch (...) {
+        files.close(file);
+        throw;
+    }
+    const bool closed = files.close(file);
+    if (!written) SetLastError(reason);
+    return written && closed;
+}
+
+bool writeSiblingPatiently(FileLayer& files, const std::wstring& sibling, const WriteContents& contents)
+{
+    return withPatience([&] { return writeSibling(files, sibling, contents); },
+                        [&](DWORD reason) {
+                            return meansHeld(reason) ||
+                                   (reason == ERROR_ACCESS_DENIED && isPlainFile(sibling));
+                        });
+}
+
+// Replacing a file that is open elsewhere is refused as a lack of access, too. One that nobody has open is tried a few
+// times more: whoever had it open may have let go of it between the refusal and the question.
+bool replacePatiently(FileLayer& files, const std::wstring& sibling, const std::wstring& target)
+{
+    int moreAttempts = 3;
+    const auto passes = [&](DWORD reason) {
+        if (reason != ERROR_ACCESS_DENIED) return meansHeld(reason);
+        return isPlainFile(target) && (isHeld(target) || moreAttempts-- > 0);
+    };
+    if (withPatience([&] { return files.replace(sibling, target); }, passes)) return true;
+    if (GetLastError() == ERROR_ACCESS_DENIED && isHeld(target)) SetLastError(ERROR_SHARING_VIOLATION);
+    return false;
+}
+
+bool replaceBySibling(FileLayer& files, const std::wstring& target, const std::wstring& sibling,
+                      const WriteContents& contents)
+{
+    if (!writeSiblingPatiently(files, sibling, contents)) return false;
+    // What cannot be copied, because the user may not or the file system has no such thing, the folder has given.
+    withPatience([&] { return files.copyIdentity(target, sibling); });
+    return replacePatiently(files, sibling, target);
+}
+
+} // namespace
+
+void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files)
+{
+    replaceFile(path, WriteContents([&](const WritePart& write) { return write(bytes); }), files);
+}
+
+void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files)
+{
+    const std::wstring target = extendedPath(path);
+    requireReplaceable(target);
+    const std::wstring sibling = temporaryFileBeside(target);
+    DWORD reason = ERROR_SUCCESS;
+    try {
+        if (replaceBySibling(files, target, sibling, contents)) return;
+        reason = GetLastError();
+    } catch (...) {
+        files.remove(sibling);
+        throw;
+    }
+    files.remove(sibling);
+    if (!meansRefused(reason) || !fileExists(target)) throw runtimeErrorOf(reason);
+    saveInPlace(target, contents, files);
+}
+
+void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files)
+{
+    const std::wstring source = extendedPath(from);
+    const std::wstring target = extendedPath(to);
+    if (isSameFile(source, target)) throw RuntimeError(error_number::permissionDenied);
+    requireReplaceable(target);
+    const std::wstring sibling = temporaryFileBeside(target);
+    if (files.copy(source, sibling) && replacePatiently(files, sibling, target)) return;
+    const DWORD reason = GetLastError();
+    files.clearAttributes(sibling); // it may be a copy of a read-only file
+    files.remove(sibling);
+    throw runtimeErrorOf(reason);
+}
+
+bool isSameFile(const std::wstring& one, const std::wstring& other)
+{
+    const auto identity = [](const std::wstring& path) {
+        BY_HANDLE_FILE_INFORMATION info{};
+        const FileHandle file(CreateFileW(path.c_str(), 0,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
+        const bool known = file && GetFileInformationByHandle(file.get(), &info);
+        return known ? std::optional(
+                           std::array{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow})
+                     : std::nullopt;
+    };
+    const auto first = identity(one);
+    return first && first == identity(other);
+}
+
+} // namespace vandrel

@@ -1,0 +1,82 @@
+#include "platform/system/transfer_thread.h"
+
+#include "platform/base/runtime_error.h"
+#include "platform/system/web_request.h"
+
+#include <wininet.h>
+
+#include <mutex>
+#include <new>
+#include <utility>
+
+namespace vandrel {
+
+std::shared_ptr<TransferThread> TransferThread::start(TransferWork work)
+{
+    auto made = std::make_shared<TransferThread>(work);
+    auto own = std::make_unique<std::shared_ptr<TransferThread>>(made);
+    const HANDLE thread = CreateThread(nullptr, 0, run, own.get(), 0, nullptr);
+    if (thread == nullptr) throw RuntimeError(error_number::outOfMemory);
+    static_cast<void>(own.release()); // it is the thread's now
+    CloseHandle(thread);
+    return made;
+}
+
+void TransferThread::take(std::shared_ptr<TransferJob> job) noexcept
+{
+    {
+        const std::lock_guard lock(guard_);
+        next_ = std::move(job);
+    }
+    SetEvent(wake_.get());
+}
+
+void TransferThread::abandon() noexcept
+{
+    {
+        const std::lock_guard lock(guard_);
+        abandoned_ = true;
+    }
+    SetEvent(wake_.get());
+    // Where the system allows it, this ends the call that hangs.
+    if (const HINTERNET session = session_.exchange(nullptr)) InternetCloseHandle(session);
+}
+
+DWORD WINAPI TransferThread::run(void* parameter) noexcept
+{
+    const std::unique_ptr<std::shared_ptr<TransferThread>> self(
+        static_cast<std::shared_ptr<TransferThread>*>(parameter));
+    (*self)->takeJobs();
+    return 0;
+}
+
+void TransferThread::takeJobs() noexcept
+{
+    session_ = openSession();
+    while (WaitForSingleObject(wake_.get(), INFINITE) == WAIT_OBJECT_0) {
+        std::shared_ptr<TransferJob> job;
+        {
+            const std::lock_guard lock(guard_);
+            if (abandoned_) break;
+            job = std::exchange(next_, nullptr);
+        }
+        if (job) carryOut(*job);
+    }
+    if (const HINTERNET session = session_.exchange(nullptr)) InternetCloseHandle(session);
+}
+
+// Nobody stands behind a thread: what left it would end the program, and whoever waits would never hear of it.
+void TransferThread::carryOut(TransferJob& job) noexcept
+{
+    try {
+        job.finish(0, work_(session_, job));
+    } catch (const RuntimeError& error) {
+        job.finish(error.number(), {});
+    } catch (const std::bad_alloc&) {
+        job.finish(error_number::outOfMemory, {});
+    } catch (...) {
+        job.finish(error_number::requestFailed, {});
+    }
+}
+
+} // namespace vandrel

@@ -1,0 +1,180 @@
+#include "platform/windows/drop_target.h"
+
+#include "platform/base/callback_error.h"
+#include "platform/base/scope_exit.h"
+#include "platform/text/ansi_text.h"
+
+#include <atomic>
+#include <optional>
+
+namespace vandrel {
+namespace {
+
+constexpr UINT dropMessage = WM_APP;
+
+FORMATETC inMemory(CLIPFORMAT format) { return {format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL}; }
+
+template <typename Character> std::basic_string_view<Character> upToNul(const void* memory, std::size_t bytes)
+{
+    const std::basic_string_view<Character> text(static_cast<const Character*>(memory),
+                                                 bytes / sizeof(Character));
+    return text.substr(0, text.find(Character{}));
+}
+
+// No value when the data has no such form. Throws RuntimeError when it has and does not give it.
+std::optional<std::wstring> textAs(IDataObject& data, CLIPFORMAT format)
+{
+    FORMATETC wanted = inMemory(format);
+    STGMEDIUM medium{};
+    if (FAILED(data.GetData(&wanted, &medium))) {
+        if (data.QueryGetData(&wanted) == S_OK) throw RuntimeError(error_number::deviceError);
+        return std::nullopt;
+    }
+    const ScopeExit release([&medium] { ReleaseStgMedium(&medium); });
+    if (medium.tymed != TYMED_HGLOBAL || medium.hGlobal == nullptr) {
+        throw RuntimeError(error_number::deviceError);
+    }
+    const void* const memory = GlobalLock(medium.hGlobal);
+    if (memory == nullptr) throw RuntimeError(error_number::deviceError);
+    const ScopeExit unlock([&medium] { GlobalUnlock(medium.hGlobal); });
+    const std::size_t size = GlobalSize(medium.hGlobal);
+    if (format == CF_TEXT) return decodeAnsi(upToNul<char>(memory, size));
+    return std::wstring(upToNul<wchar_t>(memory, size));
+}
+
+DroppedData read(IDataObject& data)
+{
+    try {
+        // Text that is offered in its Unicode form alone, as some browsers do, is plain text, too.
+        for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
+            if (auto text = textAs(data, format)) return DroppedData(std::move(*text));
+        }
+        return DroppedData(RuntimeError(error_number::noSuchFormat));
+    } catch (const RuntimeError& error) {
+        return DroppedData(error);
+    } catch (const std::bad_alloc&) {
+        return DroppedData(RuntimeError(error_number::outOfMemory));
+    }
+}
+
+} // namespace
+
+// The system's interfaces have no virtual destructor; an object goes by its Release.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+// What OLE holds. It outlives the drop target when a source keeps it, and then refuses everything.
+class DropTarget::Receiver final : public IDropTarget {
+  public:
+    explicit Receiver(DropTarget& owner) : owner_(&owner) {}
+
+    void forgetOwner() { owner_ = nullptr; }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
+    {
+        if (object == nullptr) return E_POINTER;
+        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDropTarget);
+        *object = known ? static_cast<IDropTarget*>(this) : nullptr;
+        if (!known) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    // Whatever is dragged may be dropped: that it holds no text is told after the drop.
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override
+    {
+        return DragOver(0, {}, effect);
+    }
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override
+    {
+        if (effect == nullptr) return E_INVALIDARG;
+        *effect = answer(*effect);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override
+    {
+        if (data == nullptr || effect == nullptr) return E_INVALIDARG;
+        *effect = answer(*effect);
+        if (*effect == DROPEFFECT_NONE) return S_OK;
+        // Nothing is ever taken away from the source, even if moving is all that it offers.
+        if (*effect == DROPEFFECT_MOVE) *effect = DROPEFFECT_NONE;
+        // A drop that cannot even be taken down is refused: no box while the source waits.
+        return CallbackError().keep(E_OUTOFMEMORY, [&] {
+            owner_->dropped(read(*data));
+            return S_OK;
+        });
+    }
+
+  private:
+    ~Receiver() = default;
+
+    DWORD answer(DWORD allowed) const
+    {
+        if (owner_ == nullptr || IsWindowEnabled(GetAncestor(owner_->target_, GA_ROOT)) == 0) {
+            return DROPEFFECT_NONE;
+        }
+        for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
+            if ((allowed & effect) != 0) return effect;
+        }
+        return DROPEFFECT_NONE;
+    }
+
+    std::atomic<ULONG> references_ = 1;
+    DropTarget* owner_;
+};
+
+#pragma GCC diagnostic pop
+
+const std::wstring& DroppedData::text() const
+{
+    if (const auto* const failure = std::get_if<RuntimeError>(&content_)) throw *failure;
+    return std::get<std::wstring>(content_);
+}
+
+DropTarget::DropTarget(HWND window)
+    : Window({.className = L"Vandrel.DropTarget", .style = 0, .parent = HWND_MESSAGE}),
+      target_(window),
+      receiver_(new Receiver(*this))
+{
+    if (FAILED(RegisterDragDrop(target_, receiver_))) {
+        receiver_->Release();
+        throw RuntimeError(error_number::outOfMemory);
+    }
+}
+
+DropTarget::~DropTarget() { revoke(); }
+
+void DropTarget::revoke()
+{
+    if (receiver_ == nullptr) return;
+    receiver_->forgetOwner();
+    RevokeDragDrop(target_);
+    receiver_->Release();
+    receiver_ = nullptr;
+}
+
+void DropTarget::dropped(DroppedData data)
+{
+    waiting_.push_back(std::move(data));
+    if (PostMessageW(handle(), dropMessage, 0, 0) == 0) waiting_.pop_back();
+}
+
+LRESULT DropTarget::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != dropMessage) return Window::onMessage(message, wParam, lParam);
+    if (waiting_.empty()) return 0;
+    const DroppedData data = std::move(waiting_.front());
+    waiting_.pop_front();
+    if (Drop) Drop(data);
+    return 0;
+}
+
+} // namespace vandrel

@@ -1,0 +1,59 @@
+#include "platform/windows/window.h"
+
+#include "platform/base/guarded.h"
+#include "platform/base/system_error.h"
+#include "platform/controls/control.h"
+#include "platform/controls/window_text.h"
+
+#include <utility>
+
+namespace vandrel {
+
+Window::Window(const Creation& creation)
+{
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = windowProc;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = creation.cursor != nullptr ? creation.cursor : LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hIcon = creation.icon;
+    windowClass.hbrBackground = GetSysColorBrush(creation.backgroundColor);
+    windowClass.lpszClassName = creation.className;
+    RegisterClassExW(&windowClass); // a second window of the class finds it registered
+    window_ = CreateWindowExW(creation.extendedStyle, creation.className, L"", creation.style, 0, 0, 0, 0,
+                              creation.parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(creation.id)),
+                              windowClass.hInstance, nullptr);
+    if (window_ == nullptr) raiseLastError();
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+Window::~Window() { destroy(); }
+
+void Window::destroy()
+{
+    if (window_ != nullptr) DestroyWindow(window_);
+}
+
+LRESULT CALLBACK Window::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    auto* const object = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        object->window_ = nullptr;
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+    return guarded(window, 0, [&] { return object->onMessage(message, wParam, lParam); });
+}
+
+LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (const auto answer = reflect(message, wParam, lParam)) return *answer;
+    return DefWindowProcW(window_, message, wParam, lParam);
+}
+
+std::wstring Window::caption() const { return windowText(window_); }
+
+void Window::setCaption(const std::wstring& caption) { SetWindowTextW(window_, caption.c_str()); }
+
+} // namespace vandrel

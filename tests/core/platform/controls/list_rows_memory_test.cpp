@@ -1,0 +1,146 @@
+#include "list_rows_texts.h"
+#include "model/site_lines.h"
+#include "tests/support/failing_new.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <new>
+
+namespace vandrel::test {
+namespace {
+
+// Texts that find no room within a string itself.
+std::wstring longText(const wchar_t* mark) { return std::wstring(mark) + L" and what makes it a long text"; }
+
+Strings site(const wchar_t* name, const wchar_t* url)
+{
+    return {longText(name), longText(url), longText(L"about"), longText(L"today")};
+}
+
+ListRows threeSites() { return filled({site(L"b", L"3"), site(L"c", L"2"), site(L"a", L"1")}); }
+
+using Content = std::vector<Names>;
+
+Content contentOf(const ListRows& list)
+{
+    Content content;
+    for (std::size_t number = 0; number < ListRows::maxColumns; ++number)
+        content.push_back(column(list, number));
+    return content;
+}
+
+// Does something to three sites, over and over, with one allocation after the other failing. The list is as before then,
+// and everything can still be done with it.
+void expectAllOrNothing(const std::function<void(ListRows&)>& change)
+{
+    bool failed = true;
+    for (unsigned n = 1; failed; ++n) {
+        ListRows list = threeSites();
+        const Content before = contentOf(list);
+        const bool sorted = list.sorted();
+        const std::size_t key = list.sortKey();
+        failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
+        try {
+            change(list);
+            failing_new::disarm();
+        } catch (const std::bad_alloc&) {
+            failing_new::disarm();
+            EXPECT_EQ(contentOf(list), before) << n;
+            EXPECT_EQ(list.sorted(), sorted) << n;
+            EXPECT_EQ(list.sortKey(), key) << n;
+        }
+        failed = failing_new::failed();
+        list.sortBy(urlColumn, SortOrder::ascending);
+        list.add(site(L"d", L"0"), 1);
+        const Names urls = column(list, urlColumn);
+        EXPECT_TRUE(std::ranges::is_sorted(urls)) << n;
+        EXPECT_EQ(urls.front(), longText(L"0")) << n;
+        ASSERT_LT(n, 100U) << "it never gets to its end";
+    }
+}
+
+TEST(ListRowsMemory, FillsOrLeavesTheListAsItWas)
+{
+    expectAllOrNothing([](ListRows& list) {
+        auto block = std::make_shared<const std::wstring>(longText(L"x"));
+        std::vector<ListRows::Row> rows(1);
+        rows[0].texts[0] = *block;
+        rows[0].texts[1] = *block;
+        list.fill(std::move(block), std::move(rows));
+    });
+}
+
+TEST(ListRowsMemory, AppendsOrLeavesTheListAsItWas)
+{
+    expectAllOrNothing([](ListRows& list) {
+        auto block = std::make_shared<const std::wstring>(longText(L"x"));
+        ListRows::Row row;
+        row.texts[0] = *block;
+        row.texts[1] = *block;
+        list.append(std::move(block), {&row, 1});
+    });
+}
+
+TEST(ListRowsMemory, AddsOrLeavesTheListAsItWas)
+{
+    expectAllOrNothing([](ListRows& list) { list.add(site(L"e", L"4"), 1); });
+    expectAllOrNothing([](ListRows& list) { list.insert(1, site(L"e", L"4"), 1); });
+}
+
+TEST(ListRowsMemory, ChangesATextOrLeavesTheListAsItWas)
+{
+    expectAllOrNothing([](ListRows& list) { list.setText(1, 0, longText(L"e")); });
+}
+
+TEST(ListRowsMemory, SortsOrLeavesTheListAsItWas)
+{
+    expectAllOrNothing([](ListRows& list) { list.sortBy(nameColumn, SortOrder::descending); });
+    expectAllOrNothing([](ListRows& list) { list.setSorted(true); });
+}
+
+// A sort that failed must not count as done: the next one would do nothing.
+TEST(ListRowsMemory, ASortThatFailedIsMadeUpFor)
+{
+    bool failed = true;
+    for (unsigned n = 1; failed; ++n) {
+        ListRows list = threeSites();
+        failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
+        try {
+            list.sortBy(urlColumn, SortOrder::ascending);
+        } catch (const std::bad_alloc&) {
+            EXPECT_EQ(names(list).front(), longText(L"b"));
+        }
+        failing_new::disarm();
+        failed = failing_new::failed();
+        list.sortBy(urlColumn, SortOrder::ascending);
+        EXPECT_EQ(column(list, urlColumn), (Names{longText(L"1"), longText(L"2"), longText(L"3")})) << n;
+    }
+}
+
+// Rows that stand in order stay known as such only if they are there.
+TEST(ListRowsMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
+{
+    bool failed = true;
+    for (unsigned n = 1; failed; ++n) {
+        ListRows list = filled({site(L"a", L"5")});
+        list.sortBy(urlColumn, SortOrder::ascending);
+        failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
+        try {
+            list.add(site(L"b", L"6"), 1);
+        } catch (const std::bad_alloc&) {
+            EXPECT_EQ(list.size(), 1U);
+        }
+        failing_new::disarm();
+        failed = failing_new::failed();
+        const ListRows others = filled({site(L"c", L"1"), site(L"d", L"9")});
+        list.append(others.block(), others.all());
+        list.sortBy(urlColumn, SortOrder::ascending);
+        const Names urls = column(list, urlColumn);
+        EXPECT_TRUE(std::ranges::is_sorted(urls)) << n;
+    }
+}
+
+} // namespace
+} // namespace vandrel::test

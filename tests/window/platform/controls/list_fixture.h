@@ -1,0 +1,164 @@
+#pragma once
+
+#include "platform/controls/list_view.h"
+#include "tests/support/input.h"
+#include "tests/support/test_window.h"
+#include "tests/support/wine.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vandrel::test {
+
+using Strings = std::array<std::wstring, ListRows::maxColumns>;
+using Names = std::vector<std::wstring>;
+using RowNumbers = std::vector<std::size_t>;
+
+// What the native control answers, not what the object remembers.
+inline std::wstring shownText(const ListView& list, std::size_t row, int column = 0)
+{
+    std::array<wchar_t, 512> text{};
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    SendMessageW(list.handle(), LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+    return item.pszText;
+}
+
+inline std::size_t shownCount(const ListView& list)
+{
+    return static_cast<std::size_t>(SendMessageW(list.handle(), LVM_GETITEMCOUNT, 0, 0));
+}
+
+inline Names shownColumn(const ListView& list, int column = 0)
+{
+    Names texts;
+    for (std::size_t row = 0; row < shownCount(list); ++row) texts.push_back(shownText(list, row, column));
+    return texts;
+}
+
+inline RowNumbers selectedRows(const ListView& list)
+{
+    RowNumbers rows;
+    for (LRESULT row = -1;
+         (row = SendMessageW(list.handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED)) >= 0;)
+        rows.push_back(static_cast<std::size_t>(row));
+    return rows;
+}
+
+inline Names selectedNames(const ListView& list)
+{
+    Names names;
+    for (const std::size_t row : selectedRows(list)) names.push_back(shownText(list, row));
+    return names;
+}
+
+inline void selectRows(const ListView& list, const RowNumbers& rows)
+{
+    for (const std::size_t row : rows) {
+        LVITEMW item{};
+        item.state = item.stateMask = LVIS_SELECTED;
+        SendMessageW(list.handle(), LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+inline void focusRow(const ListView& list, std::size_t row)
+{
+    LVITEMW item{};
+    item.state = item.stateMask = LVIS_FOCUSED;
+    SendMessageW(list.handle(), LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+}
+
+inline std::wstring nameOfCurrent(const ListView& list)
+{
+    const auto row = list.currentRow();
+    return row ? shownText(list, *row) : L"(none)";
+}
+
+inline POINT middleOf(const ListView& list, std::size_t row)
+{
+    RECT area{};
+    area.left = LVIR_LABEL;
+    SendMessageW(list.handle(), LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&area));
+    return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+}
+
+inline void click(const ListView& list, std::size_t row, WPARAM keys = 0)
+{
+    clickAt(list.handle(), middleOf(list, row), keys);
+}
+
+// Below the last row.
+inline POINT emptySpace(const ListView& list)
+{
+    RECT area{};
+    GetClientRect(list.handle(), &area);
+    return {area.right / 2, area.bottom - 4};
+}
+
+inline void fillList(ListView& list, const std::vector<Strings>& texts)
+{
+    auto block = std::make_shared<std::wstring>();
+    for (const Strings& row : texts)
+        for (const std::wstring& text : row) *block += text;
+    std::vector<ListRows::Row> rows(texts.size());
+    std::wstring_view rest = *block;
+    for (std::size_t row = 0; row < texts.size(); ++row) {
+        for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
+            rows[row].texts[column] = rest.substr(0, texts[row][column].size());
+            rest.remove_prefix(texts[row][column].size());
+        }
+    }
+    list.fill(std::move(block), std::move(rows));
+}
+
+inline void fillNames(ListView& list, const Names& names)
+{
+    std::vector<Strings> rows;
+    for (const std::wstring& name : names) rows.push_back({name});
+    fillList(list, rows);
+}
+
+// A list with four columns and one without multiple selection, in a window on the screen. What the lists announce
+// is written down.
+class ListTest : public testing::Test {
+  protected:
+    ListTest()
+    {
+        sites.place(0, 0, 600, 300);
+        categories.place(0, 300, 600, 250);
+        note(sites);
+        note(categories);
+        window.show();
+        pump();
+    }
+
+    void note(ListView& list)
+    {
+        list.ItemClick = [this](std::size_t row) { clicked.push_back(row); };
+        list.ColumnClick = [this](std::size_t column) { columnsClicked.push_back(column); };
+        list.DblClick = [this] { ++doubleClicks; };
+        list.RightClick = [this](POINT screen) { rightClicks.push_back(screen); };
+    }
+
+    TestWindow window;
+    ListView sites{
+        window.handle(),
+        1,
+        ListView::Selection::many,
+        false,
+        {{L"Site Name", 2160_twips}, {L"URL", 2880_twips}, {L"Description", 2880_twips}, {L"Date", 0_twips}}};
+    ListView categories{window.handle(), 2, ListView::Selection::one, true, {{L"Category", 4049_twips}}};
+
+    RowNumbers clicked;
+    RowNumbers columnsClicked;
+    int doubleClicks = 0;
+    std::vector<POINT> rightClicks;
+};
+
+} // namespace vandrel::test

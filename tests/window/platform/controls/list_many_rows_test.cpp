@@ -1,0 +1,125 @@
+#include "tests/window/platform/controls/list_fixture.h"
+
+namespace vandrel::test {
+namespace {
+
+constexpr std::size_t many = 5000;
+
+// Names whose order by text is the reverse of the order in which they stand.
+Names fallingNames()
+{
+    Names names;
+    for (std::size_t i = 0; i < many; ++i) names.push_back(std::to_wstring(90'000 - i));
+    return names;
+}
+
+class ListOfManyRows : public ListTest {
+  protected:
+    ListOfManyRows() { fillNames(sites, names); }
+    void selectEvery(std::size_t step)
+    {
+        RowNumbers rows;
+        for (std::size_t row = 0; row < many; row += step) rows.push_back(row);
+        selectRows(sites, rows);
+    }
+
+    const Names names = fallingNames();
+};
+
+TEST_F(ListOfManyRows, ScatteredSelectedRowsMoveWithASort)
+{
+    selectEvery(7);
+    focusRow(sites, 700);
+    sites.sortBy(0, SortOrder::ascending);
+    Names expected;
+    for (std::size_t row = 0; row < many; row += 7) expected.insert(expected.begin(), names[row]);
+    EXPECT_EQ(selectedNames(sites), expected);
+    EXPECT_EQ(nameOfCurrent(sites), names[700]);
+}
+
+TEST_F(ListOfManyRows, EverySecondOneIsRemovedAndTheOthersStay)
+{
+    selectEvery(2);
+    EXPECT_EQ(sites.removeSelected([](std::size_t) {}), many / 2);
+    Names rest;
+    for (std::size_t row = 1; row < many; row += 2) rest.push_back(names[row]);
+    EXPECT_EQ(shownColumn(sites), rest);
+    EXPECT_TRUE(selectedRows(sites).empty());
+}
+
+TEST_F(ListOfManyRows, AllAreSelectedSortedAndRemoved)
+{
+    sites.selectAll();
+    EXPECT_EQ(sites.selectedCount(), many);
+    sites.sortBy(0, SortOrder::ascending);
+    EXPECT_EQ(sites.selectedCount(), many);
+    EXPECT_EQ(shownText(sites, 0), names.back());
+    EXPECT_EQ(sites.removeSelected([](std::size_t) {}), many);
+    EXPECT_EQ(shownCount(sites), 0U);
+}
+
+TEST_F(ListOfManyRows, AllButOneStaySelectedThroughASort)
+{
+    sites.selectAll();
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED;
+    SendMessageW(sites.handle(), LVM_SETITEMSTATE, 1234, reinterpret_cast<LPARAM>(&item));
+    sites.sortBy(0, SortOrder::ascending);
+    EXPECT_EQ(sites.selectedCount(), many - 1);
+    EXPECT_FALSE(sites.isSelected(many - 1 - 1234));
+}
+
+TEST_F(ListOfManyRows, ARowIsAddedAndRemovedAmongSelectedOnes)
+{
+    sites.sortBy(0, SortOrder::ascending);
+    selectEvery(3);
+    const Names before = selectedNames(sites);
+    const std::size_t row = sites.add({L"86000 and more"}, 1);
+    EXPECT_EQ(shownText(sites, row - 1), L"86000");
+    EXPECT_EQ(selectedNames(sites), before);
+    sites.remove(row);
+    EXPECT_EQ(selectedNames(sites), before);
+}
+
+TEST_F(ListOfManyRows, ShiftEndSelectsToTheEndAndAPlainKeyUnselectsAgain)
+{
+    sites.select(10);
+    {
+        const HeldKeys shift({VK_SHIFT});
+        typeKey(sites.handle(), VK_END);
+    }
+    EXPECT_EQ(sites.selectedCount(), many - 10);
+    EXPECT_FALSE(sites.isSelected(9));
+    EXPECT_EQ(clicked, RowNumbers{many - 1});
+    typeKey(sites.handle(), VK_HOME);
+    EXPECT_EQ(selectedRows(sites), RowNumbers{0});
+    EXPECT_EQ(clicked, (RowNumbers{many - 1, 0}));
+}
+
+// Painting is switched off while many rows change; it must be on again, and the list painted.
+TEST_F(ListOfManyRows, TheListIsPaintedAgainAfterTheWholeSelectionChanged)
+{
+    sites.select(0);
+    UpdateWindow(sites.handle());
+    ValidateRect(sites.handle(), nullptr);
+    sites.selectAll();
+    EXPECT_TRUE(GetUpdateRect(sites.handle(), nullptr, FALSE));
+    UpdateWindow(sites.handle());
+    typeKey(sites.handle(), VK_HOME);
+    pump();
+    ValidateRect(sites.handle(), nullptr);
+    sites.setImage(0, 3);
+    EXPECT_TRUE(GetUpdateRect(sites.handle(), nullptr, FALSE));
+}
+
+TEST_F(ListOfManyRows, AClickUnselectsAllTheOthers)
+{
+    sites.selectAll();
+    sites.ensureVisible(0);
+    click(sites, 2);
+    EXPECT_EQ(selectedRows(sites), RowNumbers{2});
+    EXPECT_EQ(clicked, RowNumbers{2});
+}
+
+} // namespace
+} // namespace vandrel::test
