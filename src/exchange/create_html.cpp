@@ -1,4 +1,5 @@
 #include "exchange/create_html.h"
+
 #include "exchange/html_page.h"
 #include "model/site_columns.h"
 #include "platform/base/message_box.h"
@@ -15,10 +16,12 @@
 #include "platform/windows/message_throttle.h"
 #include "shared/vendor.h"
 #include "shared/workspace.h"
+#include "store/category_file.h"
 #include "store/category_list.h"
 #include "store/category_selection.h"
 
 #include <new>
+#include <span>
 
 namespace vandrel {
 namespace {
@@ -47,36 +50,45 @@ class PageBytes {
     std::string bytes_;
 };
 
-void addSites(const Workspace& workspace, HtmlPage& page)
+void addSites(std::span<const ListRows::Row> sites, HtmlPage& page)
 {
-    // A page that lacks a category without saying so would be published like that.
-    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
-    const ListView& sites = workspace.lstInfo;
-    for (std::size_t row = 0; row < sites.count(); ++row) {
-        page.addSite(sites.textView(row, nameColumn), sites.textView(row, urlColumn),
-                     sites.textView(row, descriptionColumn));
+    for (const ListRows::Row& site : sites) {
+        page.addSite(site.texts[nameColumn], site.texts[urlColumn], site.texts[descriptionColumn]);
     }
 }
 
+void addShownSites(const Workspace& workspace, HtmlPage& page)
+{
+    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
+    addSites(workspace.lstInfo.rows().all(), page);
+}
+
+// A page that lacks a category without saying so would be published like that.
+CategorySites readWholly(const Workspace& workspace, const std::wstring& title)
+{
+    try {
+        return readCategory(workspace.dataFolder, title);
+    } catch (const RuntimeError&) {
+        throw RuntimeError(error_number::permissionDenied);
+    }
+}
+
+// The window follows when there is time to see it.
 void addCategories(Workspace& workspace, PageBytes& bytes)
 {
-    ListView& categories = workspace.lstCategory;
-    // Between two turns nobody sees the lists.
-    std::optional<ListPause> quiet(std::in_place, categories, workspace.lstInfo);
+    const ListView& categories = workspace.lstCategory;
     MessageThrottle throttle;
     for (std::size_t category = 0; category < categories.count(); ++category) {
         workspace.PB.setValue(category + 1);
-        showCategory(workspace, category);
-        if (workspace.options.generateEmpty || !workspace.lstInfo.empty()) {
-            bytes.page().addTitle(categories.text(category));
-        }
-        addSites(workspace, bytes.page());
+        const std::wstring title = categories.text(category);
+        const CategorySites sites = readWholly(workspace, title);
+        if (workspace.options.generateEmpty || !sites.rows.empty()) bytes.page().addTitle(title);
+        addSites(sites.rows, bytes.page());
         bytes.encode();
         if (!throttle.due()) continue;
         throttle.take([&] {
-            quiet.reset();
+            showCategory(workspace, category);
             MessageLoop::current().paintPending();
-            quiet.emplace(categories, workspace.lstInfo);
         });
     }
 }
@@ -110,7 +122,7 @@ void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
 {
     workspace.PB.begin(workspace.lstCategory.count());
     PageBytes bytes(workspace.options);
-    if (!AllCat) addSites(workspace, bytes.page());
+    if (!AllCat) addShownSites(workspace, bytes.page());
     else if (!workspace.lstCategory.empty()) addEveryCategory(workspace, bytes);
     writeFile(path, bytes.end());
     if (askYesNo(workspace.window, L"Output successful! Open file?", L"Success!", BoxIcon::question))

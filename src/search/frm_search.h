@@ -51,12 +51,12 @@ class frmSearch : public Dialog {
     void lstResults_MouseMove();
 
     // The search.
-    std::size_t searchCategory(std::size_t category, const std::wstring& term, SearchMode mode);
+    std::size_t searchCategory(const Remembered& category, const std::wstring& term, SearchMode mode);
     bool leaveShownCategory();
-    void letEventsRun(std::size_t category);
+    void follow(const Remembered& category, bool first);
+    void letEventsRun();
     void beQuiet();
     void showHits(HitList& hits);
-    void showResults(std::size_t searched);
     std::optional<SearchSection> section() const;
     std::optional<std::size_t> rowOf(const std::wstring& title, std::size_t likely) const;
     void restore(const Remembered& category);

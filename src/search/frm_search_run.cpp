@@ -1,12 +1,15 @@
+#include "platform/base/runtime_error.h"
 #include "platform/base/scope_exit.h"
 #include "search/frm_search.h"
 #include "search/hit_list.h"
 #include "search/platform_folding.h"
 #include "shared/workspace.h"
+#include "store/category_file.h"
 #include "store/category_list.h"
 #include "store/category_selection.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vandrel {
 namespace {
@@ -17,25 +20,14 @@ constexpr std::size_t sitesBetweenTurns = 5;
 // Painting both windows takes as long as searching half a million sites; what is done within this time is shown at once.
 constexpr ULONGLONG longestSilence = 350; // milliseconds
 
-// The memory from the first text of the rows to the last one's end. They must have been read from one file and not
-// been changed since, so that it is one piece.
-std::wstring_view blockOf(std::span<const ListRows::Row> rows)
+// A category that cannot be read has no sites.
+CategorySites readSites(const Workspace& workspace, const std::wstring& title)
 {
-    const wchar_t* begin = nullptr;
-    const wchar_t* end = nullptr;
-    const auto hasText = [](const ListRows::Row& row) {
-        return std::ranges::any_of(row.texts, [](std::wstring_view text) { return !text.empty(); });
-    };
-    const auto first = std::ranges::find_if(rows, hasText);
-    if (first == rows.end()) return {};
-    const auto last = std::find_if(rows.rbegin(), rows.rend(), hasText);
-    for (const std::wstring_view text : first->texts) {
-        if (!text.empty() && begin == nullptr) begin = text.data();
+    try {
+        return readCategory(workspace.dataFolder, title);
+    } catch (const RuntimeError&) {
+        return {};
     }
-    for (const std::wstring_view text : last->texts) {
-        if (!text.empty()) end = text.data() + text.size();
-    }
-    return {begin, end};
 }
 
 } // namespace
@@ -70,9 +62,8 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
     bool stays = false;
     for (std::size_t i = 0; i < titles.size() && !ended() && !stays; ++i) {
         stays = !leaveShownCategory();
-        // While messages were run, a category may have gone, and others taken its place.
-        const auto row = rowOf(titles[i], i);
-        if (row && !stays) searched += searchCategory(*row, SearchString, mode);
+        // While messages were run, a category may have gone.
+        if (!stays && rowOf(titles[i], i)) searched += searchCategory({titles[i], i}, SearchString, mode);
     }
     if (!quitting_ && !stays) restore(before);
     quiet_.reset();
@@ -89,40 +80,45 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
     StatusBar1_.setPanelText(2, std::to_wstring(searched) + L" site(s) searched");
 }
 
-// Searches the category as it is when it is shown; what is changed in it while messages run is not looked at.
-// Returns how many sites it has.
-std::size_t frmSearch::searchCategory(std::size_t category, const std::wstring& term, SearchMode mode)
+// Searches the category as it is when its turn comes; what is changed in it while messages run is not looked at. Returns how
+// many sites it has.
+std::size_t frmSearch::searchCategory(const Remembered& category, const std::wstring& term, SearchMode mode)
 {
-    const ListView& sites = workspace_.lstInfo;
-    workspace_.lstCategory.select(category);
-    lstCategory_ItemClick(workspace_, category);
-
-    std::span<const ListRows::Row> rows = sites.rows().all();
-    const std::size_t count = rows.size();
+    const CategorySites sites = readSites(workspace_, category.title);
+    const std::size_t count = sites.rows.size();
     const auto chosen = section();
     if (!chosen) return count;
-    const std::shared_ptr<const void> texts = sites.rows().block();
-    const std::wstring_view block = blockOf(rows);
     const SiteMatcher matcher(term, mode, *chosen, platformFolding());
     SiteSequence sequence(matcher);
-    sequence.setBlock(block);
-    HitList hits(workspace_.lstCategory.text(category), texts, block.size());
-    std::vector<ListRows::Row> kept; // the rows still to be searched, once messages may change the list
+    sequence.setBlock({static_cast<const wchar_t*>(sites.texts.get()), sites.size});
+    HitList hits(category.title, sites.texts, sites.size);
+    bool followed = false;
     for (std::size_t done = 0; done < count; ++done) {
-        const ListRows::Row& site = rows[done];
+        const ListRows::Row& site = sites.rows[done];
         if (sequence.matches(site.texts)) hits.add(site);
         if ((done + 1) % sitesBetweenTurns != 0 || !throttle_.due()) continue;
-        if (kept.empty()) {
-            kept.assign(rows.begin(), rows.end());
-            rows = kept;
-        }
         StatusBar1_.setPanelText(2, std::to_wstring(done + 1) + L" site(s) searched");
         showHits(hits);
-        letEventsRun(category);
+        quiet_.reset();
+        follow(category, !std::exchange(followed, true));
+        letEventsRun();
         if (ended()) return count;
     }
     showHits(hits);
     return count;
+}
+
+// The main window shows where the search is, when there is time to see it: at the first time the category, then what the user
+// makes of it.
+void frmSearch::follow(const Remembered& category, bool first)
+{
+    const auto row = rowOf(category.title, category.row);
+    if (!row) return;
+    if (first) {
+        workspace_.lstCategory.select(*row);
+        lstCategory_ItemClick(workspace_, *row);
+    }
+    workspace_.lstCategory.ensureVisible(*row);
 }
 
 // A change that the user made during a turn may not have been saved. False when the category that has it is to stay.
@@ -135,14 +131,12 @@ bool frmSearch::leaveShownCategory()
     return leaves;
 }
 
-void frmSearch::beQuiet() { quiet_.emplace(workspace_.lstCategory, workspace_.lstInfo, lstResults_); }
+void frmSearch::beQuiet() { quiet_.emplace(lstResults_); }
 
 // The panel says how many sites were searched whenever a message can ask for it, and only then: a million texts that
 // nobody sees would take longer than the search.
-void frmSearch::letEventsRun(std::size_t category)
+void frmSearch::letEventsRun()
 {
-    quiet_.reset();
-    workspace_.lstCategory.ensureVisible(category);
     throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
     if (!ended()) beQuiet();
 }
