@@ -29,8 +29,8 @@ bool isDialog(HWND window)
     return std::wstring_view(name) == L"#32770";
 }
 
-// Answers the dialogs of one command, and takes the time while the progress bar is there: the dialogs' own is not the
-// command's. A page is done when it asks whether to open it.
+// Answers the dialogs of one command, and takes the time while the progress bar is there: the dialogs' own is
+// not the command's. A page is done when it asks whether to open it.
 class OneCommand {
   public:
     OneCommand(frmMain& window, int entry, const fs::path& target)

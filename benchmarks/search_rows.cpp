@@ -26,7 +26,8 @@ std::wstring fileOf(std::size_t category)
     return searchFolder() + L"\\Category " + std::to_wstring(100 + category) + L".udb";
 }
 
-// What any search of the same files does at least: it reads and decodes them and goes through their letters once.
+// What any search of the same files does at least: it reads and decodes them and goes through their letters
+// once.
 std::size_t plainSearch(const std::wstring& word)
 {
     std::size_t found = 0;

@@ -8,8 +8,8 @@
 
 namespace vandrel {
 
-// The site editor: name, address and description of one site, new or stored. It talks to its caller through the
-// hand-off alone and stores nothing.
+// The site editor: name, address and description of one site, new or stored. It talks to its caller through
+// the hand-off alone and stores nothing.
 class frmInput : public Dialog {
   public:
     // Loads the dialog. In add mode it takes what it shows from IncomingLink, in edit mode from the SiteEdit

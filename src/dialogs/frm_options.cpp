@@ -111,7 +111,8 @@ void frmOptions::Form_Load()
     cboHTMLBorder_.setText(decimalText(static_cast<long>(options_.htmlBorder)));
     show(lstHTMLFont_, options_.htmlFont);
     chkEmpty_.setChecked(options_.generateEmpty);
-    // OK takes sizes that no font has; without a sample the dialog must still open, or nobody could take one back.
+    // OK takes sizes that no font has; without a sample the dialog must still open, or nobody could take one
+    // back.
     if (isFontSize(options_.font.size)) PreviewIt();
 }
 

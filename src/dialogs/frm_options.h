@@ -13,7 +13,8 @@ namespace vandrel {
 // The display font, and the settings of the HTML page, each on a page of its own.
 class frmOptions : public Dialog {
   public:
-    // OK writes to `options` and puts the display font on `mainWindow`. The dialog itself stays in its own font.
+    // OK writes to `options` and puts the display font on `mainWindow`. The dialog itself stays in its own
+    // font.
     frmOptions(HWND owner, OptionsState& options, Form& mainWindow);
 
     std::vector<Control*> controls() override;

@@ -36,8 +36,8 @@ class frmProperties : public Dialog {
     Frame Frame1_;
 };
 
-// A stored date as it is shown: month, day and year, whatever the order in which the text has them; "Never" when
-// there is none, and the text itself when it is no date.
+// A stored date as it is shown: month, day and year, whatever the order in which the text has them; "Never"
+// when there is none, and the text itself when it is no date.
 std::wstring shownDate(const std::wstring& stored);
 
 } // namespace vandrel

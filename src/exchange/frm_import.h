@@ -10,7 +10,8 @@ namespace vandrel {
 
 struct Workspace;
 
-// Browses drives and folders for shortcut files and adds one of them, or all of a folder, to the current category.
+// Browses drives and folders for shortcut files and adds one of them, or all of a folder, to the current
+// category.
 class frmImport : public Dialog {
   public:
     // Loads the dialog, at the user's Favorites folder.

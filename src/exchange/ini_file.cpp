@@ -38,8 +38,8 @@ std::wstring shortName(const std::wstring& path)
     return length < name.size() ? std::wstring(name.data(), length) : std::wstring();
 }
 
-// The system's functions are not said to take a path of any length. A file that is not there yet has no short name, but
-// its folder has.
+// The system's functions are not said to take a path of any length. A file that is not there yet has no short
+// name, but its folder has.
 std::wstring profilePath(const std::wstring& path)
 {
     if (path.size() < MAX_PATH) return path;
@@ -67,7 +67,8 @@ std::wstring firstBytes(std::wstring_view text, std::size_t most)
 
 std::wstring ReadINIValue(const std::wstring& section, const std::wstring& key, const std::wstring& fileName)
 {
-    // No letter takes more units than bytes, so what is cut here, perhaps in the middle of a letter, is cut again.
+    // No letter takes more units than bytes, so what is cut here, perhaps in the middle of a letter, is cut
+    // again.
     std::array<wchar_t, mostValueBytes + 2> buffer{};
     const DWORD count = GetPrivateProfileStringW(throughCodePage(section).c_str(),
                                                  throughCodePage(key).c_str(), L"", buffer.data(),

@@ -9,8 +9,8 @@ class MenuTree;
 class ToolBar;
 class SearchPanel;
 
-// Enables and disables the commands that need an entry in a list. Asked thousands of times for every change, so
-// it touches the menus only when a list has become empty or has ceased to be.
+// Enables and disables the commands that need an entry in a list. Asked thousands of times for every change,
+// so it touches the menus only when a list has become empty or has ceased to be.
 class Availability {
   public:
     Availability(const ListView& categories, const ListView& sites, MenuTree& menus, ToolBar& toolBar,

@@ -7,8 +7,8 @@
 
 namespace vandrel {
 
-// The entries of the menus, by the names that the whole program uses for them. Separators have ids, too, so that
-// the table stays one table.
+// The entries of the menus, by the names that the whole program uses for them. Separators have ids, too, so
+// that the table stays one table.
 enum MenuEntry : int {
     mnuFile = 1,
     mnuFind,
@@ -92,8 +92,8 @@ std::span<const MenuEntry> entriesThatNeedSites();
 std::span<const int> buttonsThatNeedSites();
 std::span<const MenuEntry> entriesThatNeedCategories();
 
-// Whether the shortcut stays a command while a category's title is being edited: those that neither edit text nor act
-// on the lists.
+// Whether the shortcut stays a command while a category's title is being edited: those that neither edit text
+// nor act on the lists.
 bool worksWhileEditing(MenuEntry entry);
 // Whether the shortcut is a key that edits text, so that it is the search box's while that has the focus.
 bool hasTextKey(MenuEntry entry);

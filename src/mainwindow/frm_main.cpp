@@ -71,6 +71,7 @@ frmMain::frmMain(Startup startup)
       availability_(lstCategory_, lstInfo_, menus_, Toolbar1_, picSearch_),
       keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); })
 {
+    startAnswering();
     setCaption(programTitle);
     workspace_.keepOnTop.window = handle();
     SendMessageW(handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon_.get()));
@@ -206,8 +207,8 @@ bool frmMain::takeSplitterKey(const MSG& message)
     return true;
 }
 
-// Where the user was before a dialog or another program, as long as that can still take keys. Once: what loses the focus
-// later, because it is disabled, must not get it back.
+// Where the user was before a dialog or another program, as long as that can still take keys. Once: what
+// loses the focus later, because it is disabled, must not get it back.
 void frmMain::giveFocusBack()
 {
     const HWND last = std::exchange(lastFocus_, nullptr);

@@ -24,8 +24,8 @@
 
 namespace vandrel {
 
-// The main window: it owns every control, says which entry runs which procedure, starts up, lays out and shuts
-// down. It lives until the program ends; closing it ends the program.
+// The main window: it owns every control, says which entry runs which procedure, starts up, lays out and
+// shuts down. It lives until the program ends; closing it ends the program.
 class frmMain : public Window, public Form {
   public:
     struct Startup {
@@ -140,8 +140,7 @@ class frmMain : public Window, public Form {
     std::map<int, std::function<void()>> procedures_;
     int gridLines_ = 0;
     int hoverSelect_ = 0;
-    long splitterAnchor_ = 0; // twips from the bar's left edge
-    std::size_t sortColumn_ = 0;
+    long splitterAnchor_ = 0;  // twips from the bar's left edge
     HWND lastFocus_ = nullptr; // of the controls, before the window was left
     std::unique_ptr<frmSearch> frmSearch_;
     std::unique_ptr<frmAbout> frmAbout_;

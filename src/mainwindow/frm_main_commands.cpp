@@ -109,9 +109,8 @@ void frmMain::lstInfo_ItemClick()
 
 void frmMain::lstInfo_ColumnClick(std::size_t column)
 {
-    sortColumn_ = column;
-    lstInfo_.sortBy(sortColumn_, lstInfo_.sortOrder() == SortOrder::ascending ? SortOrder::descending
-                                                                              : SortOrder::ascending);
+    lstInfo_.sortBy(column, lstInfo_.sortOrder() == SortOrder::ascending ? SortOrder::descending
+                                                                         : SortOrder::ascending);
 }
 
 void frmMain::lstCategory_ColumnClick()

@@ -31,12 +31,12 @@ void keepSmallestSize(MainLayout& layout);
 // The status bar's share of the lower edge, with the default font.
 inline constexpr Twips statusRoom{345};
 
-// What a resize does, once the outer size is large enough and the client size is known. After it the site list
-// stops 60 twips short of the right edge; after a drag of the bar it reaches the edge. Both are wanted.
+// What a resize does, once the outer size is large enough and the client size is known. After it the site
+// list stops 60 twips short of the right edge; after a drag of the bar it reaches the edge. Both are wanted.
 void layOut(MainLayout& layout);
 
-// The bar follows the mouse: `anchor` is where in the bar the button went down, `x` where the mouse is now, both
-// from the bar's left edge. No bounds while dragging, and the date column is not counted.
+// The bar follows the mouse: `anchor` is where in the bar the button went down, `x` where the mouse is now,
+// both from the bar's left edge. No bounds while dragging, and the date column is not counted.
 void dragBar(MainLayout& layout, long anchor, Twips x);
 
 // The button went up: a bar that was dragged too far left comes back to 60. Returns whether it did.

@@ -25,6 +25,7 @@ SearchPanel::SearchPanel(HWND parent)
       cmbSearch(handle(), idSearchText),
       cmdSearch(handle(), idSearchButton, L"Quick Search")
 {
+    startAnswering();
     cmbSearch.setText(searchPrompt);
     drawForDpi();
 }

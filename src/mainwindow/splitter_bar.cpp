@@ -16,7 +16,9 @@ SplitterBar::SplitterBar(HWND parent)
               .style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS,
               .parent = parent,
               .cursor = LoadCursorW(nullptr, IDC_SIZEWE)})
-{}
+{
+    startAnswering();
+}
 
 Twips SplitterBar::mouseX(LPARAM lParam) const { return toTwips(GET_X_LPARAM(lParam), dpi()); }
 

@@ -4,9 +4,9 @@
 
 namespace vandrel {
 
-// Where the main window stands, as the preferences keep it. Left and top are places on the one plane on which all
-// monitors lie. No monitor's scale changes that plane, so one DPI counts them always: the system's. Width and height go by
-// the DPI of the window where it stands.
+// Where the main window stands, as the preferences keep it. Left and top are places on the one plane on which
+// all monitors lie. No monitor's scale changes that plane, so one DPI counts them always: the system's. Width
+// and height go by the DPI of the window where it stands.
 struct StoredPlace {
     Twips left, top, width, height;
 };

@@ -9,8 +9,8 @@ namespace {
 constexpr std::wstring_view fieldEnd = L"|";
 constexpr std::wstring_view lineEnd = L"\r\n";
 
-// Whether `text` stands behind the piece and the separator in memory already. No two texts of different owners are so
-// close.
+// Whether `text` stands behind the piece and the separator in memory already. No two texts of different
+// owners are so close.
 bool continues(std::wstring_view piece, std::wstring_view separator, std::wstring_view text)
 {
     const wchar_t* const end = piece.data() + piece.size();

@@ -7,9 +7,10 @@
 
 namespace vandrel {
 
-// The text of a category file, every line with its end, piece by piece. What lies together in memory is one piece,
-// separators included: sites that were read from a file and still stand in its order are taken as a whole, not field
-// by field. The pieces look into the texts of the rows, which must stay as they are meanwhile.
+// The text of a category file, every line with its end, piece by piece. What lies together in memory is one
+// piece, separators included: sites that were read from a file and still stand in its order are taken as a
+// whole, not field by field. The pieces look into the texts of the rows, which must stay as they are
+// meanwhile.
 class SiteLines {
   public:
     explicit SiteLines(std::span<const ListRows::Row> rows) : rows_(rows) {}

@@ -27,9 +27,9 @@ std::wstring withoutLineEnds(std::wstring_view text);
 
 // Reads the sites of a decoded category file one after the other.
 //
-// CR LF ends a line. A CR or LF that stands alone is a character like any other, except where a line that holds
-// one is a comment or has more than four pieces: then another editor wrote it as a line end, and taking it for
-// one saves what would be dropped.
+// CR LF ends a line. A CR or LF that stands alone is a character like any other, except where a line that
+// holds one is a comment or has more than four pieces: then another editor wrote it as a line end, and taking
+// it for one saves what would be dropped.
 class SiteRecordReader {
   public:
     explicit SiteRecordReader(std::wstring_view text) : rest_(text) {}

@@ -10,8 +10,8 @@ struct Workspace;
 // Finds out which sites of the current category can still be reached, marks the others, and writes a log. A site is
 // reachable when a connection to its host was begun; what the host answers does not matter.
 //
-// Messages are dispatched while it waits for an answer. Whatever the user does meanwhile, every site that stood in the list
-// at the beginning is checked and logged, and none gets the mark of another.
+// Messages are dispatched while it waits for an answer. Whatever the user does meanwhile, every site that
+// stood in the list at the beginning is checked and logged, and none gets the mark of another.
 class LinkScanner {
   public:
     explicit LinkScanner(Workspace& workspace);
@@ -19,8 +19,8 @@ class LinkScanner {
     LinkScanner& operator=(const LinkScanner&) = delete;
     ~LinkScanner();
 
-    // Each throws RuntimeError when the log cannot be written, and ends there; 35764 while the update check waits. While
-    // one runs, the other and itself do nothing.
+    // Each throws RuntimeError when the log cannot be written, and ends there; 35764 while the update check
+    // waits. While one runs, the other and itself do nothing.
     void mnuScanAllURLs_Click();
     void mnuScanSelected_Click();
 

@@ -29,8 +29,9 @@ struct ScannedSite {
     SiteTexts texts;
 };
 
-// The sites of the list as it was when a scan began, and the way from each of them to its picture in what the list is by
-// now. Whatever the user shows, loads or removes meanwhile, no site is lost and no other gets its mark.
+// The sites of the list as it was when a scan began, and the way from each of them to its picture in what the
+// list is by now. Whatever the user shows, loads or removes meanwhile, no site is lost and no other gets its
+// mark.
 class ScannedList {
   public:
     enum class Which { all, selected };
@@ -40,14 +41,15 @@ class ScannedList {
     ScannedList& operator=(const ScannedList&) = delete;
 
     std::size_t size() const { return sites_.size(); }
-    // The site with that number, from 0, to be checked now: as it stands in the list, and as it was at the beginning when
-    // it does not stand there any more. Nothing when only the selected ones are asked for and it is none of them.
+    // The site with that number, from 0, to be checked now: as it stands in the list, and as it was at the
+    // beginning when it does not stand there any more. Nothing when only the selected ones are asked for and
+    // it is none of them.
     std::optional<ScannedSite> next(std::size_t number);
 
     // The picture of that site, where the list shows it.
     void setImage(const ScannedSite& site, int image);
-    // That of the current site, as long as the list shows the sites that are scanned. A list that was read again has none
-    // until the user selects one; then it is the one that was current before.
+    // That of the current site, as long as the list shows the sites that are scanned. A list that was read
+    // again has none until the user selects one; then it is the one that was current before.
     void setImageOfCurrent(const ScannedSite& site, int image);
 
   private:

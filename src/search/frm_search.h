@@ -15,15 +15,16 @@ namespace vandrel {
 class HitList;
 struct Workspace;
 
-// Search All Categories: a window beside the main window that makes it show one category after the other and lists
-// the sites that hold a term.
+// Search All Categories: a window beside the main window that makes it show one category after the other and
+// lists the sites that hold a term.
 class frmSearch : public Dialog {
   public:
     explicit frmSearch(Workspace& workspace);
 
     // Shows the window, above all windows that are not topmost themselves.
     void show();
-    // Searches, and comes back when it is done, was closed or the program quits. Messages are dispatched meanwhile.
+    // Searches, and comes back when it is done, was closed or the program quits. Messages are dispatched
+    // meanwhile.
     void DoSearch(const std::wstring& SearchString);
     // A search runs; the object must not be deleted.
     bool searching() const { return searching_; }

@@ -17,7 +17,8 @@ namespace {
 const std::wstring noResults = L"No results found.";
 
 constexpr std::size_t sitesBetweenTurns = 5;
-// Painting both windows takes as long as searching half a million sites; what is done within this time is shown at once.
+// Painting both windows takes as long as searching half a million sites; what is done within this time is
+// shown at once.
 constexpr ULONGLONG longestSilence = 350; // milliseconds
 
 // A category that cannot be read has no sites.
@@ -80,8 +81,8 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
     StatusBar1_.setPanelText(2, std::to_wstring(searched) + L" site(s) searched");
 }
 
-// Searches the category as it is when its turn comes; what is changed in it while messages run is not looked at. Returns how
-// many sites it has.
+// Searches the category as it is when its turn comes; what is changed in it while messages run is not looked
+// at. Returns how many sites it has.
 std::size_t frmSearch::searchCategory(const Remembered& category, const std::wstring& term, SearchMode mode)
 {
     const CategorySites sites = readSites(workspace_, category.title);
@@ -108,8 +109,8 @@ std::size_t frmSearch::searchCategory(const Remembered& category, const std::wst
     return count;
 }
 
-// The main window shows where the search is, when there is time to see it: at the first time the category, then what the user
-// makes of it.
+// The main window shows where the search is, when there is time to see it: at the first time the category,
+// then what the user makes of it.
 void frmSearch::follow(const Remembered& category, bool first)
 {
     const auto row = rowOf(category.title, category.row);
@@ -121,7 +122,8 @@ void frmSearch::follow(const Remembered& category, bool first)
     workspace_.lstCategory.ensureVisible(*row);
 }
 
-// A change that the user made during a turn may not have been saved. False when the category that has it is to stay.
+// A change that the user made during a turn may not have been saved. False when the category that has it is
+// to stay.
 bool frmSearch::leaveShownCategory()
 {
     if (!workspace_.shown.unsaved) return true;
@@ -133,8 +135,8 @@ bool frmSearch::leaveShownCategory()
 
 void frmSearch::beQuiet() { quiet_.emplace(lstResults_); }
 
-// The panel says how many sites were searched whenever a message can ask for it, and only then: a million texts that
-// nobody sees would take longer than the search.
+// The panel says how many sites were searched whenever a message can ask for it, and only then: a million
+// texts that nobody sees would take longer than the search.
 void frmSearch::letEventsRun()
 {
     throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });

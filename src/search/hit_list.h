@@ -17,8 +17,8 @@ class HitList {
 
     void add(const ListRows::Row& site);
     bool empty() const { return rows_.empty(); }
-    // Takes the hits out. They keep the category's whole text when most of it is theirs, and else a copy of their own:
-    // one hit must not hold on to megabytes.
+    // Takes the hits out. They keep the category's whole text when most of it is theirs, and else a copy of
+    // their own: one hit must not hold on to megabytes.
     Block take();
 
   private:

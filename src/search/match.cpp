@@ -30,7 +30,8 @@ template <std::size_t Count> class UnitSet {
 
 bool contains(std::wstring_view units, wchar_t unit) { return units.find(unit) != npos; }
 
-// The first place from `from` on where a unit of `first` stands and one of `last`, `distance` units behind it.
+// The first place from `from` on where a unit of `first` stands and one of `last`, `distance` units behind
+// it.
 template <std::size_t Count>
 std::size_t findPair(std::wstring_view text, std::size_t from, std::wstring_view first,
                      std::wstring_view last, std::size_t distance)

@@ -28,8 +28,8 @@ struct CaseFolding {
     std::wstring fold(std::wstring_view text) const;
 };
 
-// Whether a term occurs in a text, letter by letter or with letter case ignored. A term that has no letters occurs in
-// every text.
+// Whether a term occurs in a text, letter by letter or with letter case ignored. A term that has no letters
+// occurs in every text.
 class Matcher {
   public:
     explicit Matcher(std::wstring_view term);
@@ -37,10 +37,10 @@ class Matcher {
     Matcher(std::wstring_view term, const CaseFolding& folding);
 
     bool occursIn(std::wstring_view text) const;
-    // A place in `text`, at or after `from`, that may be part of an occurrence: its beginning, or a letter in it that
-    // counts as several. npos when the term occurs nowhere behind `from`.
-    // Much faster than looking at every place, so that it pays to ask it about many texts at once that lie
-    // behind each other in memory, before each of them is looked at.
+    // A place in `text`, at or after `from`, that may be part of an occurrence: its beginning, or a letter in
+    // it that counts as several. npos when the term occurs nowhere behind `from`. Much faster than looking at
+    // every place, so that it pays to ask it about many texts at once that lie behind each other in memory,
+    // before each of them is looked at.
     std::size_t candidate(std::wstring_view text, std::size_t from) const;
 
   private:

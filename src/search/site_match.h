@@ -16,8 +16,8 @@ enum class SearchSection { all, name, url, description };
 // 0 and 1, as the routines of the program number them.
 enum class SearchMode { binary = 0, text = 1 };
 
-// Whether a site holds a term. In all sections only the name is compared in the given mode; URL and description are
-// always compared letter by letter. This is how both searches are defined.
+// Whether a site holds a term. In all sections only the name is compared in the given mode; URL and
+// description are always compared letter by letter. This is how both searches are defined.
 class SiteMatcher {
   public:
     // `folding` is borrowed.
@@ -33,8 +33,9 @@ class SiteMatcher {
     Matcher binary_;
 };
 
-// Asks about sites one after the other. Sites that were read from one file lie behind each other in memory; there it
-// looks for the next place that may matter, and takes every site before it for none without looking at it.
+// Asks about sites one after the other. Sites that were read from one file lie behind each other in memory;
+// there it looks for the next place that may matter, and takes every site before it for none without looking
+// at it.
 class SiteSequence {
   public:
     // `matcher` is borrowed.

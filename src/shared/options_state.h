@@ -32,7 +32,8 @@ struct OptionsState {
     friend bool operator==(const OptionsState&, const OptionsState&) = default;
 };
 
-// Reads the state by key; a missing value is an empty text. Defaults stand in for what is missing or unusable.
+// Reads the state by key; a missing value is an empty text. Defaults stand in for what is missing or
+// unusable.
 OptionsState optionsFrom(const std::function<std::wstring(std::wstring_view key)>& read);
 
 // Hands out each key with its text, in the order in which the store is to get them.

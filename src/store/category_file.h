@@ -20,8 +20,9 @@ struct CategorySites {
     std::vector<ListRows::Row> rows;
 };
 
-// Reads the category, with copies of the rows of `behind` behind its own. A file that is missing from a folder that is
-// there is an empty category. Throws RuntimeError when the file or its folder cannot be reached or read.
+// Reads the category, with copies of the rows of `behind` behind its own. A file that is missing from a
+// folder that is there is an empty category. Throws RuntimeError when the file or its folder cannot be
+// reached or read.
 CategorySites readCategory(const std::wstring& folder, const std::wstring& title,
                            std::span<const ListRows::Row> behind = {});
 

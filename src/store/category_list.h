@@ -14,16 +14,17 @@ struct Workspace;
 // Puts the title of every category file of the data folder into the category list, in the folder's order.
 void listCategories(Workspace& workspace);
 
-// Where the shown category stands in the category list, whatever the native control has selected; none while none is
-// shown.
+// Where the shown category stands in the category list, whatever the native control has selected; none while
+// none is shown.
 std::optional<std::size_t> shownRow(const Workspace& workspace);
 
-// Selects the category, reads it into the site list and shows that it is the open one. The rows of `behind`, which may
-// be those of the site list, are put behind its own. When it cannot be read the list is empty and the category not
-// saved over; with `behind` the list stays as it is. Raises nothing for that.
+// Selects the category, reads it into the site list and shows that it is the open one. The rows of `behind`,
+// which may be those of the site list, are put behind its own. When it cannot be read the list is empty and
+// the category not saved over; with `behind` the list stays as it is. Raises nothing for that.
 void showCategory(Workspace& workspace, std::size_t item, std::span<const ListRows::Row> behind = {});
 
-// Shows the category as the open one with the sites that the list has, and reads nothing: for a category just made.
+// Shows the category as the open one with the sites that the list has, and reads nothing: for a category just
+// made.
 void showAsEmptyCategory(Workspace& workspace, std::size_t item);
 
 // Empties the site list and shows no category; the caption stays.

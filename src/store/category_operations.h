@@ -7,11 +7,12 @@ namespace vandrel {
 
 struct Workspace;
 
-// Asks for a title and makes an empty category of it; see makeCategory. Sites that no category could take until now are
-// offered to it. Throws RuntimeError when the file cannot be made.
+// Asks for a title and makes an empty category of it; see makeCategory. Sites that no category could take
+// until now are offered to it. Throws RuntimeError when the file cannot be made.
 void AddCategory(Workspace& workspace);
 
-// Asks, then deletes the shown category with its file; none is shown then. Throws RuntimeError when the file cannot be deleted.
+// Asks, then deletes the shown category with its file; none is shown then. Throws RuntimeError when the file
+// cannot be deleted.
 void RemoveCategory(Workspace& workspace);
 
 // Renames the file of a category after its label was edited.

@@ -12,7 +12,8 @@ class FileLayer;
 // could not be read is tried again. Where there is no category the user is asked for one; when that is cancelled, false
 // is returned and the sites stay in the list, unsaved, which panel 1 of the status bar says.
 //
-// Throws RuntimeError when the file cannot be replaced (it is whole, then) or the category still cannot be read (70).
+// Throws RuntimeError when the file cannot be replaced (it is whole, then) or the category still cannot be
+// read (70).
 bool SaveItems(Workspace& workspace);
 bool SaveItems(Workspace& workspace, FileLayer& files);
 

@@ -24,7 +24,8 @@ class Collection {
 
     // The files and preferences as at the beginning of each run, and no window.
     void reset();
-    // Makes the window and loads it, as the program does; what is thrown is shown. False when no window came about.
+    // Makes the window and loads it, as the program does; what is thrown is shown. False when no window came
+    // about.
     bool start();
     void stop();
 
@@ -43,7 +44,8 @@ class Collection {
     // What a save dialog is told: a file of that name in the target folder.
     void nameFile(const wchar_t* name);
 
-    // What is in the folder of the categories, and whether something was left behind that is no file of the program's.
+    // What is in the folder of the categories, and whether something was left behind that is no file of the
+    // program's.
     Files files() const;
     std::wstring leftBehind() const;
     // Of the last scan.

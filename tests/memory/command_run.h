@@ -18,7 +18,8 @@ class CommandRun {
     // The allocations of that run.
     unsigned usual() const { return usual_; }
 
-    // What is wrong after the n-th allocation failed; empty when nothing is. `reached` says whether there was one.
+    // What is wrong after the n-th allocation failed; empty when nothing is. `reached` says whether there was
+    // one.
     std::wstring failing(unsigned n, failing_new::How how, failing_new::Where where, bool& reached);
 
   private:

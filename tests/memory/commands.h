@@ -10,7 +10,8 @@ namespace vandrel::test {
 // One thing that the user does.
 struct Command {
     const char* name;
-    // Before anything fails: the window is there, and the category of three sites is shown with its first one selected.
+    // Before anything fails: the window is there, and the category of three sites is shown with its first one
+    // selected.
     void (*prepare)(Collection&);
     void (*act)(Collection&);
     // Whether it has done what it is there for, beside what it does to files. Null when it only does that.

@@ -9,7 +9,8 @@
 namespace vandrel::test {
 namespace {
 
-// Presses OK with the n-th allocation failing, and cancels what is still open. Whether there was so late an allocation.
+// Presses OK with the n-th allocation failing, and cancels what is still open. Whether there was so late an
+// allocation.
 bool pressOk(unsigned n, SiteHandOff& site)
 {
     TestWindow owner;

@@ -46,7 +46,8 @@ HWND openDialog()
     return found;
 }
 
-// The system's message box: the program's dialogs keep an object with theirs, and the system's others have no such text.
+// The system's message box: the program's dialogs keep an object with theirs, and the system's others have no
+// such text.
 bool isBox(HWND dialog)
 {
     return GetDlgItem(dialog, boxTextId) != nullptr && GetDlgItem(dialog, nameField) == nullptr &&

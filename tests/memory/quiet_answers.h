@@ -18,8 +18,9 @@ struct Typed {
     int question = IDYES; // how questions are answered
 };
 
-// Answers every dialog and box of this thread from inside its own loop, again and again until it is closed: a dialog in
-// which the answer failed is cancelled. Allocates nothing, since it works while every allocation counts.
+// Answers every dialog and box of this thread from inside its own loop, again and again until it is closed: a
+// dialog in which the answer failed is cancelled. Allocates nothing, since it works while every allocation
+// counts.
 class QuietAnswers {
   public:
     explicit QuietAnswers(const Typed& typed);

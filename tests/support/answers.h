@@ -17,8 +17,8 @@ std::wstring windowText(HWND window);
 // A control of a window by the text it shows, or by its id.
 HWND childWithText(HWND window, const std::wstring& text);
 
-// Answers the windows that the code under test opens and waits for, one after the other, from inside their own
-// loops. Make it before the call that opens them; check done() after it.
+// Answers the windows that the code under test opens and waits for, one after the other, from inside their
+// own loops. Make it before the call that opens them; check done() after it.
 class Answers {
   public:
     Answers();
@@ -26,10 +26,12 @@ class Answers {
     Answers& operator=(const Answers&) = delete;
     ~Answers();
 
-    // When a dialog of this caption is shown, `answer` gets its window. It must close the window, or lead to it.
+    // When a dialog of this caption is shown, `answer` gets its window. It must close the window, or lead to
+    // it.
     Answers& expect(const std::wstring& caption, std::function<void(HWND dialog)> answer);
-    // A message box with this caption and text, closed with the button (IDOK, IDYES, IDNO ...). Also checks that
-    // its icon is the system's for `icon` (MB_ICONHAND, MB_ICONQUESTION, MB_ICONEXCLAMATION, MB_ICONASTERISK).
+    // A message box with this caption and text, closed with the button (IDOK, IDYES, IDNO ...). Also checks
+    // that its icon is the system's for `icon` (MB_ICONHAND, MB_ICONQUESTION, MB_ICONEXCLAMATION,
+    // MB_ICONASTERISK).
     Answers& expectBox(const std::wstring& caption, const std::wstring& text, int button, UINT icon);
     // The input box: types the text and presses OK, or cancels.
     Answers& expectInput(const std::wstring& caption, const std::wstring& prompt, const std::wstring& text);

@@ -1,6 +1,7 @@
 #pragma once
 
-// The whole program's operator new, which fails when it is told to. This is why these tests are a program of their own.
+// The whole program's operator new, which fails when it is told to. This is why these tests are a program of
+// their own.
 namespace vandrel::test::failing_new {
 
 enum class How {

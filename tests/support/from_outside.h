@@ -10,8 +10,9 @@
 
 namespace vandrel::test {
 
-// Puts a text into a box without the keyboard and from another thread, as screen readers, dictation and automation do.
-// Meanwhile this thread answers what is sent to its windows and nothing else, so no timer of the test comes between.
+// Puts a text into a box without the keyboard and from another thread, as screen readers, dictation and
+// automation do. Meanwhile this thread answers what is sent to its windows and nothing else, so no timer of
+// the test comes between.
 inline void setTextFromOutside(HWND box, const std::wstring& text)
 {
     auto sent = std::async(std::launch::async, [&] {

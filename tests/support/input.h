@@ -56,7 +56,8 @@ inline void typeKey(HWND window, int key)
     pump();
 }
 
-// `held`: MK_CONTROL, MK_SHIFT. Posted, since a list that has got the press waits for what the mouse does next.
+// `held`: MK_CONTROL, MK_SHIFT. Posted, since a list that has got the press waits for what the mouse does
+// next.
 inline void clickAt(HWND window, POINT point, WPARAM held = 0)
 {
     const LPARAM place = MAKELPARAM(point.x, point.y);

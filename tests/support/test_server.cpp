@@ -256,7 +256,8 @@ class TestServer::Server {
             whole = sendAll(socket, part);
             std::unique_lock lock(guard);
             bytesSent += part.size();
-            // As slowly as a network: Wine empties a connection that it closes as long as more is there at once.
+            // As slowly as a network: Wine empties a connection that it closes as long as more is there at
+            // once.
             if (bytesSent % pauseEvery == 0) changed.wait_for(lock, pause, [this] { return stopping_; });
         }
         const std::lock_guard lock(guard);

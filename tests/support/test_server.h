@@ -20,8 +20,8 @@ namespace vandrel::test {
 //   /huge      200 and 100 MB, or as much of them as is taken
 //   /cookie    302 to itself with a cookie, and as /ok when that comes back
 //
-// Whatever else is asked for is what put() and redirect() said, or as /missing. Connections are kept open between
-// requests.
+// Whatever else is asked for is what put() and redirect() said, or as /missing. Connections are kept open
+// between requests.
 class TestServer {
   public:
     TestServer();

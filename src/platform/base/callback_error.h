@@ -5,8 +5,8 @@
 
 namespace vandrel {
 
-// For functions that the system calls back within a call of ours: what they throw is kept until that call has come
-// back, and goes on from there.
+// For functions that the system calls back within a call of ours: what they throw is kept until that call has
+// come back, and goes on from there.
 class CallbackError {
   public:
     template <typename Answer, typename Action> Answer keep(Answer fallback, Action action) noexcept

@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// Owns one handle of the system: `Empty` is the value that means nothing, `Close` releases it. Closing keeps the
-// caller's last error, so that a failure can be reported after the handles of its scope are gone.
+// Owns one handle of the system: `Empty` is the value that means nothing, `Close` releases it. Closing keeps
+// the caller's last error, so that a failure can be reported after the handles of its scope are gone.
 template <typename T, auto Close, auto Empty> class UniqueHandle {
   public:
     UniqueHandle() = default;
@@ -46,7 +46,6 @@ template <typename T> T nullHandle() { return nullptr; }
 using FileHandle = UniqueHandle<HANDLE, CloseHandle, noFile>;
 using FindHandle = UniqueHandle<HANDLE, FindClose, noFile>;
 using FontHandle = UniqueHandle<HFONT, DeleteObject, nullHandle<HFONT>>;
-using BrushHandle = UniqueHandle<HBRUSH, DeleteObject, nullHandle<HBRUSH>>;
 using MenuHandle = UniqueHandle<HMENU, DestroyMenu, nullHandle<HMENU>>;
 using AcceleratorHandle = UniqueHandle<HACCEL, DestroyAcceleratorTable, nullHandle<HACCEL>>;
 using IconHandle = UniqueHandle<HICON, DestroyIcon, nullHandle<HICON>>;

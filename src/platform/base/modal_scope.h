@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// While one lives, the program's other windows take no input: what a dialog is about must not change beside it. The
-// owner of the dialog is disabled by whoever shows it.
+// While one lives, the program's other windows take no input: what a dialog is about must not change beside
+// it. The owner of the dialog is disabled by whoever shows it.
 class ModalScope {
   public:
     ModalScope(HWND dialog, HWND owner);

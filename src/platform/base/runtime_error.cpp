@@ -21,7 +21,6 @@ std::wstring runtimeErrorDescription(int number)
     case e::internalError: return L"Internal error";
     case e::badFileName: return L"Bad file name or number";
     case e::fileNotFound: return L"File not found";
-    case e::fileAlreadyOpen: return L"File already open";
     case e::deviceError: return L"Device I/O error";
     case e::fileAlreadyExists: return L"File already exists";
     case e::diskFull: return L"Disk full";

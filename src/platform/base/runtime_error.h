@@ -14,7 +14,6 @@ inline constexpr int typeMismatch = 13;
 inline constexpr int internalError = 51;
 inline constexpr int badFileName = 52;
 inline constexpr int fileNotFound = 53;
-inline constexpr int fileAlreadyOpen = 55;
 inline constexpr int deviceError = 57;
 inline constexpr int fileAlreadyExists = 58;
 inline constexpr int diskFull = 61;

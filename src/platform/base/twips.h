@@ -20,7 +20,8 @@ constexpr Twips operator""_twips(unsigned long long value) { return {static_cast
 
 inline constexpr int twipsPerInch = 1440;
 
-// Nearest whole pixel at `dpi`. Lengths that no screen has (a damaged preference) are cut at a million pixels.
+// Nearest whole pixel at `dpi`. Lengths that no screen has (a damaged preference) are cut at a million
+// pixels.
 inline int toPixels(Twips length, unsigned dpi)
 {
     constexpr double limit = 1e6;

@@ -14,8 +14,9 @@ namespace {
 
 constexpr UINT laterMessage = WM_APP + 1; // the native controls use none of these numbers
 
-// The controls by their windows, all of one thread. The system offers window properties and subclassing of its own for
-// this, but each of these asks another process in Wine, and a list gets a message for every text that it paints.
+// The controls by their windows, all of one thread. The system offers window properties and subclassing of
+// its own for this, but each of these asks another process in Wine, and a list gets a message for every text
+// that it paints.
 std::unordered_map<HWND, Control*>& controlsByWindow()
 {
     static std::unordered_map<HWND, Control*> controls;

@@ -60,8 +60,8 @@ class Control {
     Control(HWND parent, const wchar_t* className, DWORD style, DWORD extendedStyle, int id);
 
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    // Runs `action` by a message of its own. For what the native control reports in the middle of its work: a command
-    // that ran there would keep it from finishing, and might destroy it under its own feet.
+    // Runs `action` by a message of its own. For what the native control reports in the middle of its work: a
+    // command that ran there would keep it from finishing, and might destroy it under its own feet.
     void later(std::function<void()> action);
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
@@ -80,10 +80,12 @@ class Control {
     std::deque<std::function<void()>> waiting_;
 };
 
-// Hands WM_SYSCOLORCHANGE, which the system sends to top-level windows only, to all controls within the window.
+// Hands WM_SYSCOLORCHANGE, which the system sends to top-level windows only, to all controls within the
+// window.
 void tellSystemColors(HWND window);
 
-// Hands WM_NOTIFY, WM_COMMAND, WM_DRAWITEM and the colour messages that a parent got to the control they are about.
+// Hands WM_NOTIFY, WM_COMMAND, WM_DRAWITEM and the colour messages that a parent got to the control they are
+// about.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
 } // namespace vandrel

@@ -4,8 +4,9 @@
 
 namespace vandrel {
 
-// Nothing of the window is drawn while this lives, and all of it after: what moved its contents meanwhile took old
-// pixels along. One window of the whole desktop can be frozen at a time, so never hold it across anything that waits.
+// Nothing of the window is drawn while this lives, and all of it after: what moved its contents meanwhile
+// took old pixels along. One window of the whole desktop can be frozen at a time, so never hold it across
+// anything that waits.
 class DrawingFreeze {
   public:
     explicit DrawingFreeze(HWND window) : window_(window) { LockWindowUpdate(window); }

@@ -5,8 +5,8 @@
 
 namespace vandrel {
 
-// The folders on the way from the drive to a folder, and its subfolders. Double click and Enter open the selected
-// one, Backspace the one above.
+// The folders on the way from the drive to a folder, and its subfolders. Double click and Enter open the
+// selected one, Backspace the one above.
 class FolderList : public ListBox {
   public:
     FolderList(HWND parent, int id);

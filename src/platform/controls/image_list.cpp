@@ -30,7 +30,8 @@ const std::uint32_t* iconPixels(const wchar_t* resource, int size)
     return fits ? reinterpret_cast<const std::uint32_t*>(header + 1) : nullptr;
 }
 
-// All drawings side by side in one bitmap: adding them to a list one by one takes most of the program's start.
+// All drawings side by side in one bitmap: adding them to a list one by one takes most of the program's
+// start.
 BitmapHandle strip(const std::vector<const std::uint32_t*>& drawings, int size)
 {
     const auto side = static_cast<std::size_t>(size);
@@ -55,8 +56,8 @@ BitmapHandle strip(const std::vector<const std::uint32_t*>& drawings, int size)
 
 IconHandle loadIcon(const wchar_t* resource, int size)
 {
-    // Scales a larger drawing down where none has the size, and not the nearest one up. The import library does
-    // not know it.
+    // Scales a larger drawing down where none has the size, and not the nearest one up. The import library
+    // does not know it.
     using ScaleDown = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
     static const auto scaleDown = reinterpret_cast<ScaleDown>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"comctl32.dll"), "LoadIconWithScaleDown")));

@@ -15,8 +15,8 @@ class LinkLabel : public Control {
     std::function<void()> Click;
     std::function<void()> MouseMove;
 
-    // Its own colour (0x00BBGGRR) in place of that of links; on a dark surface the system's colour of links or of plain
-    // text takes its place.
+    // Its own colour (0x00BBGGRR) in place of that of links; on a dark surface the system's colour of links
+    // or of plain text takes its place.
     void setLook(COLORREF color, bool underlined);
     bool underlined() const { return isUnderlined_; }
 

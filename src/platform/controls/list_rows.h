@@ -58,8 +58,8 @@ class ListRows {
                   std::array<std::wstring, maxColumns> texts); // all or, without memory, none
 
     void clear();
-    // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted from
-    // then on.
+    // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted
+    // from then on.
     void fill(std::shared_ptr<const void> block, std::vector<Row> rows);
     // Adds such rows at the end, whatever the sort order says.
     void append(std::shared_ptr<const void> block, std::span<const Row> rows);

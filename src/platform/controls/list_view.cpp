@@ -272,7 +272,8 @@ void ListView::setImages(HIMAGELIST images)
 void ListView::setForeColor(COLORREF color)
 {
     Control::setForeColor(color);
-    // Black is the default and means the theme's own text colour, which a high-contrast scheme makes readable.
+    // Black is the default and means the theme's own text colour, which a high-contrast scheme makes
+    // readable.
     send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(color == 0 ? GetSysColor(COLOR_WINDOWTEXT) : color));
 }
 

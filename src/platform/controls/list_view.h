@@ -37,7 +37,8 @@ class ListView : public Control {
 
     std::size_t count() const { return rows_.size(); }
     bool empty() const { return rows_.size() == 0; }
-    // What a row is known by while messages run: numbers change meanwhile. No two rows of one list ever have the same.
+    // What a row is known by while messages run: numbers change meanwhile. No two rows of one list ever have
+    // the same.
     ListRows::Id id(std::size_t row) const { return rows_[row].id; }
     std::optional<std::size_t> rowOf(ListRows::Id id) const { return rows_.rowOf(id); }
     std::wstring text(std::size_t row, std::size_t column = 0) const;
@@ -49,7 +50,8 @@ class ListView : public Control {
     void setAllImages(int image);
 
     void clear();
-    // Rows whose texts look into what `block` owns, in the order given; switches sorting off. Nothing is selected.
+    // Rows whose texts look into what `block` owns, in the order given; switches sorting off. Nothing is
+    // selected.
     void fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows);
     // Adds such rows at the end, whatever the sort order says; setSorted(true) puts them in their places.
     void append(std::shared_ptr<const void> block, std::span<const ListRows::Row> rows);
@@ -150,10 +152,10 @@ class ListView : public Control {
     bool pressFired_ = false; // the press of the button selected a row already
 };
 
-// While one lives, the native controls of its lists are told neither how many rows there are nor which one is selected:
-// for a change of either they paint scroll bars and frames at once, which costs more than filling a list. For work that
-// fills and selects over and over before the next message. Of several rows that were selected before, all stay so while
-// rows are only appended; after any other change no more than one is.
+// While one lives, the native controls of its lists are told neither how many rows there are nor which one is
+// selected: for a change of either they paint scroll bars and frames at once, which costs more than filling a
+// list. For work that fills and selects over and over before the next message. Of several rows that were
+// selected before, all stay so while rows are only appended; after any other change no more than one is.
 class ListPause {
   public:
     template <std::same_as<ListView>... Lists>

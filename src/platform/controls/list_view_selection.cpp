@@ -7,8 +7,8 @@
 
 namespace vandrel {
 
-// Looking for a state goes through the rows one by one in some versions of the control, so what is known is asked
-// for first: how many are selected, and the row that was the last to get the focus.
+// Looking for a state goes through the rows one by one in some versions of the control, so what is known is
+// asked for first: how many are selected, and the row that was the last to get the focus.
 std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
 {
     const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
@@ -118,16 +118,16 @@ void ListView::catchUp()
     if (selected && *selected < count()) select(*selected);
 }
 
-// As many rows as are selected, the last of them the last that is: then there is no gap. Asking for tens of thousands of
-// rows one by one takes longer than removing them.
+// As many rows as are selected, the last of them the last that is: then there is no gap. Asking for tens of
+// thousands of rows one by one takes longer than removing them.
 bool ListView::isSelectedBlock(std::size_t first, std::size_t rows) const
 {
     const std::size_t last = first + rows - 1;
     return last < count() && isSelected(last) && !nextRow(static_cast<LRESULT>(last), LVNI_SELECTED);
 }
 
-// Row by row where they are scattered: all at once takes the control far longer then. Needs no memory, so that a list
-// can always be emptied.
+// Row by row where they are scattered: all at once takes the control far longer then. Needs no memory, so
+// that a list can always be emptied.
 void ListView::dropSelection()
 {
     std::size_t left = selectedCount();

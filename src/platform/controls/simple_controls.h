@@ -45,8 +45,8 @@ class CheckBox : public Control {
     void onCommand(WORD code, WORD id) override;
 };
 
-// One of several, of which one is on. The first of a group begins it, the arrow keys go through it, and Tab leads to
-// the one that is on.
+// One of several, of which one is on. The first of a group begins it, the arrow keys go through it, and Tab
+// leads to the one that is on.
 class OptionButton : public Control {
   public:
     enum class Place { first, following };
@@ -64,8 +64,8 @@ class TextBox : public Control {
 
     std::function<void()> GotFocus;
 
-    // What the box shows. While that is what it showed of the text set last, it is that text to the letter: the native
-    // box drops what it cannot show.
+    // What the box shows. While that is what it showed of the text set last, it is that text to the letter:
+    // the native box drops what it cannot show.
     std::wstring text() const override;
     void setText(const std::wstring& text) override;
     // Characters; a length beyond the end selects up to it.
@@ -105,11 +105,13 @@ class ProgressBar : public Control {
   public:
     explicit ProgressBar(HWND parent);
 
-    // Shows the bar, empty, for work of so many steps. The native bar counts the same steps, as screen readers tell them.
+    // Shows the bar, empty, for work of so many steps. The native bar counts the same steps, as screen
+    // readers tell them.
     void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
-    // Repaints at once, but only for the last step, for a hundredth more, and otherwise after a tenth of a second.
+    // Repaints at once, but only for the last step, for a hundredth more, and otherwise after a tenth of a
+    // second.
     void setValue(std::size_t value);
     std::size_t value() const { return value_; }
 

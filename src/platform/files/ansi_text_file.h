@@ -19,7 +19,8 @@ struct DecodedText {
     operator std::wstring_view() const { return {units.get(), size}; }
 };
 
-// What the file holds, byte for byte; none when there is no such file. Throws RuntimeError as AnsiTextFile::read does.
+// What the file holds, byte for byte; none when there is no such file. Throws RuntimeError as
+// AnsiTextFile::read does.
 std::optional<std::string> fileBytes(const std::wstring& path);
 
 // A text file in the ANSI code page, read and written whole: nothing stays open between two calls.
@@ -31,8 +32,8 @@ class AnsiTextFile {
     // RuntimeError (53 or 76 where there is no such file, 70, 75 and others where it cannot be read).
     DecodedText read() const;
 
-    // Puts the text that `compose` adds, piece by piece, in place of the content, all or nothing; see replaceFile. It is
-    // composed anew when the save is tried again.
+    // Puts the text that `compose` adds, piece by piece, in place of the content, all or nothing; see
+    // replaceFile. It is composed anew when the save is tried again.
     void write(const std::function<void(AnsiTextWriter& text)>& compose, FileLayer& files) const;
 
   private:

@@ -8,8 +8,9 @@
 
 namespace vandrel {
 
-// Every call that changes the disk. Each returns whether it succeeded and leaves the reason in the last error. A seam: a
-// test puts a layer that fails, or ends the process, at its n-th call in place of the system's.
+// Every call that changes the disk. Each returns whether it succeeded and leaves the reason in the last
+// error. A seam: a test puts a layer that fails, or ends the process, at its n-th call in place of the
+// system's.
 class FileLayer {
   public:
     virtual ~FileLayer() = default;
@@ -28,9 +29,11 @@ class FileLayer {
     virtual bool flush(HANDLE file);
     virtual bool close(HANDLE file);
 
-    // Gives `copy` the creation time, the attributes and the access rights of `original`, as many of them as it may.
+    // Gives `copy` the creation time, the attributes and the access rights of `original`, as many of them as
+    // it may.
     virtual bool copyIdentity(const std::wstring& original, const std::wstring& copy);
-    // Puts `replacement` in the place of `target` in one step: at every moment one of the two is there, whole.
+    // Puts `replacement` in the place of `target` in one step: at every moment one of the two is there,
+    // whole.
     virtual bool replace(const std::wstring& replacement, const std::wstring& target);
     // Writes a copy, attributes included, over whatever file is there.
     virtual bool copy(const std::wstring& from, const std::wstring& to);
@@ -60,8 +63,8 @@ class FilesInForce {
     FileLayer* before_;
 };
 
-// The same path in the form that the system takes as it stands: any length, no device names, no trimmed blanks.
-// Leaves a relative path alone.
+// The same path in the form that the system takes as it stands: any length, no device names, no trimmed
+// blanks. Leaves a relative path alone.
 std::wstring extendedPath(const std::wstring& path);
 
 // Writes the next bytes of a file; false when they could not be written.
@@ -69,21 +72,21 @@ using WritePart = std::function<bool(std::string_view bytes)>;
 // Writes what a file is to hold, part by part; false when a part was refused.
 using WriteContents = std::function<bool(const WritePart& write)>;
 
-// Puts `contents` in place of the file's content, all or nothing: they go to a file beside it, are flushed, and take
-// its place. While another program holds the file it tries again for about two seconds. Where the user has no right to
-// make a file beside it, or to replace it, the file that is there is written in its place (see saveInPlace). The contents
-// may be written several times. Throws RuntimeError (52, 57, 61, 70, 71, 75 or 76), or what `contents` throws, with the old
-// file whole and nothing left beside it.
+// Puts `contents` in place of the file's content, all or nothing: they go to a file beside it, are flushed,
+// and take its place. While another program holds the file it tries again for about two seconds. Where the
+// user has no right to make a file beside it, or to replace it, the file that is there is written in its
+// place (see saveInPlace). The contents may be written several times. Throws RuntimeError (52, 57, 61, 70,
+// 71, 75 or 76), or what `contents` throws, with the old file whole and nothing left beside it.
 void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files = systemFiles());
 void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
-// Puts `bytes` in the file, which is emptied first: what stops it leaves the file as far as it was written. For files
-// that can be made again, under names that the user typed: the system trims them as it does for every program. Throws
-// RuntimeError.
+// Puts `bytes` in the file, which is emptied first: what stops it leaves the file as far as it was written.
+// For files that can be made again, under names that the user typed: the system trims them as it does for
+// every program. Throws RuntimeError.
 void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
-// Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does, but never writes in place. Throws
-// RuntimeError, also when both are the same file (70).
+// Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does, but never writes in place.
+// Throws RuntimeError, also when both are the same file (70).
 void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
 // Throw RuntimeError when the file cannot be removed or renamed.
@@ -91,8 +94,8 @@ void removeFile(const std::wstring& path, FileLayer& files = systemFiles());
 void renameFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
 bool fileExists(const std::wstring& path);
-// Under whatever names: a folder can be reached in many ways, and a file may have several. Two of which one is missing
-// are not.
+// Under whatever names: a folder can be reached in many ways, and a file may have several. Two of which one
+// is missing are not.
 bool isSameFile(const std::wstring& one, const std::wstring& other);
 
 } // namespace vandrel

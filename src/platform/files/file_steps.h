@@ -14,8 +14,8 @@ bool meansHeld(DWORD reason);
 // Whether another program has the file open, be it only to look at it. Keeps the last error.
 bool isHeld(const std::wstring& path);
 
-// Tries for about two seconds, until `attempt` succeeds or what stops it is no reason that `passes` by itself. False leaves
-// the reason in the last error. Needs no memory.
+// Tries for about two seconds, until `attempt` succeeds or what stops it is no reason that `passes` by
+// itself. False leaves the reason in the last error. Needs no memory.
 template <typename Attempt, typename Passes> bool withPatience(Attempt attempt, Passes passes)
 {
     constexpr ULONGLONG patienceMilliseconds = 2000;
@@ -32,8 +32,8 @@ template <typename Attempt, typename Passes> bool withPatience(Attempt attempt, 
 }
 template <typename Attempt> bool withPatience(Attempt attempt) { return withPatience(attempt, meansHeld); }
 
-// A move over a file would go past its read-only mark, and so would some systems that write into it. Throws RuntimeError
-// (75).
+// A move over a file would go past its read-only mark, and so would some systems that write into it. Throws
+// RuntimeError (75).
 void requireReplaceable(const std::wstring& path);
 
 } // namespace vandrel

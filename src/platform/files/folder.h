@@ -5,9 +5,9 @@
 
 namespace vandrel {
 
-// The names of the files in a folder, not of its subfolders, in the order in which the file system gives them.
-// A folder that cannot be listed has none. `pattern` is matched by the system, which looks at short names as well: what it
-// lets through may be more.
+// The names of the files in a folder, not of its subfolders, in the order in which the file system gives
+// them. A folder that cannot be listed has none. `pattern` is matched by the system, which looks at short
+// names as well: what it lets through may be more.
 std::vector<std::wstring> fileNamesIn(const std::wstring& folder, const wchar_t* pattern = L"*");
 
 // Likewise of its subfolders, without those that the system hides.

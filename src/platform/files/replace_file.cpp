@@ -29,7 +29,8 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContent
 {
     const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) return false;
-    // Taken at once: what composes the contents goes on after a part was refused, and may change the last error.
+    // Taken at once: what composes the contents goes on after a part was refused, and may change the last
+    // error.
     DWORD reason = ERROR_SUCCESS;
     const auto noted = [&](bool done) {
         if (!done) reason = GetLastError();
@@ -57,8 +58,8 @@ bool writeSiblingPatiently(FileLayer& files, const std::wstring& sibling, const 
                         });
 }
 
-// Replacing a file that is open elsewhere is refused as a lack of access, too. One that nobody has open is tried a few
-// times more: whoever had it open may have let go of it between the refusal and the question.
+// Replacing a file that is open elsewhere is refused as a lack of access, too. One that nobody has open is
+// tried a few times more: whoever had it open may have let go of it between the refusal and the question.
 bool replacePatiently(FileLayer& files, const std::wstring& sibling, const std::wstring& target)
 {
     int moreAttempts = 3;
@@ -75,7 +76,8 @@ bool replaceBySibling(FileLayer& files, const std::wstring& target, const std::w
                       const WriteContents& contents)
 {
     if (!writeSiblingPatiently(files, sibling, contents)) return false;
-    // What cannot be copied, because the user may not or the file system has no such thing, the folder has given.
+    // What cannot be copied, because the user may not or the file system has no such thing, the folder has
+    // given.
     withPatience([&] { return files.copyIdentity(target, sibling); });
     return replacePatiently(files, sibling, target);
 }

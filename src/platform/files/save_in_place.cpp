@@ -51,8 +51,8 @@ class OpenFile {
         return bytes;
     }
     bool flush() { return files_.flush(file_); }
-    // Room is made first and given up last: a disk that fills up is found out before an old byte is lost, and the old
-    // bytes fit again.
+    // Room is made first and given up last: a disk that fills up is found out before an old byte is lost, and
+    // the old bytes fit again.
     bool overwrite(std::string_view bytes, std::size_t sizeBefore)
     {
         if (bytes.size() > sizeBefore && !files_.setSize(file_, bytes.size())) return false;
@@ -72,8 +72,8 @@ class OpenFile {
     HANDLE file_ = INVALID_HANDLE_VALUE;
 };
 
-// Old bytes in the user's folder for temporary files. Without such a folder, or room in it, there are none: what stands in
-// memory has to do.
+// Old bytes in the user's folder for temporary files. Without such a folder, or room in it, there are none:
+// what stands in memory has to do.
 class KeptBytes {
   public:
     KeptBytes(FileLayer& files, const std::wstring& target, std::string_view bytes)

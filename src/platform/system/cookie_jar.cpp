@@ -74,8 +74,8 @@ bool isNotPositive(std::wstring_view seconds)
     return !seconds.empty() && seconds.find_first_not_of(L'0') == std::wstring_view::npos;
 }
 
-// Whether the date has a year of the last century: that is how servers take a cookie back. A later date says when it grows
-// old, which none does here.
+// Whether the date has a year of the last century: that is how servers take a cookie back. A later date says
+// when it grows old, which none does here.
 bool isLongPast(std::wstring_view date)
 {
     for (std::size_t at = date.find(L"19"); at != std::wstring_view::npos; at = date.find(L"19", at + 1)) {

@@ -14,8 +14,9 @@ struct CookieSite {
     bool secure;       // asked over https
 };
 
-// The cookies that servers set within one chain of redirections. They live as long as the jar: one that a server takes
-// back goes, but none grows old. Whatever a server sends, the jar stays small, and what it gives back is one line.
+// The cookies that servers set within one chain of redirections. They live as long as the jar: one that a
+// server takes back goes, but none grows old. Whatever a server sends, the jar stays small, and what it gives
+// back is one line.
 class CookieJar {
   public:
     static constexpr std::size_t mostCookies = 50;
@@ -23,8 +24,8 @@ class CookieJar {
     static constexpr std::size_t longestLine =
         16384; // more, and servers refuse the request; what does not fit is left out
 
-    // What stands behind "Set-Cookie:" in an answer of that site. A line that is none, or that sets a cookie for others,
-    // is left out.
+    // What stands behind "Set-Cookie:" in an answer of that site. A line that is none, or that sets a cookie
+    // for others, is left out.
     void take(const CookieSite& from, std::wstring_view line);
     // What is to stand behind "Cookie:" in a request to that site; empty when there is nothing to send.
     std::wstring cookiesFor(const CookieSite& to) const;

@@ -32,10 +32,11 @@ class InternetTransfer {
     static constexpr unsigned usualSeconds = 30;
     void setRequestTimeout(unsigned milliseconds) { timeout_ = milliseconds; }
 
-    // The body as text in the ANSI code page, at most its first megabyte, whatever the status of the answer. Throws
-    // RuntimeError: 35761 when the time is up, 35764 while another address is being opened, 35752 for what is no
-    // address, 35753 for a protocol other than http, https and ftp, 35754 when no connection came about, 7 when the
-    // other thread has no memory, 35756 for any other failure and when the program is to end.
+    // The body as text in the ANSI code page, at most its first megabyte, whatever the status of the answer.
+    // Throws RuntimeError: 35761 when the time is up, 35764 while another address is being opened, 35752 for
+    // what is no address, 35753 for a protocol other than http, https and ftp, 35754 when no connection came
+    // about, 7 when the other thread has no memory, 35756 for any other failure and when the program is to
+    // end.
     std::wstring OpenURL(const std::wstring& url, Body body = Body::text);
     bool StillExecuting() const { return executing_; }
     // The program is to end: what waited for an answer must not touch its windows any more.

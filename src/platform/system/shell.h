@@ -6,7 +6,8 @@
 
 namespace vandrel {
 
-// Hands an address or a file to whatever the user opens such things with. That it cannot be opened is not reported.
+// Hands an address or a file to whatever the user opens such things with. That it cannot be opened is not
+// reported.
 void shellOpen(HWND owner, const std::wstring& target);
 
 // Starts a program in a normal window with the focus; the command line is the system's to take apart. Throws

@@ -15,8 +15,9 @@ using EventHandle = UniqueHandle<HANDLE, CloseHandle, nullHandle<HANDLE>>;
 // One that resets itself. Throws RuntimeError (7) when the system has none left.
 EventHandle makeEvent();
 
-// One address, shared by the thread that opens it and the one that waits for it. Once it is made nothing of it needs memory
-// or throws: a callback of the system can tell a state, and a thread that has run out of memory can say so.
+// One address, shared by the thread that opens it and the one that waits for it. Once it is made nothing of
+// it needs memory or throws: a callback of the system can tell a state, and a thread that has run out of
+// memory can say so.
 class TransferJob {
   public:
     static constexpr std::size_t mostStates = 64;

@@ -65,7 +65,8 @@ void TransferThread::takeJobs() noexcept
     if (const HINTERNET session = session_.exchange(nullptr)) InternetCloseHandle(session);
 }
 
-// Nobody stands behind a thread: what left it would end the program, and whoever waits would never hear of it.
+// Nobody stands behind a thread: what left it would end the program, and whoever waits would never hear of
+// it.
 void TransferThread::carryOut(TransferJob& job) noexcept
 {
     try {

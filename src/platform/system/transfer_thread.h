@@ -9,8 +9,8 @@
 
 namespace vandrel {
 
-// The thread that makes the calls, which wait. One that does not come back is left to itself: it ends when its call
-// does, or with the program.
+// The thread that makes the calls, which wait. One that does not come back is left to itself: it ends when
+// its call does, or with the program.
 class TransferThread : public std::enable_shared_from_this<TransferThread> {
   public:
     // Throws RuntimeError (7) when the system has no thread left.

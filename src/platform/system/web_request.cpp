@@ -35,8 +35,8 @@ constexpr std::size_t longestBody = 1U << 20; // bytes
 
 // ---- states
 
-// What one host after the other is told to be: resolved, then connected to, once each. A connection that is used again is
-// neither resolved nor made again; for whoever listens it is both.
+// What one host after the other is told to be: resolved, then connected to, once each. A connection that is
+// used again is neither resolved nor made again; for whoever listens it is both.
 class HostStates {
   public:
     explicit HostStates(TransferJob& job) : job_(job) {}
@@ -138,8 +138,8 @@ std::optional<std::wstring> redirection(HINTERNET request, const std::wstring& a
 InternetHandle ask(HINTERNET session, const std::wstring& address, const std::wstring& cookies,
                    HostStates& states)
 {
-    // Redirections are followed here, and cookies kept: not every system ends the ones that lead in a circle, and the
-    // system's cookies are the user's.
+    // Redirections are followed here, and cookies kept: not every system ends the ones that lead in a circle,
+    // and the system's cookies are the user's.
     constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_COOKIES |
                             INTERNET_FLAG_NO_UI | INTERNET_FLAG_PRAGMA_NOCACHE |
                             INTERNET_FLAG_NO_AUTO_REDIRECT;

@@ -119,8 +119,8 @@ void encodeUnits(std::wstring_view units, std::string& bytes)
     bytes.resize(before + static_cast<std::size_t>(std::max(written, 0)));
 }
 
-// A byte that spelled nothing goes back as it was, unless with the byte behind it it would now spell a letter and
-// swallow a separator.
+// A byte that spelled nothing goes back as it was, unless with the byte behind it it would now spell a letter
+// and swallow a separator.
 void encodeByteEscape(wchar_t unit, wchar_t following, std::string& bytes)
 {
     std::string pair(1, static_cast<char>(unit - byteEscape));
@@ -130,7 +130,8 @@ void encodeByteEscape(wchar_t unit, wchar_t following, std::string& bytes)
     bytes.push_back(swallows ? '?' : pair[0]);
 }
 
-// Everything from the first letter outside ASCII up to the next one inside it. `following` is the unit behind.
+// Everything from the first letter outside ASCII up to the next one inside it. `following` is the unit
+// behind.
 void encodeForeign(std::wstring_view text, wchar_t following, std::string& bytes)
 {
     std::size_t start = 0;

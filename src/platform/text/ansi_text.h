@@ -6,8 +6,8 @@
 namespace vandrel {
 
 // The text that `bytes` spell in the system's ANSI code page. Bytes that spell nothing there become lone
-// surrogates (U+DC00 plus the byte), which encodeAnsi turns back, so that a file with a damaged letter survives
-// being read and written.
+// surrogates (U+DC00 plus the byte), which encodeAnsi turns back, so that a file with a damaged letter
+// survives being read and written.
 std::wstring decodeAnsi(std::string_view bytes);
 // Into `text`, which has room for as many units as there are bytes. Returns the number of units.
 std::size_t decodeAnsi(std::string_view bytes, wchar_t* text);

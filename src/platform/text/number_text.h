@@ -5,8 +5,8 @@
 
 namespace vandrel {
 
-// The number that `text` begins with: blanks, a sign, digits, a fraction, an exponent. What follows is ignored;
-// a text that begins with no number gives 0. Never raises.
+// The number that `text` begins with: blanks, a sign, digits, a fraction, an exponent. What follows is
+// ignored; a text that begins with no number gives 0. Never raises.
 double lenientNumber(std::wstring_view text);
 
 // The same as a whole number, halves rounded to even, cut to the range lowest..highest.

@@ -12,8 +12,8 @@ struct Entry {
     std::uint32_t index;
 };
 
-// Three code units from `depth` on, the first most significant, then how many of them the text still has: so a
-// text that ends sorts before one that goes on with NULs.
+// Three code units from `depth` on, the first most significant, then how many of them the text still has: so
+// a text that ends sorts before one that goes on with NULs.
 std::uint64_t keyAt(std::wstring_view text, std::size_t depth)
 {
     const std::size_t left = depth < text.size() ? text.size() - depth : 0;

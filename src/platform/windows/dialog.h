@@ -8,9 +8,9 @@
 
 namespace vandrel {
 
-// A dialog of ours: a window of the system's dialog class with controls that the derived class owns. Making the
-// object loads it, unseen; showing comes after. Enter presses the default button, Esc cancels, Tab goes through
-// the controls in the order in which they were made.
+// A dialog of ours: a window of the system's dialog class with controls that the derived class owns. Making
+// the object loads it, unseen; showing comes after. Enter presses the default button, Esc cancels, Tab goes
+// through the controls in the order in which they were made.
 class Dialog : public Form {
   public:
     Dialog(const Dialog&) = delete;
@@ -22,7 +22,8 @@ class Dialog : public Form {
 
     // Returns when the dialog was unloaded; meanwhile the owner takes no input.
     void showModal();
-    // Returns at once. The dialog goes from the screen when it is unloaded, and is then the owner's to delete.
+    // Returns at once. The dialog goes from the screen when it is unloaded, and is then the owner's to
+    // delete.
     void showModeless();
     // Makes a modeless dialog that is open already the active window.
     void bringForward();

@@ -144,6 +144,7 @@ DropTarget::DropTarget(HWND window)
       target_(window),
       receiver_(new Receiver(*this))
 {
+    startAnswering();
     if (FAILED(RegisterDragDrop(target_, receiver_))) {
         receiver_->Release();
         throw RuntimeError(error_number::outOfMemory);

@@ -16,17 +16,17 @@ class DroppedData {
     explicit DroppedData(std::wstring text) : content_(std::move(text)) {}
     explicit DroppedData(RuntimeError failure) : content_(std::move(failure)) {}
 
-    // The plain text as it is, up to its first NUL. Throws RuntimeError: 461 when the data has no such form, another
-    // when it says that it has and does not give it.
+    // The plain text as it is, up to its first NUL. Throws RuntimeError: 461 when the data has no such form,
+    // another when it says that it has and does not give it.
     const std::wstring& text() const;
 
   private:
     std::variant<std::wstring, RuntimeError> content_;
 };
 
-// Lets a window take drops. The source of a drag waits until its drop was taken, so what is to be done with the
-// text is done only after it was let go: `Drop` is raised by a message of our own. While a dialog keeps the window
-// from taking input it takes no drops either.
+// Lets a window take drops. The source of a drag waits until its drop was taken, so what is to be done with
+// the text is done only after it was let go: `Drop` is raised by a message of our own. While a dialog keeps
+// the window from taking input it takes no drops either.
 class DropTarget : private Window {
   public:
     explicit DropTarget(HWND window);

@@ -6,15 +6,15 @@
 
 namespace vandrel {
 
-// When long work lets messages run: not so rarely that a user notices, and not so often that painting takes more than
-// a fifth of the time.
+// When long work lets messages run: not so rarely that a user notices, and not so often that painting takes
+// more than a fifth of the time.
 class MessageThrottle {
   public:
     static constexpr ULONGLONG usualMilliseconds = 100;
     static constexpr ULONGLONG longestMilliseconds = 1000;
 
-    // How long the work goes on after a turn that took so long, before the next one. A turn lasts as long as the dialogs
-    // that the user opens in it, and what waits behind these must not wait for minutes.
+    // How long the work goes on after a turn that took so long, before the next one. A turn lasts as long as
+    // the dialogs that the user opens in it, and what waits behind these must not wait for minutes.
     static constexpr ULONGLONG pauseAfter(ULONGLONG taken, ULONGLONG usual = usualMilliseconds)
     {
         if (usual == 0) return 0;

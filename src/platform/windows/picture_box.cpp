@@ -9,7 +9,9 @@ PictureBox::PictureBox(HWND parent, int id, Border border)
                                (border == Border::sunken ? static_cast<DWORD>(WS_EX_CLIENTEDGE) : 0),
               .parent = parent,
               .id = id})
-{}
+{
+    startAnswering();
+}
 
 void PictureBox::place(int left, int top, int width, int height)
 {

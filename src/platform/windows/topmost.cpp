@@ -36,8 +36,8 @@ constexpr const wchar_t* ownChoice = L"Vandrel.Topmost";
 
 void setTopmost(HWND window, bool on) noexcept
 {
-    // Wine moves the windows that this one owns (tool tips, dialogs) and forgets the window itself. So they are
-    // let go of for the moment, and go along one by one, the lowest first, to stay above their owner.
+    // Wine moves the windows that this one owns (tool tips, dialogs) and forgets the window itself. So they
+    // are let go of for the moment, and go along one by one, the lowest first, to stay above their owner.
     const HWND active = GetActiveWindow();
     const HWND layer = on ? HWND_TOPMOST : HWND_NOTOPMOST;
     constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;

@@ -16,8 +16,7 @@ Window::Window(const Creation& creation)
     windowClass.lpfnWndProc = windowProc;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = creation.cursor != nullptr ? creation.cursor : LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.hIcon = creation.icon;
-    windowClass.hbrBackground = GetSysColorBrush(creation.backgroundColor);
+    windowClass.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
     windowClass.lpszClassName = creation.className;
     RegisterClassExW(&windowClass); // a second window of the class finds it registered
     window_ = CreateWindowExW(creation.extendedStyle, creation.className, L"", creation.style, 0, 0, 0, 0,
@@ -43,6 +42,7 @@ LRESULT CALLBACK Window::windowProc(HWND window, UINT message, WPARAM wParam, LP
         object->window_ = nullptr;
         return DefWindowProcW(window, message, wParam, lParam);
     }
+    if (!object->answering_) return DefWindowProcW(window, message, wParam, lParam);
     return guarded(window, 0, [&] { return object->onMessage(message, wParam, lParam); });
 }
 

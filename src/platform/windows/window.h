@@ -26,11 +26,12 @@ class Window {
         HWND parent = nullptr;
         int id = 0;
         HCURSOR cursor = nullptr; // the arrow where there is none
-        HICON icon = nullptr;
-        int backgroundColor = COLOR_3DFACE;
     };
-    // The window exists from here on; until the derived class is made, its messages are answered by the system.
+    // The window exists from here on. Its messages are answered by the system until startAnswering: while the
+    // members of a derived class are made, its onMessage would already be called.
     explicit Window(const Creation& creation);
+    // To be called by each derived class as soon as its members stand.
+    void startAnswering() { answering_ = true; }
 
     // Decodes and calls a named method; what it does not know goes to Window::onMessage.
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -41,6 +42,7 @@ class Window {
     static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     HWND window_ = nullptr;
+    bool answering_ = false;
 };
 
 } // namespace vandrel

@@ -15,7 +15,8 @@ namespace {
 
 using Record = std::array<std::wstring, ListRows::maxColumns>;
 
-// Private letters, which no text has by chance: which line of its file a text was in, and which piece of the line.
+// Private letters, which no text has by chance: which line of its file a text was in, and which piece of the
+// line.
 constexpr wchar_t firstLineMark = 0xE000;
 constexpr wchar_t lastLineMark = 0xF8FE;
 constexpr std::size_t mostLines = lastLineMark - firstLineMark;
@@ -91,7 +92,8 @@ class HostileRecords : public testing::Test {
                         std::min(made.size(), hostile.below(3))); // cut at or within the last end
         return made;
     }
-    // What an edited or an added site may hold: all but what separates, which the program's other rules are about.
+    // What an edited or an added site may hold: all but what separates, which the program's other rules are
+    // about.
     std::wstring typed()
     {
         std::wstring text = hostile.text(20);
@@ -135,7 +137,8 @@ class HostileRecords : public testing::Test {
         }
         return testing::AssertionSuccess();
     }
-    // Every field holds the text of one line alone, and that of one piece where no lone line end joins two lines.
+    // Every field holds the text of one line alone, and that of one piece where no lone line end joins two
+    // lines.
     static testing::AssertionResult apart(const ListRows& list)
     {
         for (std::size_t row = 0; row < list.size(); ++row) {

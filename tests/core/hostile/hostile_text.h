@@ -16,7 +16,8 @@ inline std::size_t hostileCount(std::size_t usual)
     return text != nullptr ? static_cast<std::size_t>(std::strtoull(text, nullptr, 10)) : usual;
 }
 
-// Texts that no careful program writes. What a seed gives is the same on every machine; VANDREL_SEED repeats it.
+// Texts that no careful program writes. What a seed gives is the same on every machine; VANDREL_SEED repeats
+// it.
 class HostileText {
   public:
     HostileText() : seed_(seed()), random_(seed_) {}

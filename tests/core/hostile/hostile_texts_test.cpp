@@ -19,7 +19,8 @@
 namespace vandrel::test {
 namespace {
 
-// The short texts that come from outside: file names, dropped links, stored dates and preferences, command lines.
+// The short texts that come from outside: file names, dropped links, stored dates and preferences, command
+// lines.
 class HostileTexts : public testing::Test {
   protected:
     // One of the sound ones, changed, or anything.

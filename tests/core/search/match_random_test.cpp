@@ -15,8 +15,8 @@ struct Place {
     std::size_t end;
 };
 
-// What the matcher is measured by: the text is written out with every letter folded and expanded, and the term is
-// looked for wherever a letter of the text begins, up to where one ends.
+// What the matcher is measured by: the text is written out with every letter folded and expanded, and the
+// term is looked for wherever a letter of the text begins, up to where one ends.
 std::vector<Place> placesOf(std::wstring_view term, std::wstring_view text, const CaseFolding* folding)
 {
     std::wstring written;

@@ -43,7 +43,8 @@ class ExportByKeyboard : public ShortcutTest {
         program.key(VK_RETURN);
         program.back();
     }
-    // Ctrl+I, the file by arrow keys, Enter, no description; what is then the address of the only site of "Zoo".
+    // Ctrl+I, the file by arrow keys, Enter, no description; what is then the address of the only site of
+    // "Zoo".
     std::string importedAddress(const std::wstring& file)
     {
         program.click(program.categories(), L"Zoo");

@@ -18,7 +18,8 @@ std::string row(const std::string& name, const std::string& url, const std::stri
            "</td></tr>\r\n";
 }
 
-// Alt with the letter of the menu, then the letters of its entries. A pointer over the menu would choose as well.
+// Alt with the letter of the menu, then the letters of its entries. A pointer over the menu would choose as
+// well.
 void chooseByKeys(const ProgramDriver& program, WORD entry, WORD subEntry)
 {
     RECT area{};

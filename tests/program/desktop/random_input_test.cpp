@@ -45,8 +45,8 @@ bool isWholeCategory(const std::string& bytes)
     return true;
 }
 
-// Nothing that is opened leaves this machine: a stand-in takes the place of browser and mailer, and connections go to a
-// proxy that is not there.
+// Nothing that is opened leaves this machine: a stand-in takes the place of browser and mailer, and
+// connections go to a proxy that is not there.
 class RandomInput : public ShortcutTest {
   protected:
     RandomInput()

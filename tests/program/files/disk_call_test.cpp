@@ -185,8 +185,8 @@ class CommandRun {
         CloseHandle(started.hProcess);
         return code;
     }
-    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may not be
-    // found.
+    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may
+    // not be found.
     static bool startProcess(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
     {
         const ULONGLONG deadline = GetTickCount64() + longestRunMilliseconds;
@@ -203,8 +203,8 @@ class CommandRun {
     TempFolder target_{L"disk-call-target"};
 };
 
-// The program ends itself immediately before and after each of the calls by which a command changes the disk, and in the
-// middle of each that writes. A part of them, or as many per cent as VANDREL_ENDURANCE says.
+// The program ends itself immediately before and after each of the calls by which a command changes the disk,
+// and in the middle of each that writes. A part of them, or as many per cent as VANDREL_ENDURANCE says.
 class DiskCall : public testing::TestWithParam<Case> {
   protected:
     ~DiskCall() override
@@ -228,7 +228,8 @@ class DiskCall : public testing::TestWithParam<Case> {
         }
         return points;
     }
-    // Evenly spread. Where they begin differs from command to command, so that a part of all meets every kind of call.
+    // Evenly spread. Where they begin differs from command to command, so that a part of all meets every kind
+    // of call.
     static std::vector<Point> chosenOf(const std::vector<Point>& points)
     {
         const auto part = environmentText(L"VANDREL_ENDURANCE");

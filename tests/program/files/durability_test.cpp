@@ -18,8 +18,8 @@ constexpr int killsOfAPart = 125;
 constexpr double longestRun = 25; // milliseconds; some saves of both files
 constexpr DWORD limitMilliseconds = 20'000;
 
-// A process that saves in a loop is killed at random moments, 500 times over the four parts. VANDREL_SEED repeats
-// a run.
+// A process that saves in a loop is killed at random moments, 500 times over the four parts. VANDREL_SEED
+// repeats a run.
 class Durability : public testing::TestWithParam<int> {
   protected:
     Durability()
@@ -61,8 +61,8 @@ class Durability : public testing::TestWithParam<int> {
         CloseHandle(started.hProcess);
         CloseHandle(begun);
     }
-    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may not be
-    // found.
+    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may
+    // not be found.
     static bool startProcess(std::wstring line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
     {
         const ULONGLONG deadline = GetTickCount64() + limitMilliseconds;

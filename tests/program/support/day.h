@@ -27,7 +27,8 @@ struct DayPlan {
 // A day with the program, from its first start in an empty folder to the next morning. It goes on in a real collection
 // that lies beside the project.
 //
-// Where the environment variable VANDREL_PICTURES names a folder, each station leaves a picture of the screen there.
+// Where the environment variable VANDREL_PICTURES names a folder, each station leaves a picture of the screen
+// there.
 class Day : public ShortcutTest {
   protected:
     Day();

@@ -310,7 +310,8 @@ void Day::changeFont()
 
 void Day::changeShape()
 {
-    // The last column ends where the vertical scroll bar is; only a narrower one beside it lets the date be reached.
+    // The last column ends where the vertical scroll bar is; only a narrower one beside it lets the date be
+    // reached.
     const auto before = columnWidths();
     dragColumnEdge(1, -60);
     EXPECT_SOON(columnWidths()[1], before[1] - 60);

@@ -1,8 +1,8 @@
 // Stands in for a program that something is dragged out of:
 //   drag_source unicode|ansi|files TEXT X Y FILE
-// offers the text in one form, drops it at that point of the screen and then writes to the file what it was told:
-// "returned copy". It stays until it is ended, as a browser would: Windows gives the keyboard to another program
-// when one ends, and that must not hide that the one under test does not take it.
+// offers the text in one form, drops it at that point of the screen and then writes to the file what it was
+// told: "returned copy". It stays until it is ended, as a browser would: Windows gives the keyboard to
+// another program when one ends, and that must not hide that the one under test does not take it.
 
 #include "tests/window/capture/dropped_object.h"
 

@@ -193,8 +193,9 @@ void ProgramDriver::requireKeyboard() const
                                               }));
 }
 
-// News of earlier moves may reach the program late and take the mouse back for a moment: a click would land there,
-// and a menu would lose the entry that the keys have reached. So the program is asked until the mouse stays.
+// News of earlier moves may reach the program late and take the mouse back for a moment: a click would land
+// there, and a menu would lose the entry that the keys have reached. So the program is asked until the mouse
+// stays.
 void ProgramDriver::settleMouse(POINT screen) const
 {
     constexpr int enough = 3;

@@ -13,9 +13,10 @@ namespace vandrel::test {
 
 using Texts = std::vector<std::wstring>;
 
-// One run of Vandrel.exe as a user has it: a copy of the program in a folder of its own, driven by real keys and
-// mouse, its controls read from outside. What does not come about within the limit throws std::runtime_error with
-// a word on what was waited for and on the windows that were open; the test then fails with it.
+// One run of Vandrel.exe as a user has it: a copy of the program in a folder of its own, driven by real keys
+// and mouse, its controls read from outside. What does not come about within the limit throws
+// std::runtime_error with a word on what was waited for and on the windows that were open; the test then
+// fails with it.
 class ProgramDriver {
   public:
     // Puts the program into the folder, which is its data folder, unless it is there.
@@ -26,8 +27,8 @@ class ProgramDriver {
 
     // ---- the process
 
-    // Starts it there and waits until its window has the keyboard. With a command line, what the user sees first
-    // is the site editor; wait for that with dialog().
+    // Starts it there and waits until its window has the keyboard. With a command line, what the user sees
+    // first is the site editor; wait for that with dialog().
     void start(const std::wstring& commandLine = L"") { startIn(folder_, commandLine); }
     // The same with another current directory than the program's folder.
     void startFrom(const std::wstring& directory) { startIn(directory, L""); }
@@ -52,8 +53,8 @@ class ProgramDriver {
     void click(HWND list, const std::wstring& text) const; // the first row whose first column shows it
     void clickHeader(HWND list, int column) const;
     void clickAt(POINT screen) const;
-    // By the pop-up menu of the row: opens it with the right button and goes down to the entry with arrow keys.
-    // `entry` counts from 0, separators left out; `subEntry` is one of the submenu's.
+    // By the pop-up menu of the row: opens it with the right button and goes down to the entry with arrow
+    // keys. `entry` counts from 0, separators left out; `subEntry` is one of the submenu's.
     void choose(HWND list, int row, int entry, int subEntry = -1) const;
 
     // ---- what it shows
@@ -89,8 +90,8 @@ class ProgramDriver {
 
     // ---- whole steps
 
-    // A click on the category, unless it is the one that is shown: a second click would load it again, at a moment
-    // that cannot be seen from outside.
+    // A click on the category, unless it is the one that is shown: a second click would load it again, at a
+    // moment that cannot be seen from outside.
     void openCategory(const std::wstring& title) const;
     // F3, the three texts, Enter; waits until the editor is gone.
     void addSite(const std::wstring& name, const std::wstring& url, const std::wstring& description) const;

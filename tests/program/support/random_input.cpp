@@ -99,8 +99,8 @@ constexpr KeyStroke dialogKeys[] = {
     {"Alt+F", 'F', false, false, true},
 };
 
-// Not to the left and right: beside the first and the last menu of the bar is the window's own, which moves and sizes
-// it by the window manager's keys, and those are not to be had here.
+// Not to the left and right: beside the first and the last menu of the bar is the window's own, which moves
+// and sizes it by the window manager's keys, and those are not to be had here.
 constexpr KeyStroke menuKeys[] = {
     {"Down", VK_DOWN}, {"Down", VK_DOWN}, {"Down", VK_DOWN},    {"Down", VK_DOWN},
     {"Up", VK_UP},     {"Up", VK_UP},     {"Enter", VK_RETURN}, {"Enter", VK_RETURN},

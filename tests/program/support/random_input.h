@@ -30,8 +30,9 @@ void send(const KeyStroke& stroke);
 // MessageThrottle the mouse's wheel by so many notches where the mouse is.
 void turnWheel(POINT screen, int notches);
 
-// Tells when another thread has taken all input that was sent to it: behind that input a key is sent that means
-// nothing to anybody, and the state of the keyboard as that thread knows it is read until it shows the key.
+// Tells when another thread has taken all input that was sent to it: behind that input a key is sent that
+// means nothing to anybody, and the state of the keyboard as that thread knows it is read until it shows the
+// key.
 class TakenInput {
   public:
     explicit TakenInput(DWORD thread);

@@ -63,7 +63,8 @@ std::string RandomUser::story() const
 
 // ---- what is there
 
-// What else is on the screen, such as a browser's stand-in, may have taken it. A user clicks on the window then.
+// What else is on the screen, such as a browser's stand-in, may have taken it. A user clicks on the window
+// then.
 void RandomUser::regainKeyboard()
 {
     const HWND main = program_.window();
@@ -212,8 +213,8 @@ void RandomUser::typeWord()
     input::type(text);
 }
 
-// Within the window's client area and, where there is one, its menu bar: on its frame begins what only the window
-// manager can end.
+// Within the window's client area and, where there is one, its menu bar: on its frame begins what only the
+// window manager can end.
 void RandomUser::mouse(HWND window)
 {
     constexpr int grip = 24; // of a status bar, which sizes the window
@@ -258,8 +259,8 @@ void RandomUser::mouse(HWND window)
     }
 }
 
-// As the menu of the main window sends it. Not posted: between two posted ones the first could open a dialog, which
-// nobody's menu would reach over.
+// As the menu of the main window sends it. Not posted: between two posted ones the first could open a dialog,
+// which nobody's menu would reach over.
 void RandomUser::command()
 {
     const int entry = oneOf(commands());

@@ -18,9 +18,9 @@ class RandomUser {
   public:
     RandomUser(ProgramDriver& program, unsigned seed, std::wstring files);
 
-    // One action, or a few that follow one another; returns their number when the program has taken them. Throws
-    // std::runtime_error when the program has ended otherwise than by quitting, when it does not take what it is
-    // given, and when it tells of an error within itself.
+    // One action, or a few that follow one another; returns their number when the program has taken them.
+    // Throws std::runtime_error when the program has ended otherwise than by quitting, when it does not take
+    // what it is given, and when it tells of an error within itself.
     int act();
     // Cancels whatever is open.
     void closeDialogs();

@@ -1,5 +1,5 @@
-// Stands in for the programs that the system would start, such as a web browser: appends its whole command line, as
-// UTF-8 and with a line end, to the file that the environment variable VANDREL_RECORD names.
+// Stands in for the programs that the system would start, such as a web browser: appends its whole command
+// line, as UTF-8 and with a line end, to the file that the environment variable VANDREL_RECORD names.
 
 #include <windows.h>
 

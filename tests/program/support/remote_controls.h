@@ -11,7 +11,8 @@ namespace vandrel::test {
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 std::wstring textOf(HWND window);
 
-// Reads the common controls of another process. Their messages take addresses, and those must lie in that process.
+// Reads the common controls of another process. Their messages take addresses, and those must lie in that
+// process.
 class RemoteControls {
   public:
     explicit RemoteControls(HANDLE process);

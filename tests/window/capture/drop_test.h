@@ -25,8 +25,8 @@ class DropTest : public StoreTest {
     }
     IDropTarget* target() { return dropTargetOf(lstInfo().handle()); }
 
-    // From entering the list to letting go; the effect that Drop answers. What the program then does waits until
-    // messages are dispatched.
+    // From entering the list to letting go; the effect that Drop answers. What the program then does waits
+    // until messages are dispatched.
     DWORD letGo(DroppedObject& data, DWORD allowed = everyEffect, POINTL at = {5, 5}, DWORD keys = MK_LBUTTON)
     {
         DWORD effect = allowed;

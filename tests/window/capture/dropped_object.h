@@ -14,8 +14,8 @@ namespace vandrel::test {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// What another program drags: data in the forms that a test gives it. It stands on the stack; inUse() tells whether
-// somebody still holds it.
+// What another program drags: data in the forms that a test gives it. It stands on the stack; inUse() tells
+// whether somebody still holds it.
 class DroppedObject final : public IDataObject {
   public:
     DroppedObject() = default;

@@ -7,14 +7,15 @@
 
 namespace vandrel::test {
 
-// Answers each dialog and box of this thread from inside its own loop, the moment it is shown: thousands of them
-// would be long in waiting for a timer.
+// Answers each dialog and box of this thread from inside its own loop, the moment it is shown: thousands of
+// them would be long in waiting for a timer.
 class AtOnce : private Window {
   public:
     AtOnce()
         : Window({.className = L"Vandrel.AtOnce", .style = 0, .parent = HWND_MESSAGE}),
           hook_(SetWindowsHookExW(WH_CBT, shown, nullptr, GetCurrentThreadId()))
     {
+        startAnswering();
         alive() = this;
     }
     ~AtOnce() override

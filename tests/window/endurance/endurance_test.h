@@ -30,15 +30,16 @@ class EnduranceTest : public SearchTest {
         atOnce_.answer = nullptr;
         ASSERT_EQ(atOnce_.answered(), before + 1);
     }
-    // A twentieth of so many, which beside all the other tests is enough for what is left behind in each round. A run by
-    // hand takes all of them with VANDREL_ENDURANCE=100 (per cent) and VANDREL_TIMEOUT=1800 (seconds).
+    // A twentieth of so many, which beside all the other tests is enough for what is left behind in each
+    // round. A run by hand takes all of them with VANDREL_ENDURANCE=100 (per cent) and VANDREL_TIMEOUT=1800
+    // (seconds).
     static int rounds(int all)
     {
         const auto part = environmentText(L"VANDREL_ENDURANCE");
         return all * (part ? std::stoi(*part) : usualPerCent) / 100;
     }
-    // So many rounds must leave nothing behind. The first hundred fill what the system and the program keep for the
-    // next time.
+    // So many rounds must leave nothing behind. The first hundred fill what the system and the program keep
+    // for the next time.
     void endure(int count, const std::function<void()>& round)
     {
         constexpr int first = 100;
@@ -61,8 +62,8 @@ class EnduranceTest : public SearchTest {
     }
 
   private:
-    // Messages run between two rounds, as they do between two commands. Else what a thousand searches leave in the queue
-    // lies in memory at a time, and the heap keeps the room.
+    // Messages run between two rounds, as they do between two commands. Else what a thousand searches leave
+    // in the queue lies in memory at a time, and the heap keeps the room.
     static void runRounds(int count, const std::function<void()>& round)
     {
         for (int i = 0; i < count && !HasFailure(); ++i) {

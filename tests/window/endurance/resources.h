@@ -18,10 +18,10 @@ struct Resources {
     std::size_t bytes = 0;   // memory that is this process's alone
 };
 
-// How much more there may be after thousands of rounds than before them. Nothing of ours stays, so these are the
-// system's own habits: it keeps a device context, a cursor or an event for the next time, and its heaps are never
-// packed quite as before. One object left behind in every three hundredth of 2,000 rounds exceeds the numbers, and a
-// kilobyte in each of them the memory.
+// How much more there may be after thousands of rounds than before them. Nothing of ours stays, so these are
+// the system's own habits: it keeps a device context, a cursor or an event for the next time, and its heaps
+// are never packed quite as before. One object left behind in every three hundredth of 2,000 rounds exceeds
+// the numbers, and a kilobyte in each of them the memory.
 inline constexpr Resources tolerance{.drawing = 5, .user = 5, .handles = 5, .bytes = 2U << 20};
 
 namespace counting {

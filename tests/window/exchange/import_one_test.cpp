@@ -5,8 +5,8 @@ namespace {
 
 class ImportOfOneFile : public ImportTest {
   protected:
-    // Presses Import on the file; the dialog stays open and is then closed. No description is asked for when the
-    // failure comes before it.
+    // Presses Import on the file; the dialog stays open and is then closed. No description is asked for when
+    // the failure comes before it.
     void failToImport(const std::wstring& file, const std::function<void()>& spoil, bool asked = false)
     {
         open(

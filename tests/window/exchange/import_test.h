@@ -141,7 +141,8 @@ class ImportTest : public StoreTest {
     }
     void makeSubfolder(const std::wstring& name) { CreateDirectoryW(favorites.file(name).c_str(), nullptr); }
 
-    // Opens the dialog from the menu; `act` must close it. `further` says what answers the windows that follow.
+    // Opens the dialog from the menu; `act` must close it. `further` says what answers the windows that
+    // follow.
     void open(
         const std::function<void(const ImportDialog&)>& act,
         const std::function<void(Answers&)>& further = [](Answers&) {})

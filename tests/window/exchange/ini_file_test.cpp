@@ -302,7 +302,8 @@ TEST_F(ShortcutFile, AFileOfALongPathIsRead)
     }
 }
 
-// Where a volume makes no short names, or they are longer than the path, nothing spells such a path in the code page.
+// Where a volume makes no short names, or they are longer than the path, nothing spells such a path in the
+// code page.
 TEST_F(ShortcutFile, APathThatNoShortNameSpellsIsReadAndWritten)
 {
     std::wstring deep = folder.path();

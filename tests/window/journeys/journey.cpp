@@ -65,7 +65,8 @@ std::string joined(const ModelSites& sites)
     return joined(lines);
 }
 
-// By hand, so that the reader of the program is not its own judge. The western code page is one byte a letter.
+// By hand, so that the reader of the program is not its own judge. The western code page is one byte a
+// letter.
 ModelSites sitesIn(const std::string& bytes)
 {
     ModelSites sites;
@@ -409,8 +410,8 @@ void JourneyTest::removeSites(const JourneyStep& step)
 void JourneyTest::renameCategory(const JourneyStep& step)
 {
     if (!model_.shown) return command(mnuRenameCat, 0);
-    // Wine takes a label that was not changed for a cancelled one, Windows for a new one: both are right while the file
-    // is there.
+    // Wine takes a label that was not changed for a cancelled one, Windows for a new one: both are right
+    // while the file is there.
     const std::wstring& now = model_.categories[*model_.shown];
     if (oneOf(titleAnswers, step.b).value_or(now) == now && !model_.files.contains(now)) return;
     const auto& title = oneOf(titleAnswers, step.b);

@@ -8,8 +8,8 @@
 
 namespace vandrel::test {
 
-// One thing that the user does. The numbers choose what with and how, whatever the state is, so that a step can be left
-// out of a walk without making the others impossible.
+// One thing that the user does. The numbers choose what with and how, whatever the state is, so that a step
+// can be left out of a walk without making the others impossible.
 struct JourneyStep {
     enum class Act {
         clickCategory,
@@ -59,7 +59,8 @@ std::string story(const Walk& walk);
 // The program beside its model.
 class JourneyTest : public StoreTest {
   protected:
-    // Walks on a small collection made anew. What is not as the model has it, with the step's number; empty when all is.
+    // Walks on a small collection made anew. What is not as the model has it, with the step's number; empty
+    // when all is.
     std::string walk(const Walk& steps);
     // The walk without the steps that its failure does not need.
     Walk shortened(Walk steps);

@@ -24,8 +24,8 @@ using ModelSites = std::vector<ModelSite>;
 // What the program is to do, told a second time and as simply as can be: lists are vectors, a file is what it holds.
 // Nothing here is taken from the program's own code.
 //
-// Each command takes the answers that the user will give, leaves the windows that are to come up in `replies`, and the
-// state as it is to be afterwards.
+// Each command takes the answers that the user will give, leaves the windows that are to come up in
+// `replies`, and the state as it is to be afterwards.
 class JourneyModel {
   public:
     // ---- the disk
@@ -44,7 +44,8 @@ class JourneyModel {
     std::vector<Reply> replies;
 
     std::wstring today;
-    // The user's answers: a title for "Category Name" (none: cancelled), Yes or No to questions about what is not saved.
+    // The user's answers: a title for "Category Name" (none: cancelled), Yes or No to questions about what is
+    // not saved.
     std::optional<std::wstring> titleAnswer;
     bool yes = true;
 

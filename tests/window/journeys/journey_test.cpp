@@ -9,8 +9,8 @@
 namespace vandrel::test {
 namespace {
 
-// Any command after any other, by whatever way, beside a model of what each is to do. VANDREL_SEED repeats a run;
-// VANDREL_ENDURANCE is the per cent of all walks, of which ./test takes a few.
+// Any command after any other, by whatever way, beside a model of what each is to do. VANDREL_SEED repeats a
+// run; VANDREL_ENDURANCE is the per cent of all walks, of which ./test takes a few.
 class Journeys : public JourneyTest {
   protected:
     static constexpr int allWalks = 1000;

@@ -6,8 +6,8 @@
 namespace vandrel::test {
 namespace {
 
-// For each new name Wine reads the whole folder, lest there is one that differs in case only: minutes for 10,000.
-// A path in its own form is taken as it stands. On Windows the path is used as it is.
+// For each new name Wine reads the whole folder, lest there is one that differs in case only: minutes for
+// 10,000. A path in its own form is taken as it stands. On Windows the path is used as it is.
 std::wstring quickForm(const std::wstring& path)
 {
     using Translate = char*(CDECL*)(const wchar_t*);

@@ -78,8 +78,8 @@ inline std::string treeOf(HMENU menu, const std::string& indent = "")
     return tree;
 }
 
-// Waits for the pop-up menu that a call opens: looks at it from inside, then presses the keys, such as VK_DOWN and
-// VK_RETURN; without keys it is dismissed. Make it before the call.
+// Waits for the pop-up menu that a call opens: looks at it from inside, then presses the keys, such as
+// VK_DOWN and VK_RETURN; without keys it is dismissed. Make it before the call.
 class MenuVisit {
   public:
     explicit MenuVisit(std::function<void(HMENU)> look, std::vector<WORD> keys = {})

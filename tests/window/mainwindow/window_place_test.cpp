@@ -81,7 +81,8 @@ TEST_F(WindowPlace, PartlyBeyondTheScreenItStaysWhereItWas)
 {
     setPreference(L"Config", L"Left", L"15000");
     setPreference(L"Config", L"Width", L"12000");
-    // Not shown: the window manager of the tests' display moves what it shows onto the screen; Windows does not.
+    // Not shown: the window manager of the tests' display moves what it shows onto the screen; Windows does
+    // not.
     main = std::make_unique<frmMain>(
         frmMain::Startup{.dataFolder = folder.path(), .commandLine = L"", .settings = store, .today = [] {
                              return std::wstring();

@@ -67,7 +67,8 @@ inline std::wstring withoutMarks(std::wstring text)
     return text;
 }
 
-// What a screen reader calls the control: its own text, or the label before it where its text is what it holds.
+// What a screen reader calls the control: its own text, or the label before it where its text is what it
+// holds.
 inline std::wstring spokenName(HWND control)
 {
     const std::wstring kind = classOf(control);

@@ -4,8 +4,8 @@
 namespace vandrel::test {
 namespace {
 
-// Every control that can be seen, as its kind and its name; labels, frames and panels hold the others. The splitter bar
-// is for the mouse alone, and the status bar's texts speak for themselves.
+// Every control that can be seen, as its kind and its name; labels, frames and panels hold the others. The
+// splitter bar is for the mouse alone, and the status bar's texts speak for themselves.
 const std::map<Shown, Names> names{
     {Shown::mainWindow,
      {L"Button: Quick Search", L"ComboBox: Quick Search", L"SysListView32: Categories",

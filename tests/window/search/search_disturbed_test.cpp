@@ -5,21 +5,6 @@
 namespace vandrel::test {
 namespace {
 
-class CurrentFolder {
-  public:
-    explicit CurrentFolder(const std::wstring& path)
-    {
-        before_.resize(GetCurrentDirectoryW(MAX_PATH, before_.data()));
-        SetCurrentDirectoryW(path.c_str());
-    }
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
-    ~CurrentFolder() { SetCurrentDirectoryW(before_.c_str()); }
-
-  private:
-    std::wstring before_ = std::wstring(MAX_PATH, L'\0');
-};
-
 // What the user and other programs do to categories and sites while they are searched.
 class SearchDisturbed : public SearchOfThreeTest {
   protected:

@@ -22,7 +22,8 @@ inline constexpr int results = 107;
 
 enum Section { allSections, nameOnly, urlOnly, descriptionOnly };
 
-// Two categories of two sites, in which "daily" stands in a name, an address and a description, and an empty one.
+// Two categories of two sites, in which "daily" stands in a name, an address and a description, and an empty
+// one.
 inline constexpr const char* newsSites = "Daily News|http://Paper.example/|Read It Early|9/30/2002\r\n"
                                          "Weather|http://sky.example/daily|Clouds|10/1/2002\r\n";
 inline constexpr const char* toolsSites = "Compiler|http://gcc.example/|DAILY builds|1/1/2003\r\n"
@@ -94,7 +95,8 @@ inline std::string manySites(const std::string& name, int count)
     return lines;
 }
 
-// While a search runs, does something whenever it lets messages run: `action` gets the number of the time, from 1.
+// While a search runs, does something whenever it lets messages run: `action` gets the number of the time,
+// from 1.
 class SearchTurns {
   public:
     SearchTurns(frmMain& main, std::function<void(int turn)> action)

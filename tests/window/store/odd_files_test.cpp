@@ -4,8 +4,8 @@
 namespace vandrel::test {
 namespace {
 
-// What other programs, editors and accidents make of a category file. The site named Touch gets a new description;
-// everything else has to come back.
+// What other programs, editors and accidents make of a category file. The site named Touch gets a new
+// description; everything else has to come back.
 class OddFile : public StoreTest {
   protected:
     std::string savedByAChangeElsewhere(const std::string& bytes)

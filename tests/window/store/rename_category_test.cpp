@@ -100,7 +100,8 @@ TEST_F(CategoryRename, ATitleOfBlanksIsRefusedAndTheOldNameStays)
     expectUnchanged();
 }
 
-// Past the native list: Wine's takes a label without text for a cancelled edit, Windows' hands over the empty text.
+// Past the native list: Wine's takes a label without text for a cancelled edit, Windows' hands over the empty
+// text.
 TEST_F(CategoryRename, AnEmptyTitleIsRefusedAndTheOldNameStays)
 {
     startThere();

@@ -1,5 +1,5 @@
 #include "mainwindow/command_tables.h"
-#include "platform/files/file_layer.h"
+#include "tests/window/platform/files/failing_files.h"
 #include "tests/window/store/store_test.h"
 
 #include <thread>
@@ -10,49 +10,6 @@ namespace {
 constexpr const char* before = "A|a|x|1\r\nB|b|y|2\r\n";
 constexpr const char* after = "A|a|changed|1\r\nB|b|y|2\r\n";
 constexpr int identityCall = 5;
-
-// Fails at its n-th call, as a full disk does. What the call would have released is released all the same.
-class FailingLayer : public FileLayer {
-  public:
-    explicit FailingLayer(int failingCall) : left_(failingCall) {}
-
-    HANDLE createForWriting(const std::wstring& path) override
-    {
-        return fails() ? INVALID_HANDLE_VALUE : FileLayer::createForWriting(path);
-    }
-    bool write(HANDLE file, const char* bytes, DWORD count) override
-    {
-        if (!fails()) return FileLayer::write(file, bytes, count);
-        FileLayer::write(file, bytes, count / 2);
-        return refuse();
-    }
-    bool flush(HANDLE file) override { return !fails() && FileLayer::flush(file); }
-    bool close(HANDLE file) override
-    {
-        const bool closed = FileLayer::close(file);
-        return !fails() && closed;
-    }
-    bool copyIdentity(const std::wstring& original, const std::wstring& copy) override
-    {
-        return !fails() && FileLayer::copyIdentity(original, copy);
-    }
-    bool replace(const std::wstring& replacement, const std::wstring& target) override
-    {
-        return !fails() && FileLayer::replace(replacement, target);
-    }
-
-    bool failed() const { return left_ <= 0; }
-
-  private:
-    bool fails() { return --left_ == 0 && !refuse(); }
-    static bool refuse()
-    {
-        SetLastError(ERROR_DISK_FULL);
-        return false;
-    }
-
-    int left_;
-};
 
 class SavingFault : public StoreTest {
   protected:
@@ -76,9 +33,9 @@ TEST_F(SavingFault, WhateverCallFailsTheOldFileIsWholeAndTheListShowsTheChange)
     int call = 1;
     for (; call < 20; ++call) {
         SCOPED_TRACE("call " + std::to_string(call));
-        FailingLayer files(call);
+        FailingFiles files(call, ERROR_DISK_FULL);
         const int error = errorOf([&] { SaveItems(workspace(), files); });
-        if (!files.failed()) {
+        if (!files.hasFailed()) {
             EXPECT_EQ(error, 0);
             break;
         }

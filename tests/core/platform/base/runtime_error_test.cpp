@@ -16,7 +16,6 @@ TEST(RuntimeError, EveryNumberHasThePlatformsOwnDescription)
         {51, L"Internal error"},
         {52, L"Bad file name or number"},
         {53, L"File not found"},
-        {55, L"File already open"},
         {57, L"Device I/O error"},
         {58, L"File already exists"},
         {61, L"Disk full"},

@@ -31,8 +31,8 @@ Content contentOf(const ListRows& list)
     return content;
 }
 
-// Does something to three sites, over and over, with one allocation after the other failing. The list is as before then,
-// and everything can still be done with it.
+// Does something to three sites, over and over, with one allocation after the other failing. The list is as
+// before then, and everything can still be done with it.
 void expectAllOrNothing(const std::function<void(ListRows&)>& change)
 {
     bool failed = true;

@@ -124,8 +124,8 @@ inline void fillNames(ListView& list, const Names& names)
     fillList(list, rows);
 }
 
-// A list with four columns and one without multiple selection, in a window on the screen. What the lists announce
-// is written down.
+// A list with four columns and one without multiple selection, in a window on the screen. What the lists
+// announce is written down.
 class ListTest : public testing::Test {
   protected:
     ListTest()

@@ -24,7 +24,8 @@ class FailingSave : public testing::Test {
         return errorOf([&] { replaceFile(folder.file(savedName), newSites, files); });
     }
 
-    // Fails at the first call, then at the second and so on, until the save succeeds without having been stopped.
+    // Fails at the first call, then at the second and so on, until the save succeeds without having been
+    // stopped.
     void failAtEveryCall(DWORD systemError, FailingFiles::How how, int expectedNumber)
     {
         int failures = 0;

@@ -176,8 +176,8 @@ class SaveInPlaceStep : public SaveWithoutRights {
     {
         return errorOf([&] { replaceFile(path(), bytes, layer); });
     }
-    // Until a save succeeds that nothing stopped. The old file or the new one is there, whole; or, when the old one could
-    // not be put back, its copy is.
+    // Until a save succeeds that nothing stopped. The old file or the new one is there, whole; or, when the
+    // old one could not be put back, its copy is.
     int failAtEveryCall(const std::string& bytes, DWORD systemError, FailingFiles::How how, bool mayBeCopy)
     {
         for (int call = 1;; ++call) {

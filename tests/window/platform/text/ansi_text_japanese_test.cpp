@@ -56,7 +56,8 @@ TEST_F(JapaneseText, EveryPairOfBytesKeepsItsText)
         for (int second = 1; second < 256; ++second) {
             const std::string pair{static_cast<char>(first), static_cast<char>(second), '\n'};
             const std::wstring text = decodeAnsi(pair);
-            // Some letters are in the code page twice and come back under their first code, but as the same letter.
+            // Some letters are in the code page twice and come back under their first code, but as the same
+            // letter.
             ASSERT_EQ(decodeAnsi(encoded(text)), text) << std::hex << first << ' ' << second;
             const bool oneLetter = text.size() == 2;
             ASSERT_TRUE(oneLetter || encoded(text) == pair) << std::hex << first << ' ' << second;
