@@ -71,11 +71,9 @@ void frmMain::Form_Load()
 void frmMain::loadCategories()
 {
     constexpr int attempts = 2;
-    bool listed = false;
-    for (int attempt = 0; attempt < attempts && !listed; ++attempt) {
-        guarded(handle(), 0, [&]() -> LRESULT {
+    for (int attempt = 0; attempt < attempts && !workspace_.categoriesListed; ++attempt) {
+        guarded(handle(), 0, [this]() -> LRESULT {
             listCategories(workspace_);
-            listed = true;
             return 0;
         });
     }
