@@ -18,13 +18,13 @@ namespace {
 
 void backUp(const Workspace& workspace, std::size_t category, const std::wstring& folder)
 {
-    const std::wstring title = workspace.lstCategory.text(category);
+    const std::wstring title = titleOf(workspace, category);
     copyFile(categoryPath(workspace.dataFolder, title), categoryPath(folder, title));
 }
 
 void backUpEvery(Workspace& workspace, const std::wstring& folder)
 {
-    const std::size_t count = workspace.lstCategory.count();
+    const std::size_t count = workspace.categories.size();
     workspace.PB.begin(count);
     MessageThrottle throttle;
     for (std::size_t category = 0; category < count; ++category) {

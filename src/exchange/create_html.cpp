@@ -4,7 +4,6 @@
 #include "model/site_columns.h"
 #include "platform/base/message_box.h"
 #include "platform/base/runtime_error.h"
-#include "platform/controls/list_view.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
 #include "platform/controls/window_text.h"
@@ -50,21 +49,21 @@ class PageBytes {
     std::string bytes_;
 };
 
-void addSites(std::span<const ListRows::Row> sites, HtmlPage& page)
+void addSites(std::span<const RowTable::Row> sites, HtmlPage& page)
 {
-    for (const ListRows::Row& site : sites) {
+    for (const RowTable::Row& site : sites) {
         page.addSite(site.texts[nameColumn], site.texts[urlColumn], site.texts[descriptionColumn]);
     }
 }
 
 void addShownSites(const Workspace& workspace, HtmlPage& page)
 {
-    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
-    addSites(workspace.lstInfo.rows().all(), page);
+    if (workspace.shown.unreadable()) throw RuntimeError(error_number::permissionDenied);
+    addSites(workspace.shown.sites.all(), page);
 }
 
 // A page that lacks a category without saying so would be published like that.
-CategorySites readWholly(const Workspace& workspace, const std::wstring& title)
+Category readWholly(const Workspace& workspace, const std::wstring& title)
 {
     try {
         return readCategory(workspace.dataFolder, title);
@@ -76,14 +75,13 @@ CategorySites readWholly(const Workspace& workspace, const std::wstring& title)
 // The window follows when there is time to see it.
 void addCategories(Workspace& workspace, PageBytes& bytes)
 {
-    const ListView& categories = workspace.lstCategory;
     MessageThrottle throttle;
-    for (std::size_t category = 0; category < categories.count(); ++category) {
+    for (std::size_t category = 0; category < workspace.categories.size(); ++category) {
         workspace.PB.setValue(category + 1);
-        const std::wstring title = categories.text(category);
-        const CategorySites sites = readWholly(workspace, title);
-        if (workspace.options.generateEmpty || !sites.rows.empty()) bytes.page().addTitle(title);
-        addSites(sites.rows, bytes.page());
+        const std::wstring title = titleOf(workspace, category);
+        const Category read = readWholly(workspace, title);
+        if (workspace.options.generateEmpty || !read.sites.empty()) bytes.page().addTitle(title);
+        addSites(read.sites.all(), bytes.page());
         bytes.encode();
         if (!throttle.due()) continue;
         throttle.take([&] {
@@ -120,10 +118,10 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
 
 void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
 {
-    workspace.PB.begin(workspace.lstCategory.count());
+    workspace.PB.begin(workspace.categories.size());
     PageBytes bytes(workspace.options);
     if (!AllCat) addShownSites(workspace, bytes.page());
-    else if (!workspace.lstCategory.empty()) addEveryCategory(workspace, bytes);
+    else if (!workspace.categories.empty()) addEveryCategory(workspace, bytes);
     writeFile(path, bytes.end());
     if (askYesNo(workspace.window, L"Output successful! Open file?", L"Success!", BoxIcon::question))
         shellOpen(workspace.window, path);

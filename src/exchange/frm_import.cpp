@@ -182,22 +182,17 @@ bool frmImport::importEvery()
         setBusy(all, false);
     });
     prgImport_.setMaximum(filImport_.count());
-    ListView& sites = workspace_.lstInfo;
-    std::optional<ListPause> quiet; // keeps one selected row, not many
-    const auto beQuiet = [&] {
-        if (sites.selectedCount() <= 1) quiet.emplace(sites);
-    };
     MessageThrottle throttle;
-    beQuiet();
+    std::optional<ListPause> unseen(std::in_place, workspace_.lstInfo);
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));
         if (!addNewSite()) return false;
         prgImport_.setValue(file + 1);
         if (!throttle.due()) continue;
-        quiet.reset();
+        unseen.reset();
         throttle.take(
             [] { MessageLoop::current().dispatchPending(); }); // the windows are painted and can be moved
-        beQuiet();
+        unseen.emplace(workspace_.lstInfo);
     }
     return true;
 }

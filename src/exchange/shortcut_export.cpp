@@ -3,7 +3,7 @@
 #include "exchange/ini_file.h"
 #include "exchange/shortcut_name.h"
 #include "exchange/shortcut_value.h"
-#include "model/site_columns.h"
+#include "model/site.h"
 #include "platform/base/message_box.h"
 #include "platform/base/system_error.h"
 #include "platform/controls/list_view.h"
@@ -59,11 +59,11 @@ void exportSite(Workspace& workspace)
     const auto row = workspace.lstInfo.currentRow();
     if (!row) throw RuntimeError(error_number::objectNotSet);
     // Now: behind the dialog the row may be another one.
-    const std::wstring url = workspace.lstInfo.text(*row, urlColumn);
+    const std::wstring url = siteAt(workspace.shown.sites, *row).url;
     FileDialog CD1;
     CD1.title = L"Export URL File";
     CD1.filter = L"Internet Shortcut File (*.url)|*.url";
-    CD1.fileName = fileNameFor(workspace.lstInfo.text(*row));
+    CD1.fileName = fileNameFor(siteAt(workspace.shown.sites, *row).name);
     CD1.showSave(workspace.window);
     if (CD1.fileName.empty()) return;
     writeShortcut(url, shortcutPath(CD1.fileName));

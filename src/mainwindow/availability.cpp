@@ -2,13 +2,13 @@
 
 #include "mainwindow/command_tables.h"
 #include "mainwindow/search_panel.h"
-#include "platform/controls/list_view.h"
+#include "model/row_table.h"
 
 #include <utility>
 
 namespace vandrel {
 
-Availability::Availability(const ListView& categories, const ListView& sites, MenuTree& menus,
+Availability::Availability(const RowTable& categories, const RowTable& sites, MenuTree& menus,
                            ToolBar& toolBar, SearchPanel& search)
     : categories_(categories), sites_(sites), menus_(menus), toolBar_(toolBar), search_(search)
 {}

@@ -4,7 +4,7 @@
 
 namespace vandrel {
 
-class ListView;
+class RowTable;
 class MenuTree;
 class ToolBar;
 class SearchPanel;
@@ -13,7 +13,7 @@ class SearchPanel;
 // so it touches the menus only when a list has become empty or has ceased to be.
 class Availability {
   public:
-    Availability(const ListView& categories, const ListView& sites, MenuTree& menus, ToolBar& toolBar,
+    Availability(const RowTable& categories, const RowTable& sites, MenuTree& menus, ToolBar& toolBar,
                  SearchPanel& search);
 
     void tmrClipboard_Timer();
@@ -22,8 +22,8 @@ class Availability {
     void setSiteCommands(bool on);
     void setCategoryCommands(bool on);
 
-    const ListView& categories_;
-    const ListView& sites_;
+    const RowTable& categories_;
+    const RowTable& sites_;
     MenuTree& menus_;
     ToolBar& toolBar_;
     SearchPanel& search_;

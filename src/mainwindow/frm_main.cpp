@@ -42,12 +42,13 @@ frmMain::frmMain(Startup startup)
       preferences_(std::move(startup.settings)),
       commandLine_(std::move(startup.commandLine)),
       lstCategory_(handle(), idCategories, ListView::Selection::one, true,
-                   {{L"Category", layout_.categoryColumn}}),
+                   {{L"Category", layout_.categoryColumn}}, categories_),
       lstInfo_(handle(), idSites, ListView::Selection::many, false,
                {{L"Site Name", layout_.infoColumns[0]},
                 {L"URL", layout_.infoColumns[1]},
                 {L"Description", layout_.infoColumns[2]},
-                {L"Date", layout_.infoColumns[3]}}),
+                {L"Date", layout_.infoColumns[3]}},
+               shown_.sites),
       lstInfoDrop_(lstInfo_.handle()),
       picSepBar_(handle()),
       picSearch_(handle()),
@@ -58,6 +59,8 @@ frmMain::frmMain(Startup startup)
       mnuMove_(menus_.submenu(mnuMoveTo), firstMoveEntry),
       accelerators_(menus_.accelerators()),
       workspace_{.window = handle(),
+                 .categories = categories_,
+                 .shown = shown_,
                  .lstCategory = lstCategory_,
                  .lstInfo = lstInfo_,
                  .StatusBar1 = StatusBar1_,
@@ -68,7 +71,7 @@ frmMain::frmMain(Startup startup)
                  .today = std::move(startup.today)},
       scanner_(workspace_),
       rename_(workspace_),
-      availability_(lstCategory_, lstInfo_, menus_, Toolbar1_, picSearch_),
+      availability_(categories_, shown_.sites, menus_, Toolbar1_, picSearch_),
       keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); })
 {
     startAnswering();
@@ -127,7 +130,7 @@ void frmMain::close()
 void frmMain::endSession()
 {
     guarded(handle(), 0, [this]() -> LRESULT {
-        if (workspace_.shown.unsaved && !lstCategory_.empty()) SaveItems(workspace_);
+        if (shown_.unsaved && !categories_.empty()) SaveItems(workspace_);
         return 0;
     });
     Form_QueryUnload();

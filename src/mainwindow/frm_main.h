@@ -121,6 +121,8 @@ class frmMain : public Window, public Form {
     bool closing_ = false;
 
     ImageListHandle ilSmall_;
+    RowTable categories_;
+    ShownCategory shown_;
     ListView lstCategory_;
     ListView lstInfo_;
     DropTarget lstInfoDrop_;

@@ -107,24 +107,16 @@ void frmMain::lstInfo_ItemClick()
     if (const auto row = lstInfo_.firstSelected()) showSiteInStatusBar(workspace_, *row);
 }
 
-void frmMain::lstInfo_ColumnClick(std::size_t column)
-{
-    lstInfo_.sortBy(column, lstInfo_.sortOrder() == SortOrder::ascending ? SortOrder::descending
-                                                                         : SortOrder::ascending);
-}
+void frmMain::lstInfo_ColumnClick(std::size_t column) { shown_.sites.sortOtherWayBy(column); }
 
-void frmMain::lstCategory_ColumnClick()
-{
-    lstCategory_.sortBy(0, lstCategory_.sortOrder() == SortOrder::ascending ? SortOrder::descending
-                                                                            : SortOrder::ascending);
-}
+void frmMain::lstCategory_ColumnClick() { categories_.sortOtherWayBy(0); }
 
 void frmMain::lstInfo_RightClick(POINT screen)
 {
     const auto shown = shownRow(workspace_);
-    const std::wstring title = shown ? lstCategory_.text(*shown) : std::wstring();
+    const std::wstring title = shown ? titleOf(workspace_, *shown) : std::wstring();
     for (std::size_t index = 0; index < mnuMove_.count(); ++index) {
-        mnuMove_.setEnabled(index, !lstCategory_.empty() && mnuMove_.caption(index) != title);
+        mnuMove_.setEnabled(index, !categories_.empty() && mnuMove_.caption(index) != title);
     }
     if (const auto entry = menus_.popUp(mnuPopUp, handle(), screen, mnuPOpen)) run(*entry);
 }

@@ -2,7 +2,7 @@
 
 #include "dialogs/frm_properties.h"
 #include "mainwindow/known_paths.h"
-#include "model/site_columns.h"
+#include "model/site.h"
 #include "platform/base/message_box.h"
 #include "platform/controls/list_view.h"
 #include "platform/files/file_layer.h"
@@ -18,8 +18,8 @@ void OpenSite(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
-    const ListRows::Id site = workspace.lstInfo.id(*row);
-    shellOpen(workspace.window, workspace.lstInfo.text(*row, urlColumn));
+    const RowTable::Id site = workspace.shown.sites.id(*row);
+    shellOpen(workspace.window, siteAt(workspace.shown.sites, *row).url);
     dateToday(workspace, site);
 }
 
@@ -27,28 +27,29 @@ void mnuOpenNew_Click(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
-    const ListRows::Id site = workspace.lstInfo.id(*row);
-    startProgram(Registry_Module::browserPath() + L" " + workspace.lstInfo.text(*row, urlColumn));
+    const RowTable::Id site = workspace.shown.sites.id(*row);
+    startProgram(Registry_Module::browserPath() + L" " + siteAt(workspace.shown.sites, *row).url);
     dateToday(workspace, site);
 }
 
 void mnuCopyURL_Click(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
-    if (!row || workspace.lstInfo.text(*row, nameColumn).empty()) return;
-    setClipboardText(workspace.window, workspace.lstInfo.text(*row, urlColumn));
+    if (!row) return;
+    const Site site = siteAt(workspace.shown.sites, *row);
+    if (!site.name.empty()) setClipboardText(workspace.window, site.url);
 }
 
 void mnuProperties_Click(Workspace& workspace)
 {
-    const ListView& sites = workspace.lstInfo;
-    const auto row = sites.currentRow();
+    const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
     const TopmostPause pause(workspace.keepOnTop);
-    workspace.properties = {.PropSiteName = sites.text(*row, nameColumn),
-                            .PropSiteURL = sites.text(*row, urlColumn),
-                            .PropSiteDate = sites.text(*row, dateColumn),
-                            .PropSiteDesc = sites.text(*row, descriptionColumn)};
+    const Site site = siteAt(workspace.shown.sites, *row);
+    workspace.properties = {.PropSiteName = site.name,
+                            .PropSiteURL = site.url,
+                            .PropSiteDate = site.date,
+                            .PropSiteDesc = site.description};
     frmProperties dialog(workspace.window, workspace.properties);
     dialog.showModal();
 }

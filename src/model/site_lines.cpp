@@ -46,7 +46,7 @@ std::wstring_view SiteLines::takeRun()
     std::wstring_view run = rows_.front().texts[field_];
     while (true) {
         ++field_;
-        const bool lineEnds = field_ == ListRows::maxColumns;
+        const bool lineEnds = field_ == RowTable::maxColumns;
         if (lineEnds) {
             field_ = 0;
             rows_ = rows_.subspan(1);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/list_rows.h"
+#include "model/row_table.h"
 
 #include <span>
 #include <string_view>
@@ -13,7 +13,7 @@ namespace vandrel {
 // meanwhile.
 class SiteLines {
   public:
-    explicit SiteLines(std::span<const ListRows::Row> rows) : rows_(rows) {}
+    explicit SiteLines(std::span<const RowTable::Row> rows) : rows_(rows) {}
 
     // Empty when there is none any more.
     std::wstring_view next();
@@ -21,7 +21,7 @@ class SiteLines {
   private:
     std::wstring_view takeRun();
 
-    std::span<const ListRows::Row> rows_;
+    std::span<const RowTable::Row> rows_;
     std::size_t field_ = 0;       // of the first row, the next one to be taken
     std::wstring_view separator_; // behind what was taken, when it does not stand there in memory
 };

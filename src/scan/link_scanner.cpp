@@ -66,7 +66,6 @@ void LinkScanner::scanUnlessScanning(void (LinkScanner::*scan)())
 
 void LinkScanner::scanAll()
 {
-    ListView& sites = workspace_.lstInfo;
     StatusBar& status = workspace_.StatusBar1;
     ProgressBar& PB = workspace_.PB;
     InternetTransfer& inetScan = workspace_.inetScan;
@@ -107,7 +106,7 @@ void LinkScanner::scanAll()
     }
     PB.setVisible(false);
     status.setPanelText(1, L"Scan complete.");
-    if (const auto current = sites.currentRow()) showSiteInStatusBar(workspace_, *current);
+    if (const auto current = workspace_.lstInfo.currentRow()) showSiteInStatusBar(workspace_, *current);
 }
 
 // The current site alone shows a result, that of the last selected one.
@@ -119,7 +118,7 @@ void LinkScanner::scanSelected()
     const ScopeExit hide([&] {
         if (!inetScan.quitting()) PB.setVisible(false);
     });
-    PB.setMaximum(workspace_.lstInfo.count());
+    PB.setMaximum(workspace_.shown.sites.size());
     {
         AppendFile log(logPath());
         ScannedList scanned(workspace_, ScannedList::Which::selected);

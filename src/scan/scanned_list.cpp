@@ -9,7 +9,7 @@ ScannedList::ScannedList(const Workspace& workspace, Which which)
     : workspace_(workspace),
       selectedOnly_(which == Which::selected),
       category_(workspace.shown.row),
-      block_(workspace.lstInfo.rows().block())
+      filling_(workspace.shown.sites.fillings())
 {
     takeDown(which);
     index();
@@ -18,16 +18,15 @@ ScannedList::ScannedList(const Workspace& workspace, Which which)
 // One text for all of them: four strings for each site would take several times the memory.
 void ScannedList::takeDown(Which which)
 {
-    const ListView& list = workspace_.lstInfo;
-    const auto rows = list.rows().all();
+    const auto rows = workspace_.shown.sites.all();
     std::size_t length = 0;
-    for (const ListRows::Row& row : rows)
+    for (const RowTable::Row& row : rows)
         for (const std::size_t column : {nameColumn, urlColumn, descriptionColumn})
             length += row.texts[column].size();
     texts_.reserve(length);
     sites_.reserve(rows.size());
     for (std::size_t number = 0; number < rows.size(); ++number) {
-        Site site{rows[number].id, which == Which::all || list.isSelected(number), {}};
+        Site site{rows[number].id, which == Which::all || workspace_.lstInfo.isSelected(number), {}};
         for (const std::size_t column : {nameColumn, urlColumn, descriptionColumn}) {
             const std::wstring_view text = rows[number].texts[column];
             texts_ += text;
@@ -39,44 +38,41 @@ void ScannedList::takeDown(Which which)
 
 // ---- the list as it is by now
 
-bool ScannedList::isReadAgain() const
-{
-    const auto block = workspace_.lstInfo.rows().block();
-    return block_.owner_before(block) || block.owner_before(block_);
-}
+bool ScannedList::isReadAgain() const { return workspace_.shown.sites.fillings() != filling_; }
 
 void ScannedList::index()
 {
-    const ListView& list = workspace_.lstInfo;
+    const RowTable& list = workspace_.shown.sites;
     changes_ = list.changes();
     rowsById_.clear();
     rowsByUrl_.clear();
     const bool readAgain = isReadAgain();
     std::size_t number = 0;
-    for (const ListRows::Row& row : list.rows().all()) {
+    for (const RowTable::Row& row : list.all()) {
         if (readAgain) rowsByUrl_.emplace(row.texts[urlColumn], number);
         rowsById_[row.id] = number++;
     }
 }
 
-std::optional<std::size_t> ScannedList::rowOf(ListRows::Id id)
+std::optional<std::size_t> ScannedList::rowOf(RowTable::Id id)
 {
-    if (workspace_.lstInfo.changes() != changes_) index();
+    if (workspace_.shown.sites.changes() != changes_) index();
     const auto found = rowsById_.find(id);
     return found == rowsById_.end() ? std::nullopt : std::optional(found->second);
 }
 
 SiteTexts ScannedList::textsAt(std::size_t row) const
 {
-    const ListView& list = workspace_.lstInfo;
-    return {list.text(row, nameColumn), list.text(row, urlColumn), list.text(row, descriptionColumn)};
+    const auto& texts = workspace_.shown.sites[row].texts;
+    return {std::wstring(texts[nameColumn]), std::wstring(texts[urlColumn]),
+            std::wstring(texts[descriptionColumn])};
 }
 
 // None in another category, whatever its sites are called.
 std::vector<std::size_t> ScannedList::rowsOf(const SiteTexts& texts)
 {
     if (!isReadAgain() || workspace_.shown.row != category_) return {};
-    if (workspace_.lstInfo.changes() != changes_) index();
+    if (workspace_.shown.sites.changes() != changes_) index();
     std::vector<std::size_t> rows;
     const auto [first, last] = rowsByUrl_.equal_range(texts.url);
     for (auto found = first; found != last; ++found)
@@ -106,17 +102,17 @@ void ScannedList::rememberCurrent()
 void ScannedList::setImage(const ScannedSite& site, int image)
 {
     if (const auto row = rowOf(site.id)) {
-        workspace_.lstInfo.setImage(*row, image);
+        workspace_.shown.sites.setImage(*row, image);
         return;
     }
-    for (const std::size_t row : rowsOf(site.texts)) workspace_.lstInfo.setImage(row, image);
+    for (const std::size_t row : rowsOf(site.texts)) workspace_.shown.sites.setImage(row, image);
 }
 
 void ScannedList::setImageOfCurrent(const ScannedSite& site, int image)
 {
-    ListView& list = workspace_.lstInfo;
+    RowTable& list = workspace_.shown.sites;
     if (!rowOf(site.id) && rowsOf(site.texts).empty()) return;
-    if (const auto current = list.currentRow()) {
+    if (const auto current = workspace_.lstInfo.currentRow()) {
         list.setImage(*current, image);
     } else if (current_ && isReadAgain()) {
         for (const std::size_t row : rowsOf(*current_)) list.setImage(row, image);

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/controls/list_rows.h"
+#include "model/row_table.h"
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,7 +24,7 @@ struct SiteTexts {
 
 // A site that is checked.
 struct ScannedSite {
-    ListRows::Id id;
+    RowTable::Id id;
     SiteTexts texts;
 };
 
@@ -54,28 +53,28 @@ class ScannedList {
 
   private:
     struct Site {
-        ListRows::Id id;
+        RowTable::Id id;
         bool selected;
-        ListRows::Texts texts; // in texts_
+        RowTable::Texts texts; // in texts_
     };
     void takeDown(Which which);
     void rememberCurrent();
     bool isReadAgain() const;
     void index();
-    std::optional<std::size_t> rowOf(ListRows::Id id);
+    std::optional<std::size_t> rowOf(RowTable::Id id);
     std::vector<std::size_t> rowsOf(const SiteTexts& texts);
     SiteTexts textsAt(std::size_t row) const;
 
     const Workspace& workspace_;
     const bool selectedOnly_;
-    const ListRows::Id category_;           // of its row in the category list
-    const std::weak_ptr<const void> block_; // what filled the list at the beginning
+    const RowTable::Id category_; // of its row in the category list
+    const unsigned filling_;      // of the table at the beginning
     std::wstring texts_;
     std::vector<Site> sites_;
     std::optional<SiteTexts> current_;
 
     unsigned changes_ = 0; // of the list, when the rows below were looked up
-    std::unordered_map<ListRows::Id, std::size_t> rowsById_;
+    std::unordered_map<RowTable::Id, std::size_t> rowsById_;
     std::unordered_multimap<std::wstring_view, std::size_t> rowsByUrl_; // of a list that was read again
 };
 

@@ -54,7 +54,8 @@ frmSearch::frmSearch(Workspace& workspace)
                   {{L"Site Name", Twips{2100}},
                    {L"Site URL", Twips{2700}},
                    {L"Category", Twips{1500}},
-                   {L"Site Description", Twips{2100}}}),
+                   {L"Site Description", Twips{2100}}},
+                  hitRows_),
       cmdCancel_(handle(), IDCANCEL, L"&Close"),
       StatusBar1_(handle()),
       fraWhat_(handle(), L"Search Section"),
@@ -105,11 +106,7 @@ void frmSearch::cmdSearch_Click()
 }
 
 // The order changes with every click, whichever column it is on.
-void frmSearch::lstResults_ColumnClick(std::size_t column)
-{
-    lstResults_.sortBy(column, lstResults_.sortOrder() == SortOrder::ascending ? SortOrder::descending
-                                                                               : SortOrder::ascending);
-}
+void frmSearch::lstResults_ColumnClick(std::size_t column) { hitRows_.sortOtherWayBy(column); }
 
 void frmSearch::lstResults_DblClick()
 {

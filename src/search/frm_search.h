@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/row_table.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
@@ -56,8 +57,8 @@ class frmSearch : public Dialog {
     bool leaveShownCategory();
     void follow(const Remembered& category, bool first);
     void letEventsRun();
-    void beQuiet();
-    void showHits(HitList& hits);
+    void takeHits(HitList& hits);
+    void showHits();
     std::optional<SearchSection> section() const;
     std::optional<std::size_t> rowOf(const std::wstring& title, std::size_t likely) const;
     void restore(const Remembered& category);
@@ -70,11 +71,11 @@ class frmSearch : public Dialog {
     Twips statusExtra() const;
 
     Workspace& workspace_;
-    std::optional<ListPause> quiet_; // while no message can be dispatched
     bool searching_ = false;
     bool quitting_ = false; // the program ends: nothing is touched any more
     ULONGLONG throttleMilliseconds_ = MessageThrottle::usualMilliseconds;
     MessageThrottle throttle_;
+    std::vector<RowTable::Block> hits_; // found since messages were run the last time, and not yet shown
 
     // In the order in which Tab goes through them.
     Label lblCaptions_;
@@ -83,6 +84,7 @@ class frmSearch : public Dialog {
     std::array<OptionButton, 4> optSection_;
     CheckBox chkCase_;
     Label lblResults_;
+    RowTable hitRows_;
     ListView lstResults_;
     Button cmdCancel_;
     StatusBar StatusBar1_;

@@ -22,7 +22,7 @@ constexpr std::size_t sitesBetweenTurns = 5;
 constexpr ULONGLONG longestSilence = 350; // milliseconds
 
 // A category that cannot be read has no sites.
-CategorySites readSites(const Workspace& workspace, const std::wstring& title)
+Category readSites(const Workspace& workspace, const std::wstring& title)
 {
     try {
         return readCategory(workspace.dataFolder, title);
@@ -44,21 +44,19 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
     searching_ = true;
     const ScopeExit done([this] {
         searching_ = false;
-        quiet_.reset();
         if (!quitting_) setSearchEnabled(true);
     });
     setSearchEnabled(false);
-    lstResults_.clear();
+    hits_.clear();
+    hitRows_.clear();
     const SearchMode mode = chkCase_.checked() ? SearchMode::binary : SearchMode::text;
 
-    ListView& categories = workspace_.lstCategory;
     Remembered before;
-    if (const auto shown = shownRow(workspace_)) before = {categories.text(*shown), *shown};
-    std::vector<std::wstring> titles(categories.count());
-    for (std::size_t row = 0; row < titles.size(); ++row) titles[row] = categories.text(row);
+    if (const auto shown = shownRow(workspace_)) before = {titleOf(workspace_, *shown), *shown};
+    std::vector<std::wstring> titles(workspace_.categories.size());
+    for (std::size_t row = 0; row < titles.size(); ++row) titles[row] = titleOf(workspace_, row);
 
     std::size_t searched = 0;
-    beQuiet();
     throttle_ = MessageThrottle(throttleMilliseconds_, throttleMilliseconds_ == 0 ? 0 : longestSilence);
     bool stays = false;
     for (std::size_t i = 0; i < titles.size() && !ended() && !stays; ++i) {
@@ -67,16 +65,16 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
         if (!stays && rowOf(titles[i], i)) searched += searchCategory({titles[i], i}, SearchString, mode);
     }
     if (!quitting_ && !stays) restore(before);
-    quiet_.reset();
     if (ended()) return;
-    if (lstResults_.sorted()) lstResults_.setSorted(true);
-    if (lstResults_.empty()) {
-        lstResults_.add({noResults}, siteImage);
+    showHits();
+    if (hitRows_.sorted()) hitRows_.setSorted(true);
+    if (hitRows_.empty()) {
+        hitRows_.add({noResults}, siteImage);
         StatusBar1_.setPanelText(1, L"0 sites found");
     }
     lstResults_.select(0);
-    if (lstResults_.text(0) != noResults) {
-        StatusBar1_.setPanelText(1, std::to_wstring(lstResults_.count()) + L" site(s) found");
+    if (hitRows_.text(0, 0) != noResults) {
+        StatusBar1_.setPanelText(1, std::to_wstring(hitRows_.size()) + L" site(s) found");
     }
     StatusBar1_.setPanelText(2, std::to_wstring(searched) + L" site(s) searched");
 }
@@ -85,28 +83,27 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
 // at. Returns how many sites it has.
 std::size_t frmSearch::searchCategory(const Remembered& category, const std::wstring& term, SearchMode mode)
 {
-    const CategorySites sites = readSites(workspace_, category.title);
-    const std::size_t count = sites.rows.size();
+    const Category read = readSites(workspace_, category.title);
+    const auto sites = read.sites.all();
     const auto chosen = section();
-    if (!chosen) return count;
+    if (!chosen) return sites.size();
     const SiteMatcher matcher(term, mode, *chosen, platformFolding());
     SiteSequence sequence(matcher);
-    sequence.setBlock({static_cast<const wchar_t*>(sites.texts.get()), sites.size});
-    HitList hits(category.title, sites.texts, sites.size);
+    sequence.setBlock(read.text);
+    HitList hits(category.title, read.sites.block(), read.text.size());
     bool followed = false;
-    for (std::size_t done = 0; done < count; ++done) {
-        const ListRows::Row& site = sites.rows[done];
-        if (sequence.matches(site.texts)) hits.add(site);
+    for (std::size_t done = 0; done < sites.size(); ++done) {
+        if (sequence.matches(sites[done].texts)) hits.add(sites[done]);
         if ((done + 1) % sitesBetweenTurns != 0 || !throttle_.due()) continue;
         StatusBar1_.setPanelText(2, std::to_wstring(done + 1) + L" site(s) searched");
-        showHits(hits);
-        quiet_.reset();
+        takeHits(hits);
+        showHits();
         follow(category, !std::exchange(followed, true));
         letEventsRun();
-        if (ended()) return count;
+        if (ended()) return sites.size();
     }
-    showHits(hits);
-    return count;
+    takeHits(hits);
+    return sites.size();
 }
 
 // The main window shows where the search is, when there is time to see it: at the first time the category,
@@ -127,27 +124,27 @@ void frmSearch::follow(const Remembered& category, bool first)
 bool frmSearch::leaveShownCategory()
 {
     if (!workspace_.shown.unsaved) return true;
-    quiet_.reset();
-    const bool leaves = leaveSites(workspace_);
-    beQuiet();
-    return leaves;
+    return leaveSites(workspace_);
 }
-
-void frmSearch::beQuiet() { quiet_.emplace(lstResults_); }
 
 // The panel says how many sites were searched whenever a message can ask for it, and only then: a million
 // texts that nobody sees would take longer than the search.
 void frmSearch::letEventsRun()
 {
     throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
-    if (!ended()) beQuiet();
 }
 
-void frmSearch::showHits(HitList& hits)
+void frmSearch::takeHits(HitList& hits)
 {
-    if (hits.empty()) return;
-    HitList::Block block = hits.take();
-    lstResults_.append(std::move(block.texts), block.rows);
+    if (!hits.empty()) hits_.push_back(hits.take());
+}
+
+// Only before messages run: nobody sees them earlier.
+void frmSearch::showHits()
+{
+    if (hits_.empty()) return;
+    hitRows_.append(hits_);
+    hits_.clear();
 }
 
 std::optional<SearchSection> frmSearch::section() const
@@ -162,10 +159,10 @@ std::optional<SearchSection> frmSearch::section() const
 
 std::optional<std::size_t> frmSearch::rowOf(const std::wstring& title, std::size_t likely) const
 {
-    const ListView& categories = workspace_.lstCategory;
-    if (likely < categories.count() && categories.textView(likely, 0) == title) return likely;
-    for (std::size_t row = 0; row < categories.count(); ++row) {
-        if (categories.textView(row, 0) == title) return row;
+    const RowTable& categories = workspace_.categories;
+    if (likely < categories.size() && categories.text(likely, 0) == title) return likely;
+    for (std::size_t row = 0; row < categories.size(); ++row) {
+        if (categories.text(row, 0) == title) return row;
     }
     return std::nullopt;
 }
@@ -173,9 +170,8 @@ std::optional<std::size_t> frmSearch::rowOf(const std::wstring& title, std::size
 // Shows the category again that was shown before, or the one that now stands where it stood.
 void frmSearch::restore(const Remembered& category)
 {
-    const ListView& categories = workspace_.lstCategory;
-    if (categories.empty()) return;
-    const std::size_t instead = std::min(category.row, categories.count() - 1);
+    if (workspace_.categories.empty()) return;
+    const std::size_t instead = std::min(category.row, workspace_.categories.size() - 1);
     selectCategory(workspace_, rowOf(category.title, category.row).value_or(instead));
 }
 

@@ -12,7 +12,7 @@ struct OwnedTexts {
     std::wstring text;
 };
 
-ListRows::Row resultRow(std::wstring_view name, std::wstring_view url, std::wstring_view category,
+RowTable::Row resultRow(std::wstring_view name, std::wstring_view url, std::wstring_view category,
                         std::wstring_view description)
 {
     return {{name, url, category, description}};
@@ -24,7 +24,7 @@ HitList::HitList(std::wstring category, std::shared_ptr<const void> sites, std::
     : category_(std::move(category)), sites_(std::move(sites)), size_(size)
 {}
 
-void HitList::add(const ListRows::Row& site)
+void HitList::add(const RowTable::Row& site)
 {
     rows_.push_back(site);
     for (const SiteColumn column : {nameColumn, urlColumn, descriptionColumn})
@@ -42,7 +42,7 @@ std::shared_ptr<const void> HitList::copyTexts()
         text += part;
         return std::wstring_view(text).substr(start);
     };
-    for (ListRows::Row& row : rows_) {
+    for (RowTable::Row& row : rows_) {
         const std::wstring_view name = copy(row.texts[nameColumn]);
         const std::wstring_view url = copy(row.texts[urlColumn]);
         const std::wstring_view description = copy(row.texts[descriptionColumn]);
@@ -56,16 +56,16 @@ std::shared_ptr<const void> HitList::shareTexts()
     auto owned = std::make_shared<OwnedTexts>();
     owned->sites = sites_;
     owned->text = category_;
-    for (ListRows::Row& row : rows_) {
+    for (RowTable::Row& row : rows_) {
         row = resultRow(row.texts[nameColumn], row.texts[urlColumn], owned->text,
                         row.texts[descriptionColumn]);
     }
     return owned;
 }
 
-HitList::Block HitList::take()
+RowTable::Block HitList::take()
 {
-    Block block;
+    RowTable::Block block;
     block.texts = units_ > size_ / 4 ? shareTexts() : copyTexts();
     block.rows = std::exchange(rows_, {});
     units_ = 0;

@@ -53,11 +53,11 @@ void cmdSearch_Click(Workspace& workspace, ComboBox& cmbSearch)
 void Search(Workspace& workspace, const std::wstring& strTerm, const std::int16_t& StartAt,
             const SearchMode& SearchMode, const std::int16_t&)
 {
-    ListView& sites = workspace.lstInfo;
+    const RowTable& sites = workspace.shown.sites;
     const SiteMatcher matcher(strTerm, SearchMode, SearchSection::all, platformFolding());
-    for (auto row = static_cast<std::size_t>(StartAt - 1); row < sites.count(); ++row) {
-        if (!matcher.matches(sites.rows()[row].texts)) continue;
-        sites.select(row);
+    for (auto row = static_cast<std::size_t>(StartAt - 1); row < sites.size(); ++row) {
+        if (!matcher.matches(sites[row].texts)) continue;
+        workspace.lstInfo.select(row);
         return;
     }
     tell(workspace.window, L"No more matches were found.", L"Search", BoxIcon::information);

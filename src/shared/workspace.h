@@ -21,9 +21,11 @@ class StatusBar;
 // What the commands work on: the main window's controls and the program's state. The main window makes it and
 // owns everything it refers to; commands get it as their first argument. A test can have as many as it likes.
 struct Workspace {
-    HWND window; // the main window
-    ListView& lstCategory;
-    ListView& lstInfo;
+    HWND window;          // the main window
+    RowTable& categories; // their titles
+    ShownCategory& shown;
+    ListView& lstCategory; // shows the categories
+    ListView& lstInfo;     // shows the sites of the shown one
     StatusBar& StatusBar1;
     ProgressBar& PB;
     MenuFamily& mnuMove;
@@ -36,7 +38,6 @@ struct Workspace {
     SiteHandOff site{};
     PropertiesHandOff properties{};
     std::wstring favoritesFolder{};
-    ShownCategory shown{};
     bool categoriesListed = false; // false when the list at the start failed
 };
 

@@ -9,63 +9,39 @@
 #include "platform/files/folder.h"
 #include "shared/list_images.h"
 
-#include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace vandrel {
 namespace {
 
-using Rows = std::span<const ListRows::Row>;
+using Rows = std::span<const RowTable::Row>;
 
 // An estimate that saves growing the rows over and over; a wrong one costs nothing else.
 constexpr std::size_t charactersOfASite = 100;
 
-void addSitesOf(std::wstring_view text, std::vector<ListRows::Row>& rows)
+std::vector<RowTable::Row> sitesOf(std::wstring_view text)
 {
+    std::vector<RowTable::Row> rows;
     rows.reserve(text.size() / charactersOfASite + 1);
     SiteRecordReader reader(text);
     while (const auto site = reader.next()) {
         rows.push_back({{site->name, site->url, site->description, site->date}, siteImage});
     }
+    return rows;
 }
 
-// A folder that has gone, with the stick or the share that it is on, says nothing about its files.
-DecodedText textOf(const std::wstring& folder, const std::wstring& title)
+// None when there is no such file. A folder that has gone, with the stick or the share that it is on, says nothing about
+// its files.
+std::optional<DecodedText> textOf(const std::wstring& folder, const std::wstring& title)
 {
     try {
         return AnsiTextFile(categoryPath(folder, title)).read();
     } catch (const RuntimeError& error) {
         if (error.number() != error_number::fileNotFound) throw;
         requireFolder(folder);
-        return {};
+        return std::nullopt;
     }
-}
-
-std::size_t unitsOf(Rows rows)
-{
-    std::size_t units = 0;
-    for (const ListRows::Row& row : rows) {
-        for (const std::wstring_view text : row.texts) units += text.size();
-    }
-    return units;
-}
-
-// In one piece of memory, as a file's own sites are: who searches them goes through it from end to end.
-CategorySites joined(std::wstring_view text, Rows behind)
-{
-    const std::size_t size = text.size() + unitsOf(behind);
-    const auto units = std::make_shared_for_overwrite<wchar_t[]>(size);
-    CategorySites sites{units, size, {}};
-    wchar_t* end = std::ranges::copy(text, units.get()).out;
-    addSitesOf({units.get(), text.size()}, sites.rows);
-    for (const ListRows::Row& row : behind) {
-        ListRows::Row& copy = sites.rows.emplace_back(row);
-        for (std::wstring_view& field : copy.texts) {
-            wchar_t* const begin = end;
-            end = std::ranges::copy(field, begin).out;
-            field = {begin, field.size()};
-        }
-    }
-    return sites;
 }
 
 } // namespace
@@ -75,13 +51,16 @@ std::wstring categoryPath(const std::wstring& folder, const std::wstring& title)
     return folder + L"\\" + title + std::wstring(categoryExtension);
 }
 
-CategorySites readCategory(const std::wstring& folder, const std::wstring& title, Rows behind)
+Category readCategory(const std::wstring& folder, const std::wstring& title)
 {
-    DecodedText text = textOf(folder, title);
-    if (!behind.empty()) return joined(text, behind);
-    CategorySites sites{text.units, text.size, {}};
-    addSitesOf(text, sites.rows);
-    return sites;
+    Category category;
+    category.title = title;
+    const auto text = textOf(folder, title);
+    if (!text) return category;
+    category.sites.fill(text->units, sitesOf(*text));
+    category.text = *text;
+    category.reading = Reading::read;
+    return category;
 }
 
 void writeCategory(const std::wstring& folder, const std::wstring& title, Rows rows, FileLayer& files)

@@ -15,13 +15,13 @@
 namespace vandrel {
 namespace {
 
-void readSites(Workspace& workspace, std::size_t item, std::span<const ListRows::Row> behind)
+void readSites(Workspace& workspace, std::size_t item, std::span<const RowTable::Row> behind)
 {
     try {
-        const std::wstring title = workspace.lstCategory.text(item);
-        CategorySites sites = readCategory(workspace.dataFolder, title, behind);
-        workspace.lstInfo.fill(std::move(sites.texts), std::move(sites.rows));
-        workspace.shown.unreadable = false;
+        Category category = readCategory(workspace.dataFolder, titleOf(workspace, item));
+        category.sites.addCopies(behind);
+        workspace.shown.sites.take(std::move(category.sites));
+        workspace.shown.reading = category.reading;
     } catch (const std::exception&) {
         // The list stays empty, or as it was, and is not saved over what nobody has seen.
     }
@@ -30,13 +30,13 @@ void readSites(Workspace& workspace, std::size_t item, std::span<const ListRows:
 // Folder pictures and the window's caption. While none is shown the caption stays.
 void showOpenCategory(Workspace& workspace, std::optional<std::size_t> open)
 {
-    ListView& categories = workspace.lstCategory;
-    for (std::size_t row = 0; row < categories.count(); ++row) {
+    RowTable& categories = workspace.categories;
+    for (std::size_t row = 0; row < categories.size(); ++row) {
         categories.setImage(row, row == open ? openFolderImage : closedFolderImage);
     }
     if (open)
         SetWindowTextW(workspace.window,
-                       (std::wstring(programTitle) + L" - " + categories.text(*open)).c_str());
+                       (std::wstring(programTitle) + L" - " + titleOf(workspace, *open)).c_str());
 }
 
 } // namespace
@@ -51,33 +51,38 @@ void listCategories(Workspace& workspace)
         *titles += *title;
         lengths.push_back(title->size());
     }
-    std::vector<ListRows::Row> rows;
+    std::vector<RowTable::Row> rows;
     rows.reserve(lengths.size());
     std::size_t start = 0;
     for (const std::size_t length : lengths) {
         rows.push_back({{std::wstring_view(*titles).substr(start, length)}, closedFolderImage});
         start += length;
     }
-    workspace.lstCategory.fill(titles, std::move(rows));
+    workspace.categories.fill(titles, std::move(rows));
     workspace.categoriesListed = true;
+}
+
+std::wstring titleOf(const Workspace& workspace, std::size_t item)
+{
+    return std::wstring(workspace.categories.text(item, 0));
 }
 
 std::optional<std::size_t> shownRow(const Workspace& workspace)
 {
-    return workspace.lstCategory.rowOf(workspace.shown.row);
+    return workspace.categories.rowOf(workspace.shown.row);
 }
 
-void showCategory(Workspace& workspace, std::size_t item, std::span<const ListRows::Row> behind)
+void showCategory(Workspace& workspace, std::size_t item, std::span<const RowTable::Row> behind)
 {
-    ListView& categories = workspace.lstCategory;
+    ShownCategory& shown = workspace.shown;
     // First what needs no memory: whatever fails then, the list is never taken for another category's.
-    workspace.shown.row = categories.id(item);
-    workspace.shown.unreadable = true;
+    shown.row = workspace.categories.id(item);
+    shown.reading = Reading::unreadable;
     if (behind.empty()) {
-        workspace.lstInfo.clear();
+        shown.sites.clear();
         markSites(workspace, Sites::saved);
     }
-    if (categories.currentRow() != item) categories.select(item);
+    if (workspace.lstCategory.currentRow() != item) workspace.lstCategory.select(item);
     readSites(workspace, item, behind);
     showOpenCategory(workspace, item);
     if (const auto site = workspace.lstInfo.currentRow()) showSiteInStatusBar(workspace, *site);
@@ -85,8 +90,8 @@ void showCategory(Workspace& workspace, std::size_t item, std::span<const ListRo
 
 void showAsEmptyCategory(Workspace& workspace, std::size_t item)
 {
-    workspace.shown.row = workspace.lstCategory.id(item);
-    workspace.shown.unreadable = false;
+    workspace.shown.row = workspace.categories.id(item);
+    workspace.shown.reading = Reading::read;
     workspace.lstCategory.select(item);
     showOpenCategory(workspace, item);
 }
@@ -94,8 +99,9 @@ void showAsEmptyCategory(Workspace& workspace, std::size_t item)
 void showNoCategory(Workspace& workspace)
 {
     markSites(workspace, Sites::saved);
-    workspace.shown = {};
-    workspace.lstInfo.clear();
+    workspace.shown.row = 0;
+    workspace.shown.reading = Reading::missing;
+    workspace.shown.sites.clear();
     workspace.lstCategory.clearSelection();
     showOpenCategory(workspace, std::nullopt);
 }
@@ -104,15 +110,16 @@ void markSites(Workspace& workspace, Sites sites)
 {
     ShownCategory& shown = workspace.shown;
     shown.unsaved = sites == Sites::unsaved;
-    if (shown.unsaved) workspace.StatusBar1.setPanelText(1, notSavedText(workspace.lstInfo.count()));
+    if (shown.unsaved) workspace.StatusBar1.setPanelText(1, notSavedText(shown.sites.size()));
     else if (shown.marked) workspace.StatusBar1.setPanelText(1, {});
     shown.marked = shown.unsaved;
 }
 
 void showSiteInStatusBar(Workspace& workspace, std::size_t row)
 {
-    workspace.StatusBar1.setPanelText(2, L"Name: " + workspace.lstInfo.text(row, nameColumn) + L"  ");
-    workspace.StatusBar1.setPanelText(3, L"URL: " + workspace.lstInfo.text(row, urlColumn) + L"  ");
+    const auto& texts = workspace.shown.sites[row].texts;
+    workspace.StatusBar1.setPanelText(2, L"Name: " + std::wstring(texts[nameColumn]) + L"  ");
+    workspace.StatusBar1.setPanelText(3, L"URL: " + std::wstring(texts[urlColumn]) + L"  ");
 }
 
 } // namespace vandrel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/list_rows.h"
+#include "model/row_table.h"
 
 #include <cstddef>
 #include <optional>
@@ -14,6 +14,8 @@ struct Workspace;
 // Puts the title of every category file of the data folder into the category list, in the folder's order.
 void listCategories(Workspace& workspace);
 
+std::wstring titleOf(const Workspace& workspace, std::size_t item);
+
 // Where the shown category stands in the category list, whatever the native control has selected; none while
 // none is shown.
 std::optional<std::size_t> shownRow(const Workspace& workspace);
@@ -21,7 +23,7 @@ std::optional<std::size_t> shownRow(const Workspace& workspace);
 // Selects the category, reads it into the site list and shows that it is the open one. The rows of `behind`,
 // which may be those of the site list, are put behind its own. When it cannot be read the list is empty and
 // the category not saved over; with `behind` the list stays as it is. Raises nothing for that.
-void showCategory(Workspace& workspace, std::size_t item, std::span<const ListRows::Row> behind = {});
+void showCategory(Workspace& workspace, std::size_t item, std::span<const RowTable::Row> behind = {});
 
 // Shows the category as the open one with the sites that the list has, and reads nothing: for a category just
 // made.

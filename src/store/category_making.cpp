@@ -16,9 +16,9 @@
 namespace vandrel {
 namespace {
 
-ListRows::Id addCategory(Workspace& workspace, const std::wstring& title)
+RowTable::Id addCategory(Workspace& workspace, const std::wstring& title)
 {
-    ListView& categories = workspace.lstCategory;
+    RowTable& categories = workspace.categories;
     const std::size_t row = categories.add({title}, closedFolderImage);
     try {
         replaceFile(categoryPath(workspace.dataFolder, title), std::string_view());
@@ -28,8 +28,8 @@ ListRows::Id addCategory(Workspace& workspace, const std::wstring& title)
     }
     const auto shown = shownRow(workspace);
     // Nothing unseen is left in the file.
-    if (shown && categories.text(*shown) == title) workspace.shown.unreadable = false;
-    categories.ensureVisible(row);
+    if (shown && titleOf(workspace, *shown) == title) workspace.shown.reading = Reading::read;
+    workspace.lstCategory.ensureVisible(row);
     return categories.id(row);
 }
 
@@ -80,16 +80,16 @@ void makeFirstCategory(Workspace& workspace)
             showRuntimeError(workspace.window, error); // another title may do
         }
     }
-    if (!workspace.lstCategory.empty()) showAsEmptyCategory(workspace, 0);
+    if (!workspace.categories.empty()) showAsEmptyCategory(workspace, 0);
 }
 
 void DoMoveMenus(Workspace& workspace)
 {
     MenuFamily& entries = workspace.mnuMove;
-    const ListView& categories = workspace.lstCategory;
-    entries.unloadFrom(categories.count());
-    while (entries.count() < categories.count()) entries.load();
-    for (std::size_t i = 0; i < categories.count(); ++i) entries.setCaption(i, categories.text(i));
+    const RowTable& categories = workspace.categories;
+    entries.unloadFrom(categories.size());
+    while (entries.count() < categories.size()) entries.load();
+    for (std::size_t i = 0; i < categories.size(); ++i) entries.setCaption(i, titleOf(workspace, i));
     if (categories.empty()) entries.setCaption(0, L"");
     entries.setEnabled(0, !categories.empty());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/list_rows.h"
+#include "model/row_table.h"
 
 namespace vandrel {
 
@@ -9,7 +9,7 @@ struct Workspace;
 struct NewCategory {
     enum class Answer { made, refused, cancelled };
     Answer answer;
-    ListRows::Id row = 0; // of the category list
+    RowTable::Id row = 0; // of the category list
 };
 
 // Lists the categories when that failed at the start: without its list the program would make a new category

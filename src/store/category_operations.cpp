@@ -17,31 +17,31 @@ void AddCategory(Workspace& workspace)
 {
     const NewCategory category = makeCategory(workspace);
     if (category.answer != NewCategory::Answer::made || !hasStraySites(workspace)) return;
-    const auto row = workspace.lstCategory.rowOf(category.row);
+    const auto row = workspace.categories.rowOf(category.row);
     if (!row || offerStraySites(workspace, *row)) return;
-    workspace.lstInfo.clear();
+    workspace.shown.sites.clear();
     markSites(workspace, Sites::saved);
 }
 
 void RemoveCategory(Workspace& workspace)
 {
-    const ListView& categories = workspace.lstCategory;
-    const ListRows::Id category = workspace.shown.row;
+    const RowTable::Id category = workspace.shown.row;
     if (!shownRow(workspace)) return;
     if (!askYesNo(workspace.window, L"Remove category and all websites within?", programTitle,
                   BoxIcon::information)) {
         return;
     }
-    const auto row = categories.rowOf(category);
+    const auto row = workspace.categories.rowOf(category);
     if (!row) return;
-    removeFile(categoryPath(workspace.dataFolder, categories.text(*row)));
+    removeFile(categoryPath(workspace.dataFolder, titleOf(workspace, *row)));
     showNoCategory(workspace);
-    workspace.lstCategory.remove(*row);
+    workspace.categories.remove(*row);
 }
 
 void CategoryRename::lstCategory_BeforeLabelEdit(std::size_t row)
 {
-    oldTitle_ = workspace_.lstCategory.text(row);
+    category_ = workspace_.categories.id(row);
+    oldTitle_ = titleOf(workspace_, row);
 }
 
 bool CategoryRename::lstCategory_AfterLabelEdit(const std::wstring& newText)
@@ -54,8 +54,12 @@ bool CategoryRename::lstCategory_AfterLabelEdit(const std::wstring& newText)
         tell(workspace_.window, L"Please type a Category title.", invalidTitle, BoxIcon::exclamation);
         return false;
     }
+    RowTable& categories = workspace_.categories;
+    const std::wstring_view kept = categories.keepText(
+        newText); // what was renamed is to be shown so, whatever happens
     const std::wstring extension(categoryExtension);
     renameFile(oldTitle_ + extension, newText + extension);
+    if (const auto row = categories.rowOf(category_)) categories.useText(*row, 0, kept);
     return true;
 }
 

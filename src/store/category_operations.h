@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/row_table.h"
+
 #include <cstddef>
 #include <string>
 
@@ -22,12 +24,13 @@ class CategoryRename {
 
     // Remembers the title of the category whose label is edited.
     void lstCategory_BeforeLabelEdit(std::size_t row);
-    // Whether the label may take the new text. The file is named relative to the current directory. Throws
+    // Renames it, and says whether it did. The file is named relative to the current directory. Throws
     // RuntimeError when it cannot be renamed.
     bool lstCategory_AfterLabelEdit(const std::wstring& newText);
 
   private:
     Workspace& workspace_;
+    RowTable::Id category_ = 0;
     std::wstring oldTitle_;
 };
 

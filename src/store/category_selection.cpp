@@ -36,7 +36,7 @@ std::optional<std::wstring> reasonNotSaved(Workspace& workspace)
 std::wstring shownTitle(const Workspace& workspace)
 {
     const auto row = shownRow(workspace);
-    return row ? workspace.lstCategory.text(*row) : std::wstring();
+    return row ? titleOf(workspace, *row) : std::wstring();
 }
 
 bool mayDiscard(Workspace& workspace, const std::wstring& reason)
@@ -50,10 +50,10 @@ void selectShown(Workspace& workspace)
 }
 
 // With sites in the list that no file holds.
-void showAnother(Workspace& workspace, ListRows::Id category)
+void showAnother(Workspace& workspace, RowTable::Id category)
 {
     const auto reason = shownRow(workspace) ? reasonNotSaved(workspace) : std::wstring();
-    const auto row = workspace.lstCategory.rowOf(category); // messages may have run
+    const auto row = workspace.categories.rowOf(category); // messages may have run
     if (!row) return;
     if (!reason) {
         showCategory(workspace, *row);
@@ -71,21 +71,21 @@ void showAnother(Workspace& workspace, ListRows::Id category)
 
 bool hasStraySites(const Workspace& workspace)
 {
-    return workspace.shown.unsaved && (workspace.shown.unreadable || !shownRow(workspace));
+    return workspace.shown.unsaved && (workspace.shown.unreadable() || !shownRow(workspace));
 }
 
 bool offerStraySites(Workspace& workspace, std::size_t item)
 {
-    const std::wstring title = workspace.lstCategory.text(item);
-    if (!ask(workspace, addToCategoryText(workspace.lstInfo.count(), title))) return false;
-    showCategory(workspace, item, workspace.lstInfo.rows().all());
+    const std::wstring title = titleOf(workspace, item);
+    if (!ask(workspace, addToCategoryText(workspace.shown.sites.size(), title))) return false;
+    showCategory(workspace, item, workspace.shown.sites.all());
     SaveItems(workspace);
     return true;
 }
 
 bool leaveSites(Workspace& workspace)
 {
-    if (!workspace.shown.unsaved || workspace.lstCategory.empty()) return true;
+    if (!workspace.shown.unsaved || workspace.categories.empty()) return true;
     const auto reason = reasonNotSaved(workspace);
     if (reason && !mayDiscard(workspace, *reason)) return false;
     markSites(workspace, Sites::saved);
@@ -95,8 +95,8 @@ bool leaveSites(Workspace& workspace)
 void saveBeforeClosing(Workspace& workspace)
 {
     while (workspace.shown.unsaved) {
-        if (workspace.lstCategory.empty()) {
-            if (!ask(workspace, makeCategoryText(workspace.lstInfo.count()))) return;
+        if (workspace.categories.empty()) {
+            if (!ask(workspace, makeCategoryText(workspace.shown.sites.size()))) return;
             reasonNotSaved(workspace);
         } else if (const auto reason = reasonNotSaved(workspace)) {
             if (!ask(workspace, tryAgainText(shownTitle(workspace), *reason))) return;
@@ -106,7 +106,7 @@ void saveBeforeClosing(Workspace& workspace)
 
 void lstCategory_ItemClick(Workspace& workspace, std::size_t item)
 {
-    if (workspace.shown.unsaved) showAnother(workspace, workspace.lstCategory.id(item));
+    if (workspace.shown.unsaved) showAnother(workspace, workspace.categories.id(item));
     else showCategory(workspace, item);
 }
 

@@ -16,18 +16,18 @@ void takeIntoCategory(Workspace& workspace)
 {
     auto row = shownRow(workspace);
     if (!row) row = workspace.lstCategory.focusedRow().value_or(0);
-    showCategory(workspace, *row, workspace.lstInfo.rows().all());
+    showCategory(workspace, *row, workspace.shown.sites.all());
 }
 
 // False when there is no category, and none was made.
 bool haveCategory(Workspace& workspace)
 {
     requireCategoryList(workspace);
-    if (workspace.lstCategory.empty()) {
+    if (workspace.categories.empty()) {
         makeFirstCategory(workspace);
-        return !workspace.lstCategory.empty();
+        return !workspace.categories.empty();
     }
-    if (workspace.shown.unreadable || !shownRow(workspace)) takeIntoCategory(workspace);
+    if (workspace.shown.unreadable() || !shownRow(workspace)) takeIntoCategory(workspace);
     return true;
 }
 
@@ -39,14 +39,13 @@ bool SaveItems(Workspace& workspace, FileLayer& files)
 {
     workspace.shown.unsaved = true;
     if (!haveCategory(workspace)) {
-        markSites(workspace, workspace.lstInfo.empty() ? Sites::saved : Sites::unsaved);
+        markSites(workspace, workspace.shown.sites.empty() ? Sites::saved : Sites::unsaved);
         return false;
     }
     const auto row = shownRow(workspace);
     if (!row) throw RuntimeError(error_number::objectNotSet);
-    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
-    writeCategory(workspace.dataFolder, workspace.lstCategory.text(*row), workspace.lstInfo.rows().all(),
-                  files);
+    if (workspace.shown.unreadable()) throw RuntimeError(error_number::permissionDenied);
+    writeCategory(workspace.dataFolder, titleOf(workspace, *row), workspace.shown.sites.all(), files);
     markSites(workspace, Sites::saved);
     return true;
 }

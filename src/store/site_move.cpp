@@ -15,10 +15,10 @@
 namespace vandrel {
 namespace {
 
-std::optional<std::size_t> categoryOfTitle(const ListView& categories, const std::wstring& title)
+std::optional<std::size_t> categoryOfTitle(const RowTable& categories, const std::wstring& title)
 {
-    for (std::size_t row = 0; row < categories.count(); ++row) {
-        if (categories.text(row) == title) return row;
+    for (std::size_t row = 0; row < categories.size(); ++row) {
+        if (categories.text(row, 0) == title) return row;
     }
     return std::nullopt;
 }
@@ -44,11 +44,12 @@ class FileBefore {
 
 // The target first: a site must not be in none of the two files, whatever happens between the two saves.
 void moveBetween(const std::wstring& folder, const std::wstring& source, const std::wstring& target,
-                 std::span<const ListRows::Row> left, const ListRows::Row& site)
+                 std::span<const RowTable::Row> left, const RowTable::Row& site)
 {
-    const CategorySites taking = readCategory(folder, target, {&site, 1});
+    Category taking = readCategory(folder, target);
+    taking.sites.addCopies({&site, 1});
     const FileBefore before(categoryPath(folder, target));
-    writeCategory(folder, target, taking.rows, systemFiles());
+    writeCategory(folder, target, taking.sites.all(), systemFiles());
     try {
         writeCategory(folder, source, left, systemFiles());
     } catch (...) {
@@ -60,9 +61,9 @@ void moveBetween(const std::wstring& folder, const std::wstring& source, const s
 void moveOnDisk(const Workspace& workspace, std::size_t site, const std::wstring& source,
                 const std::wstring& target)
 {
-    const std::span<const ListRows::Row> all = workspace.lstInfo.rows().all();
-    std::vector<ListRows::Row> left(all.begin(), all.end());
-    ListRows::Row moved = left[site];
+    const std::span<const RowTable::Row> all = workspace.shown.sites.all();
+    std::vector<RowTable::Row> left(all.begin(), all.end());
+    RowTable::Row moved = left[site];
     moved.texts[dateColumn] = {};
     moved.image = siteImage;
     left.erase(left.begin() + static_cast<std::ptrdiff_t>(site));
@@ -81,20 +82,19 @@ void moveOnDisk(const Workspace& workspace, std::size_t site, const std::wstring
 
 void mnuMove_Click(Workspace& workspace, std::size_t index)
 {
-    ListView& categories = workspace.lstCategory;
     const auto site = workspace.lstInfo.currentRow();
     const auto source = shownRow(workspace);
-    const auto target = categoryOfTitle(categories, workspace.mnuMove.caption(index));
+    const auto target = categoryOfTitle(workspace.categories, workspace.mnuMove.caption(index));
     if (!site || !source || !target) return;
-    if (workspace.shown.unreadable) throw RuntimeError(error_number::permissionDenied);
-    moveOnDisk(workspace, *site, categories.text(*source), categories.text(*target));
+    if (workspace.shown.unreadable()) throw RuntimeError(error_number::permissionDenied);
+    moveOnDisk(workspace, *site, titleOf(workspace, *source), titleOf(workspace, *target));
     try {
         showCategory(workspace, *target);
-        categories.ensureVisible(*target);
+        workspace.lstCategory.ensureVisible(*target);
     } catch (...) {
         // The list still has the site, and must not be saved with it.
-        workspace.lstInfo.clear();
-        workspace.shown.unreadable = true;
+        workspace.shown.sites.clear();
+        workspace.shown.reading = Reading::unreadable;
         throw;
     }
 }

@@ -22,10 +22,10 @@ void showSiteEditor(Workspace& workspace)
 }
 
 // The current site by its id; none when no site is selected.
-std::optional<ListRows::Id> currentSite(const Workspace& workspace)
+std::optional<RowTable::Id> currentSite(const Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
-    return row ? std::optional(workspace.lstInfo.id(*row)) : std::nullopt;
+    return row ? std::optional(workspace.shown.sites.id(*row)) : std::nullopt;
 }
 
 } // namespace
@@ -33,19 +33,19 @@ std::optional<ListRows::Id> currentSite(const Workspace& workspace)
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date)
 {
-    ListView& sites = workspace.lstInfo;
+    RowTable& sites = workspace.shown.sites;
     workspace.shown.unsaved = true;
     sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
     sites.sortBy(urlColumn, sites.sortOrder());
     return SaveItems(workspace);
 }
 
-void dateToday(Workspace& workspace, ListRows::Id site)
+void dateToday(Workspace& workspace, RowTable::Id site)
 {
-    const auto row = workspace.lstInfo.rowOf(site);
+    const auto row = workspace.shown.sites.rowOf(site);
     if (!row) return;
     workspace.shown.unsaved = true;
-    workspace.lstInfo.setText(*row, dateColumn, savedText(workspace.today()));
+    workspace.shown.sites.setText(*row, dateColumn, savedText(workspace.today()));
     SaveItems(workspace);
 }
 
@@ -64,16 +64,18 @@ void AddURL(Workspace& workspace)
 
 void RemoveURL(Workspace& workspace)
 {
-    ListView& sites = workspace.lstInfo;
-    if (sites.empty() || !sites.firstSelected()) return;
+    RowTable& sites = workspace.shown.sites;
+    if (sites.empty() || !workspace.lstInfo.firstSelected()) return;
     if (!askYesNo(workspace.window, L"Remove selected site(s)?", L"Remove site(s)", BoxIcon::information))
         return;
     {
         ProgressBar& PB = workspace.PB;
-        PB.begin(sites.count());
+        PB.begin(sites.size());
         const ScopeExit hide([&PB] { PB.setVisible(false); });
         workspace.shown.unsaved = true;
-        sites.removeSelected([&PB](std::size_t row) { PB.setValue(row); });
+        for (std::size_t row = 0; row < sites.size(); ++row) PB.setValue(row + 1);
+        workspace.lstInfo.markSelection();
+        sites.removeMarked();
     }
     workspace.StatusBar1.setPanelText(1, L"Remove successful.");
     SaveItems(workspace);
@@ -81,7 +83,7 @@ void RemoveURL(Workspace& workspace)
 
 void EditDescription(Workspace& workspace)
 {
-    ListView& sites = workspace.lstInfo;
+    RowTable& sites = workspace.shown.sites;
     const auto site = currentSite(workspace);
     if (!site) return;
     const std::wstring description = inputBox(workspace.window, L"Enter a new description for this site.",
@@ -95,7 +97,7 @@ void EditDescription(Workspace& workspace)
 
 void EditSel(Workspace& workspace)
 {
-    ListView& sites = workspace.lstInfo;
+    RowTable& sites = workspace.shown.sites;
     const auto edited = currentSite(workspace);
     if (!edited) return;
     SiteHandOff& site = workspace.site;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/list_rows.h"
+#include "model/row_table.h"
 
 #include <string>
 
@@ -26,5 +26,5 @@ void EditSel(Workspace& workspace);
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date);
 // Dates the site today; nothing happens when it is gone from the list.
-void dateToday(Workspace& workspace, ListRows::Id site);
+void dateToday(Workspace& workspace, RowTable::Id site);
 } // namespace vandrel

@@ -14,7 +14,7 @@
 namespace vandrel::test {
 namespace {
 
-using Site = std::array<std::wstring, ListRows::maxColumns>;
+using Site = std::array<std::wstring, RowTable::maxColumns>;
 
 // Category files of any bytes, in the code page of this run: 1252, and 932 under a Japanese locale.
 class HostileFiles : public testing::Test {
@@ -50,7 +50,7 @@ class HostileFiles : public testing::Test {
     void save() const
     {
         const DecodedText text = AnsiTextFile(path()).read();
-        std::vector<ListRows::Row> rows;
+        std::vector<RowTable::Row> rows;
         SiteRecordReader reader(text);
         while (const auto site = reader.next())
             rows.push_back({{site->name, site->url, site->description, site->date}});
@@ -93,7 +93,7 @@ TEST_F(HostileFiles, AreReadBackAsTheyWereSaved)
                                   std::to_string(file);
         ASSERT_EQ(first.size(), second.size()) << where;
         for (std::size_t row = 0; row < first.size(); ++row) {
-            for (std::size_t field = 0; field < ListRows::maxColumns; ++field) {
+            for (std::size_t field = 0; field < RowTable::maxColumns; ++field) {
                 ASSERT_TRUE(sameField(first[row][field], second[row][field]))
                     << where << ", record " << row << ", field " << field << ": "
                     << testing::PrintToString(first[row][field]) << ", then "

@@ -29,7 +29,7 @@ TEST_F(HostileDrops, BecomeOneSiteEach)
         ASSERT_EQ(lstInfo().count(), before + 1);
         // A name with a semicolon in front makes a comment of its line, which the form of the files says.
         for (std::size_t row = 0; row < lstInfo().count(); ++row) {
-            if (lstInfo().text(row).starts_with(L';')) lstInfo().setText(row, 0, L"x");
+            if (lstInfo().text(row).starts_with(L';')) siteRows().setText(row, 0, L"x");
         }
         SaveItems(workspace());
         const Lines lines = sites();
@@ -78,7 +78,7 @@ TEST_F(HostileShortcuts, BecomeOneSiteEach)
     for (std::size_t row = 0; row < lstInfo().count(); ++row) {
         const std::wstring name = lstInfo().text(row);
         const std::wstring mark = name.substr(0, name.find(L'm', 1) + 1);
-        for (std::size_t field = 1; field < ListRows::maxColumns; ++field) {
+        for (std::size_t field = 1; field < RowTable::maxColumns; ++field) {
             const std::wstring text = lstInfo().text(row, field);
             const std::size_t at = text.find(L"http://m");
             if (at == text.npos) continue;

@@ -138,7 +138,7 @@ std::wstring CommandRun::failing(unsigned n, failing_new::How how, failing_new::
         if (c_.logSaysFailed()) told_ = true; // a site that is checked is told by its picture and its line
         if (!told_ && !(c_.running() || !command_.makesWindow)) complain(L"no window, and nothing was told");
         // A category that cannot be read shows empty, without a word.
-        else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable)
+        else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable())
             complain(L"has not done it, and nothing was told");
     }
     if (c_.escaped) complain(L"an error left the message loop");
@@ -162,7 +162,7 @@ CommandRun::Lines CommandRun::shownSites()
     const ListView& list = c_.workspace().lstInfo;
     for (std::size_t row = 0; row < list.count(); ++row) {
         std::wstring line = list.text(row, 0);
-        for (std::size_t field = 1; field < ListRows::maxColumns; ++field)
+        for (std::size_t field = 1; field < RowTable::maxColumns; ++field)
             line += L"|" + list.text(row, field);
         lines.push_back(line);
     }
@@ -241,7 +241,7 @@ void CommandRun::checkLists()
     const bool between = command_.savesOften && includes(shown, linesOf(title)) && fresh &&
                          includes(linesIn(*fresh), shown);
     const bool unsaved = told_ && fresh && (between || shown == sorted(linesIn(*fresh)));
-    const bool unread = shown.empty() && c_.workspace().shown.unreadable;
+    const bool unread = shown.empty() && c_.workspace().shown.unreadable();
     if (!asFile && !unsaved && !unread)
         complain(L"shows the sites " + joined(shown) + L" for " + joined(linesOf(title)));
 }
@@ -259,7 +259,7 @@ void CommandRun::addAnother()
 {
     const std::wstring title = selectedTitle();
     if (title.empty()) return;
-    const bool unread = c_.workspace().shown.unreadable;
+    const bool unread = c_.workspace().shown.unreadable();
     Lines expected = unread ? linesOf(title) : shownSites(); // it is read before it is saved
     expected.push_back(L"Next|http://next.example/|by the test|11/16/2002");
     const Typed typed{.name = L"Next", .address = L"http://next.example/", .description = L"by the test"};

@@ -110,7 +110,8 @@ constexpr Command all[] = {
      [](Collection& c) {
          return c.workspace().lstInfo.count() == 1 && c.main().caption() == L"Vandrel - Archive";
      }},
-    {"Save", [](Collection& c) { c.workspace().lstInfo.setText(0, 2, L"a description that was not saved"); },
+    {"Save",
+     [](Collection& c) { c.workspace().shown.sites.setText(0, 2, L"a description that was not saved"); },
      [](Collection& c) { c.asEvent([&] { SaveItems(c.workspace()); }); }, nullptr},
     {"Sort", [](Collection& c) { clickColumn(c); }, clickColumn,
      [](Collection& c) { return c.workspace().lstInfo.text(0).ends_with(L"a"); }},

@@ -24,6 +24,8 @@ class MainWindowTest : public testing::Test {
 
     ListView& lstCategory() { return main->workspace().lstCategory; }
     ListView& lstInfo() { return main->workspace().lstInfo; }
+    RowTable& categoryRows() { return main->workspace().categories; }
+    RowTable& siteRows() { return main->workspace().shown.sites; }
     // Selects a row as a click on it does.
     void clickCategory(const std::wstring& title);
     std::vector<std::wstring> column(ListView& list, std::size_t column = 0);

@@ -1,12 +1,14 @@
 #include "platform/controls/list_view.h"
 
 #include "platform/base/counted.h"
-#include "platform/controls/redraw_pause.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace vandrel {
 namespace {
+
+// So many are faster forgotten by the native control with all rows than one by one.
+constexpr std::size_t manyRows = 1000;
 
 DWORD listStyle(ListView::Selection selection, bool labelEdit)
 {
@@ -19,8 +21,9 @@ DWORD listStyle(ListView::Selection selection, bool labelEdit)
 } // namespace
 
 ListView::ListView(HWND parent, int id, Selection selection, bool labelEdit,
-                   std::initializer_list<Column> columns)
+                   std::initializer_list<Column> columns, RowSource& rows)
     : Control(parent, WC_LISTVIEWW, listStyle(selection, labelEdit), 0, id),
+      rows_(rows),
       selection_(selection),
       columnDpi_(dpi())
 {
@@ -35,7 +38,11 @@ ListView::ListView(HWND parent, int id, Selection selection, bool labelEdit,
         send(LVM_INSERTCOLUMNW, columnWidths_.size(), reinterpret_cast<LPARAM>(&native));
         columnWidths_.push_back(column.width);
     }
+    rows_.observe(this);
+    updateCount(0);
 }
+
+ListView::~ListView() { rows_.observe(nullptr); }
 
 LRESULT ListView::send(UINT message, WPARAM wParam, LPARAM lParam) const
 {
@@ -44,43 +51,8 @@ LRESULT ListView::send(UINT message, WPARAM wParam, LPARAM lParam) const
 
 // ---- rows
 
-std::wstring ListView::text(std::size_t row, std::size_t column) const
-{
-    return std::wstring(rows_.text(row, column));
-}
-
-void ListView::setText(std::size_t row, std::size_t column, std::wstring text)
-{
-    rows_.setText(row, column, std::move(text));
-    redrawRow(row);
-}
-
-void ListView::setTexts(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts)
-{
-    rows_.setTexts(row, std::move(texts));
-    redrawRow(row);
-}
-
-void ListView::setImage(std::size_t row, int image)
-{
-    if (rows_[row].image == image) return;
-    rows_[row].image = static_cast<std::uint8_t>(image);
-    redrawRow(row);
-}
-
-void ListView::setAllImages(int image)
-{
-    for (std::size_t row = 0; row < count(); ++row) setImage(row, image);
-}
-
-void ListView::redrawRow(std::size_t row)
-{
-    if (pauses_ == 0) send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
-}
-
 void ListView::updateCount(DWORD flags)
 {
-    if (pauses_ > 0) return;
     // The same number again would still repaint the scroll bars.
     if (static_cast<std::size_t>(send(LVM_GETITEMCOUNT)) != count()) {
         send(LVM_SETITEMCOUNT, count(), static_cast<LPARAM>(flags));
@@ -88,130 +60,78 @@ void ListView::updateCount(DWORD flags)
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
-void ListView::clear()
+void ListView::rowChanged(std::size_t row)
 {
-    dropLabelEdit();
-    if (!empty()) clearSelection();
-    rows_.clear();
-    ++changes_;
-    updateCount(0);
+    if (changing_ == 0) send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
 }
 
-void ListView::fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows)
+// Within a pause, changes are part of the one that it is.
+void ListView::rowsChanging(RowChange change)
 {
-    dropLabelEdit();
-    if (!empty()) clearSelection();
-    rows_.fill(std::move(block), std::move(rows)); // all or, without memory, nothing
     ++changes_;
-    if (pauses_ == 0) send(LVM_SETITEMCOUNT, 0); // takes the list to its top
-    updateCount(0);
+    if (changing_++ > 0) {
+        replaced_ = replaced_ || change == RowChange::replaced;
+        return;
+    }
+    replaced_ = change == RowChange::replaced;
+    if (change == RowChange::appended) return;
+    dropLabelEdit();
+    if (change == RowChange::moved) beginMoving();
+    else clearSelection();
+}
+
+void ListView::rowsChanged(RowChange change)
+{
+    if (--changing_ > 0) return;
+    if (change == RowChange::moved) {
+        endMoving();
+    } else {
+        if (replaced_) send(LVM_SETITEMCOUNT, 0); // takes the list to its top
+        updateCount(change == RowChange::appended ? LVSICF_NOSCROLL : 0);
+    }
     showSortOrder();
-}
-
-void ListView::append(std::shared_ptr<const void> block, std::span<const ListRows::Row> rows)
-{
-    rows_.append(std::move(block), rows);
-    ++changes_;
-    updateCount(LVSICF_NOSCROLL);
 }
 
 // What the native control knows by row number - selection and focus - is taken to the rows before they change
 // places, and given back after.
-template <typename Change> void ListView::changeRows(Change change)
+void ListView::beginMoving()
 {
-    dropLabelEdit();
-    takeSelection();
-    ++changes_;
-    if (pauses_ > 0) {
-        change();
-        severalInPause_ = false;
-        selectedInPause_ = rows_.firstMarked();
-        return;
-    }
-    std::optional<RedrawPause> pause; // costs more than it saves where nothing is selected
-    if (selectedCount() > 0) pause.emplace(handle());
+    markSelection();
+    if (selectedCount() > 0) redrawPause_.emplace(handle()); // else it costs more than it saves
     const Counted quiet(quiet_);
-    const bool manySelected = selectedCount() >= 1000;
-    const auto top = static_cast<std::size_t>(send(LVM_GETTOPINDEX));
-    if (manySelected) {
+    manySelected_ = selectedCount() >= manyRows;
+    topRow_ = static_cast<std::size_t>(send(LVM_GETTOPINDEX));
+    if (manySelected_) {
         // Without rows the control forgets them in one step; row by row takes longer than anything else here.
         send(LVM_SETITEMCOUNT, 0, LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
     } else {
         dropSelection();
     }
-    try {
-        change();
-    } catch (...) {
+}
+
+void ListView::endMoving()
+{
+    {
+        const Counted quiet(quiet_);
         updateCount(LVSICF_NOSCROLL);
+        if (manySelected_ && topRow_ < count()) {
+            ensureVisible(count() - 1);
+            ensureVisible(topRow_);
+        }
         giveSelection();
-        throw;
     }
-    updateCount(LVSICF_NOSCROLL);
-    if (manySelected && top < count()) {
-        ensureVisible(count() - 1);
-        ensureVisible(top);
-    }
-    giveSelection();
-}
-
-std::size_t ListView::add(std::array<std::wstring, ListRows::maxColumns> texts, int image)
-{
-    std::size_t row = 0;
-    changeRows([&] { row = rows_.add(std::move(texts), static_cast<std::uint8_t>(image)); });
-    return row;
-}
-
-void ListView::insert(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts, int image)
-{
-    changeRows([&] { rows_.insert(row, std::move(texts), static_cast<std::uint8_t>(image)); });
-}
-
-void ListView::remove(std::size_t row)
-{
-    changeRows([&] { rows_.remove(row); });
-}
-
-std::size_t ListView::removeSelected(const std::function<void(std::size_t done)>& progress)
-{
-    std::size_t removed = 0;
-    changeRows([&] {
-        for (std::size_t row = 0; row < count(); ++row) progress(row + 1);
-        removed = rows_.removeMarked();
-    });
-    return removed;
+    redrawPause_.reset();
 }
 
 void ListView::ensureVisible(std::size_t row) { send(LVM_ENSUREVISIBLE, row, FALSE); }
 
-// ---- sorting
+// ---- columns and styles
 
-void ListView::setSorted(bool on)
-{
-    if (on == sorted() && !on) return;
-    changeRows([&] { rows_.setSorted(on); });
-    showSortOrder();
-}
-
-void ListView::setSortKey(std::size_t column)
-{
-    changeRows([&] { rows_.setSortKey(column); });
-    showSortOrder();
-}
-
-void ListView::setSortOrder(SortOrder order)
-{
-    changeRows([&] { rows_.setSortOrder(order); });
-    showSortOrder();
-}
-
-void ListView::sortBy(std::size_t column, SortOrder order)
-{
-    changeRows([&] { rows_.sortBy(column, order); });
-    showSortOrder();
-}
-
+// By an arrow in the heading of the column.
 void ListView::showSortOrder()
 {
+    const auto order = rows_.order();
+    if (std::exchange(shownOrder_, order) == order) return;
     const HWND header = ListView_GetHeader(handle());
     for (std::size_t column = 0; column < columnWidths_.size(); ++column) {
         HDITEMW item{};
@@ -219,14 +139,12 @@ void ListView::showSortOrder()
         SendMessageW(header, HDM_GETITEMW, column, reinterpret_cast<LPARAM>(&item));
         const int before = item.fmt;
         item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
-        if (sorted() && column == sortKey()) {
-            item.fmt |= sortOrder() == SortOrder::ascending ? HDF_SORTUP : HDF_SORTDOWN;
+        if (order && column == order->column) {
+            item.fmt |= order->direction == SortOrder::ascending ? HDF_SORTUP : HDF_SORTDOWN;
         }
         if (item.fmt != before) SendMessageW(header, HDM_SETITEMW, column, reinterpret_cast<LPARAM>(&item));
     }
 }
-
-// ---- columns and styles
 
 Twips ListView::columnWidth(std::size_t column) const
 {

@@ -1,20 +1,23 @@
 #pragma once
 
 #include "platform/controls/control.h"
-#include "platform/controls/list_rows.h"
+#include "platform/controls/redraw_pause.h"
+#include "platform/controls/row_source.h"
 
 #include <commctrl.h>
 
-#include <concepts>
 #include <functional>
 #include <initializer_list>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace vandrel {
 
-// A list view in report view that holds its rows itself; the native control asks for what it paints. Rows and
-// columns count from 0. The selection and the current row stay with their row when rows change places.
-class ListView : public Control {
+// A list view in report view: it asks a source of rows for what it paints, and knows the selection and the scroll
+// place. Rows and columns count from 0. The selection and the current row stay with their row when rows change
+// places.
+class ListView : public Control, private RowObserver {
   public:
     struct Column {
         std::wstring caption;
@@ -24,7 +27,10 @@ class ListView : public Control {
         one, // once a row is selected, neither keys nor mouse leave the list without one
         many,
     };
-    ListView(HWND parent, int id, Selection selection, bool labelEdit, std::initializer_list<Column> columns);
+    // `rows` is borrowed and observed.
+    ListView(HWND parent, int id, Selection selection, bool labelEdit, std::initializer_list<Column> columns,
+             RowSource& rows);
+    ~ListView() override;
 
     std::function<void(std::size_t row)> ItemClick; // the user selected the row, by mouse or by key
     std::function<void(std::size_t column)> ColumnClick;
@@ -33,47 +39,16 @@ class ListView : public Control {
     std::function<void()> MouseMove;
     std::function<void(POINT screen)> RightClick; // released, or the menu key pressed
     std::function<void(std::size_t row)> BeforeLabelEdit;
-    std::function<bool(std::size_t row, const std::wstring& text)> AfterLabelEdit; // false keeps the old text
+    // Gives the row its new text, and says whether it did.
+    std::function<bool(std::size_t row, const std::wstring& text)> AfterLabelEdit;
 
     std::size_t count() const { return rows_.size(); }
     bool empty() const { return rows_.size() == 0; }
-    // What a row is known by while messages run: numbers change meanwhile. No two rows of one list ever have
-    // the same.
-    ListRows::Id id(std::size_t row) const { return rows_[row].id; }
-    std::optional<std::size_t> rowOf(ListRows::Id id) const { return rows_.rowOf(id); }
-    std::wstring text(std::size_t row, std::size_t column = 0) const;
-    std::wstring_view textView(std::size_t row, std::size_t column) const { return rows_.text(row, column); }
-    void setText(std::size_t row, std::size_t column, std::wstring text);
-    void setTexts(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts);
-    int image(std::size_t row) const { return rows_[row].image; }
-    void setImage(std::size_t row, int image); // from 1; repaints only a row that changes
-    void setAllImages(int image);
-
-    void clear();
-    // Rows whose texts look into what `block` owns, in the order given; switches sorting off. Nothing is
-    // selected.
-    void fill(std::shared_ptr<const void> block, std::vector<ListRows::Row> rows);
-    // Adds such rows at the end, whatever the sort order says; setSorted(true) puts them in their places.
-    void append(std::shared_ptr<const void> block, std::span<const ListRows::Row> rows);
-    const ListRows& rows() const { return rows_; }
-    // Another number whenever rows came, went or changed places.
-    unsigned changes() const { return changes_; }
-    std::size_t add(std::array<std::wstring, ListRows::maxColumns> texts, int image);
-    // At that row, whatever the sort order says.
-    void insert(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts, int image);
-    void remove(std::size_t row);
-    // `progress` is told the rows looked at so far.
-    std::size_t removeSelected(const std::function<void(std::size_t done)>& progress);
+    std::wstring text(std::size_t row, std::size_t column = 0) const
+    {
+        return std::wstring(rows_.text(row, column));
+    }
     void ensureVisible(std::size_t row);
-
-    // Setting the key or the order sorts again while sorted is on.
-    bool sorted() const { return rows_.sorted(); }
-    std::size_t sortKey() const { return rows_.sortKey(); }
-    SortOrder sortOrder() const { return rows_.sortOrder(); }
-    void setSorted(bool on);
-    void setSortKey(std::size_t column);
-    void setSortOrder(SortOrder order);
-    void sortBy(std::size_t column, SortOrder order);
 
     // The row that commands act on: the one with the focus if it is selected, else the first selected one.
     std::optional<std::size_t> currentRow() const;
@@ -85,6 +60,8 @@ class ListView : public Control {
     void select(std::size_t row); // this row alone, and current
     void selectAll();
     void clearSelection();
+    // Marks the selected rows in the source.
+    void markSelection();
 
     Twips columnWidth(std::size_t column) const;
     void setColumnWidth(std::size_t column, Twips width);
@@ -107,9 +84,11 @@ class ListView : public Control {
 
   private:
     friend class ListPause;
-    void catchUp();
-    bool nativeKnowsSelection() const { return pauses_ == 0 || severalInPause_; }
-    template <typename Change> void changeRows(Change change);
+    void rowsChanging(RowChange change) override;
+    void rowsChanged(RowChange change) override;
+    void rowChanged(std::size_t row) override;
+    void beginMoving();
+    void endMoving();
     void takeSystemColors();
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);
@@ -126,49 +105,45 @@ class ListView : public Control {
     std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
     bool isSelectedBlock(std::size_t first, std::size_t rows) const;
     void dropSelection();
-    void takeSelection();
     void giveSelection();
     void setState(int row, UINT state, UINT mask);
     void updateCount(DWORD flags);
-    void redrawRow(std::size_t row);
     void showSortOrder();
     bool hasStyle(DWORD style) const;
     void setStyle(DWORD style, bool on);
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
-    ListRows rows_;
+    RowSource& rows_;
     Selection selection_;
     std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
     unsigned columnDpi_;              // for which the native widths are
-    int quiet_ = 0;                   // above 0 the program itself changes the selection
-    int pauses_ = 0;                  // above 0 the native control is told nothing
-    std::optional<std::size_t> selectedInPause_;
-    bool severalInPause_ = false; // are selected, and the native control still knows which
+    std::optional<RowSource::Order> shownOrder_; // by the arrow in a column's heading
+    int quiet_ = 0;                              // above 0 the program itself changes the selection
+    int changing_ = 0;      // above 0 rows are changing, and the native control is told nothing
+    bool replaced_ = false; // meanwhile: none of the rows of before is left
+    bool manySelected_ = false;
+    std::size_t topRow_ = 0;
+    std::optional<RedrawPause> redrawPause_;
     int userMessages_ = 0;        // above 0 a message of the user is being answered
     std::size_t lastFocused_ = 0; // a hint, asked before it is believed
     unsigned changes_ = 0;        // of the rows: what was known by number before one means nothing after it
-    ListRows::Id editedRow_ = 0;  // by the label edit that is open; 0: none is
+    RowSource::Id editedRow_ = 0; // by the label edit that is open; 0: none is
     bool clickPending_ = false;
     bool pressFired_ = false; // the press of the button selected a row already
 };
 
-// While one lives, the native controls of its lists are told neither how many rows there are nor which one is
-// selected: for a change of either they paint scroll bars and frames at once, which costs more than filling a
-// list. For work that fills and selects over and over before the next message. Of several rows that were
-// selected before, all stay so while rows are only appended; after any other change no more than one is.
+// While one lives, the native control is told neither how many rows there are nor which are selected: for a
+// change of either it paints scroll bars and frames at once, which costs more than adding a row. For work that
+// adds row after row before the next message, and does not ask about the selection.
 class ListPause {
   public:
-    template <std::same_as<ListView>... Lists>
-    explicit ListPause(Lists&... lists) : ListPause(std::vector<ListView*>{&lists...})
-    {}
+    explicit ListPause(ListView& list) : list_(list) { list_.rowsChanging(RowChange::moved); }
     ListPause(const ListPause&) = delete;
     ListPause& operator=(const ListPause&) = delete;
-    ~ListPause();
+    ~ListPause() { list_.rowsChanged(RowChange::moved); }
 
   private:
-    explicit ListPause(std::vector<ListView*> lists);
-
-    std::vector<ListView*> lists_;
+    ListView& list_;
 };
 
 } // namespace vandrel

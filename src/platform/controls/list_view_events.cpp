@@ -122,11 +122,10 @@ void ListView::answerDisplay(LVITEMW& item) const
     if (item.iItem < 0 || row >= count()) return;
     if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
         const auto column = static_cast<std::size_t>(item.iSubItem);
-        const std::wstring_view text = column < ListRows::maxColumns ? rows_.text(row, column)
-                                                                     : std::wstring_view{};
+        const std::wstring_view text = rows_.text(row, column);
         item.pszText[text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax - 1))] = L'\0';
     }
-    if ((item.mask & LVIF_IMAGE) != 0) item.iImage = rows_[row].image - 1;
+    if ((item.mask & LVIF_IMAGE) != 0) item.iImage = rows_.image(row) - 1;
 }
 
 // The row that typed letters lead to.
@@ -151,7 +150,7 @@ std::optional<LRESULT> ListView::onBeginLabelEdit(const NMLVDISPINFOW& info)
 {
     const auto row = static_cast<std::size_t>(info.item.iItem);
     if (row >= count()) return TRUE; // refused
-    editedRow_ = id(row);
+    editedRow_ = rows_.id(row);
     if (BeforeLabelEdit) BeforeLabelEdit(row);
     return FALSE;
 }
@@ -159,18 +158,9 @@ std::optional<LRESULT> ListView::onBeginLabelEdit(const NMLVDISPINFOW& info)
 // The row that the edit began on, wherever it stands by now.
 std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
 {
-    const ListRows::Id edited = std::exchange(editedRow_, 0);
-    const auto row = rowOf(edited);
-    if (info.item.pszText == nullptr || !row) return FALSE;
-    const std::wstring text = info.item.pszText;
-    const std::wstring_view kept = rows_.keepText(
-        text); // what was renamed is to be shown so, whatever happens
-    if (AfterLabelEdit && !AfterLabelEdit(*row, text)) return FALSE;
-    const auto now = rowOf(edited); // messages may have run
-    if (!now) return FALSE;
-    rows_.useText(*now, 0, kept);
-    redrawRow(*now);
-    return TRUE;
+    const auto row = rows_.rowOf(std::exchange(editedRow_, 0));
+    if (info.item.pszText == nullptr || !row || !AfterLabelEdit) return FALSE;
+    return AfterLabelEdit(*row, info.item.pszText) ? TRUE : FALSE;
 }
 
 // Behind what the press or key selected.

@@ -17,7 +17,6 @@ std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
 
 std::optional<std::size_t> ListView::firstSelected() const
 {
-    if (!nativeKnowsSelection()) return selectedInPause_;
     const std::size_t selected = selectedCount();
     if (selected == 0) return std::nullopt;
     if (selected == 1 && lastFocused_ < count() && isSelected(lastFocused_)) return lastFocused_;
@@ -26,7 +25,6 @@ std::optional<std::size_t> ListView::firstSelected() const
 
 std::optional<std::size_t> ListView::currentRow() const
 {
-    if (!nativeKnowsSelection()) return selectedInPause_;
     if (selectedCount() == 0) return std::nullopt;
     constexpr UINT current = LVIS_FOCUSED | LVIS_SELECTED;
     if (lastFocused_ < count() && send(LVM_GETITEMSTATE, lastFocused_, current) == current)
@@ -35,17 +33,9 @@ std::optional<std::size_t> ListView::currentRow() const
     return row ? row : firstSelected();
 }
 
-bool ListView::isSelected(std::size_t row) const
-{
-    if (!nativeKnowsSelection()) return selectedInPause_ == row;
-    return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
-}
+bool ListView::isSelected(std::size_t row) const { return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0; }
 
-std::size_t ListView::selectedCount() const
-{
-    if (!nativeKnowsSelection()) return selectedInPause_ ? 1 : 0;
-    return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT));
-}
+std::size_t ListView::selectedCount() const { return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT)); }
 
 void ListView::setState(int row, UINT state, UINT mask)
 {
@@ -57,11 +47,6 @@ void ListView::setState(int row, UINT state, UINT mask)
 
 void ListView::select(std::size_t row)
 {
-    if (pauses_ > 0) {
-        severalInPause_ = false;
-        selectedInPause_ = row;
-        return;
-    }
     const Counted quiet(quiet_);
     dropSelection();
     setState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
@@ -79,43 +64,9 @@ void ListView::selectAll()
 void ListView::clearSelection()
 {
     if (selectedCount() == 0) return;
-    if (pauses_ > 0) {
-        severalInPause_ = false;
-        selectedInPause_.reset();
-        return;
-    }
     const RedrawPause pause(handle());
     const Counted quiet(quiet_);
     dropSelection();
-}
-
-// One selected row is remembered. To give several back would take long, so they are left where they are.
-ListPause::ListPause(std::vector<ListView*> lists) : lists_(std::move(lists))
-{
-    for (ListView* const list : lists_) {
-        if (list->pauses_ == 0) {
-            list->severalInPause_ = list->selectedCount() > 1;
-            list->selectedInPause_ = list->severalInPause_ ? std::nullopt : list->currentRow();
-        }
-        ++list->pauses_;
-    }
-}
-
-ListPause::~ListPause()
-{
-    for (ListView* const list : lists_) {
-        if (--list->pauses_ == 0) list->catchUp();
-    }
-}
-
-void ListView::catchUp()
-{
-    const auto selected = selectedInPause_;
-    updateCount(LVSICF_NOSCROLL);
-    if (std::exchange(severalInPause_, false)) return;
-    if (firstSelected() == selected && selectedCount() <= 1) return;
-    clearSelection();
-    if (selected && *selected < count()) select(*selected);
 }
 
 // As many rows as are selected, the last of them the last that is: then there is no gap. Asking for tens of
@@ -143,31 +94,31 @@ void ListView::dropSelection()
 }
 
 // Without memory, so that a row can always be taken off again.
-void ListView::takeSelection()
+void ListView::markSelection()
 {
-    for (std::size_t row = 0; row < count(); ++row) rows_[row].marked = rows_[row].current = false;
+    for (std::size_t row = 0; row < count(); ++row) rows_.setMark(row, {});
     std::size_t left = selectedCount();
     auto row = left > 0 ? firstSelected() : std::nullopt;
     const bool block = row && isSelectedBlock(*row, left);
     for (; row && left > 0; --left) {
-        rows_[*row].marked = true;
+        rows_.setMark(*row, {.selected = true});
         if (left == 1) break;
         row = block ? std::optional(*row + 1) : nextRow(static_cast<LRESULT>(*row), LVNI_SELECTED);
     }
-    if (const auto current = currentRow()) rows_[*current].current = true;
+    if (const auto current = currentRow()) rows_.setMark(*current, {.selected = true, .current = true});
 }
 
 void ListView::giveSelection()
 {
     std::size_t marked = 0;
-    for (std::size_t row = 0; row < count(); ++row) marked += rows_[row].marked ? 1 : 0;
-    if (marked == count() && marked > 0 && selection_ == Selection::many)
-        setState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    for (std::size_t row = 0; row < count(); ++row) marked += rows_.mark(row).selected ? 1 : 0;
+    const bool all = marked == count() && marked > 0 && selection_ == Selection::many;
+    if (all) setState(-1, LVIS_SELECTED, LVIS_SELECTED);
     for (std::size_t row = 0; row < count(); ++row) {
+        const RowSource::Mark mark = rows_.mark(row);
         UINT state = 0;
-        if (rows_[row].marked && marked != count()) state |= LVIS_SELECTED;
-        if (rows_[row].marked && selection_ == Selection::one) state |= LVIS_SELECTED;
-        if (rows_[row].current) state |= LVIS_FOCUSED;
+        if (mark.selected && !all) state |= LVIS_SELECTED;
+        if (mark.current) state |= LVIS_FOCUSED;
         if (state != 0) setState(static_cast<int>(row), state, state);
     }
 }

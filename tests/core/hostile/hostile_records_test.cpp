@@ -13,7 +13,7 @@
 namespace vandrel::test {
 namespace {
 
-using Record = std::array<std::wstring, ListRows::maxColumns>;
+using Record = std::array<std::wstring, RowTable::maxColumns>;
 
 // Private letters, which no text has by chance: which line of its file a text was in, and which piece of the
 // line.
@@ -28,20 +28,20 @@ bool isLineMark(wchar_t unit) { return unit >= firstLineMark && unit <= lastLine
 bool isPieceMark(wchar_t unit) { return unit >= firstPieceMark && unit <= lastPieceMark; }
 
 // As a category is opened.
-ListRows loaded(const std::wstring& text)
+RowTable loaded(const std::wstring& text)
 {
     const auto block = std::make_shared<const std::wstring>(text);
-    std::vector<ListRows::Row> rows;
+    std::vector<RowTable::Row> rows;
     SiteRecordReader reader(*block);
     while (const auto site = reader.next())
         rows.push_back({{site->name, site->url, site->description, site->date}});
-    ListRows list;
+    RowTable list;
     list.fill(block, std::move(rows));
     return list;
 }
 
 // As it is saved.
-std::wstring saved(const ListRows& list)
+std::wstring saved(const RowTable& list)
 {
     std::wstring text;
     SiteLines lines(list.all());
@@ -50,11 +50,11 @@ std::wstring saved(const ListRows& list)
 }
 
 // The same, as plainly as it can be written down.
-std::wstring plainlySaved(const ListRows& list)
+std::wstring plainlySaved(const RowTable& list)
 {
     std::wstring text;
-    for (const ListRows::Row& row : list.all()) {
-        for (std::size_t field = 0; field < ListRows::maxColumns; ++field) {
+    for (const RowTable::Row& row : list.all()) {
+        for (std::size_t field = 0; field < RowTable::maxColumns; ++field) {
             if (field > 0) text += L'|';
             text += row.texts[field];
         }
@@ -102,7 +102,7 @@ class HostileRecords : public testing::Test {
         });
         return text;
     }
-    void change(ListRows& list)
+    void change(RowTable& list)
     {
         const auto row = [&] { return hostile.below(list.size()); };
         for (std::size_t changes = hostile.below(8); changes > 0; --changes) {
@@ -110,24 +110,24 @@ class HostileRecords : public testing::Test {
             if (kind == 0) list.add({typed(), typed(), typed(), typed()}, 1);
             if (list.size() == 0) continue;
             if (kind == 1) list.remove(row());
-            if (kind == 2) list.setText(row(), hostile.below(ListRows::maxColumns), typed());
+            if (kind == 2) list.setText(row(), hostile.below(RowTable::maxColumns), typed());
             if (kind == 3) list.insert(row(), {typed(), typed(), L"", L""}, 1);
             if (kind == 4)
                 list.sortBy(hostile.below(4),
                             hostile.oneIn(2) ? SortOrder::ascending : SortOrder::descending);
             if (kind == 5) {
-                for (std::size_t marks = 0; marks < 3; ++marks) list[row()].marked = true;
+                for (std::size_t marks = 0; marks < 3; ++marks) list.setMark(row(), {.selected = true});
                 list.removeMarked();
             }
         }
     }
-    static testing::AssertionResult equal(const ListRows& a, const ListRows& b)
+    static testing::AssertionResult equal(const RowTable& a, const RowTable& b)
     {
         if (a.size() != b.size()) {
             return testing::AssertionFailure() << a.size() << " records, then " << b.size();
         }
         for (std::size_t row = 0; row < a.size(); ++row) {
-            for (std::size_t field = 0; field < ListRows::maxColumns; ++field) {
+            for (std::size_t field = 0; field < RowTable::maxColumns; ++field) {
                 if (a.text(row, field) == b.text(row, field)) continue;
                 return testing::AssertionFailure()
                        << "record " << row << ", field " << field << ": "
@@ -139,11 +139,11 @@ class HostileRecords : public testing::Test {
     }
     // Every field holds the text of one line alone, and that of one piece where no lone line end joins two
     // lines.
-    static testing::AssertionResult apart(const ListRows& list)
+    static testing::AssertionResult apart(const RowTable& list)
     {
         for (std::size_t row = 0; row < list.size(); ++row) {
             std::optional<wchar_t> line;
-            for (std::size_t field = 0; field < ListRows::maxColumns; ++field) {
+            for (std::size_t field = 0; field < RowTable::maxColumns; ++field) {
                 const std::wstring_view text = list.text(row, field);
                 for (const wchar_t unit : text) {
                     if (isLineMark(unit) && line.value_or(unit) != unit) {
@@ -164,17 +164,17 @@ class HostileRecords : public testing::Test {
     // Loads, saves, loads, changes, saves and loads one file.
     void tryFile(const std::wstring& text)
     {
-        const ListRows first = loaded(text);
+        const RowTable first = loaded(text);
         records += first.size();
         ASSERT_TRUE(apart(first)) << where();
         const std::wstring written = saved(first);
         ASSERT_TRUE(written == plainlySaved(first)) << where();
-        ListRows second = loaded(written);
+        RowTable second = loaded(written);
         ASSERT_TRUE(equal(first, second)) << where();
         ASSERT_TRUE(saved(second) == written) << where();
         change(second);
         ASSERT_TRUE(saved(second) == plainlySaved(second)) << where();
-        const ListRows third = loaded(saved(second));
+        const RowTable third = loaded(saved(second));
         ASSERT_TRUE(apart(third)) << where();
         ASSERT_TRUE(equal(second, third)) << where();
     }
@@ -206,10 +206,10 @@ TEST_F(HostileRecords, OfAnyTextAreReadBackAsTheyWereSaved)
     for (std::wstring text; tried < wanted; ++files) {
         text = hostile.oneIn(3) ? hostile.text(400) : hostile.mutated(text);
         if (text.size() > 100'000) text.clear();
-        const ListRows first = loaded(text);
+        const RowTable first = loaded(text);
         tried += 1 + first.size();
         ASSERT_TRUE(saved(first) == plainlySaved(first)) << where();
-        const ListRows second = loaded(saved(first));
+        const RowTable second = loaded(saved(first));
         ASSERT_TRUE(equal(first, second)) << where();
     }
     std::printf("%zu records in %zu files\n", tried, files);

@@ -10,7 +10,7 @@
 namespace vandrel::test {
 namespace {
 
-using Rows = std::vector<ListRows::Row>;
+using Rows = std::vector<RowTable::Row>;
 using Pieces = std::vector<std::wstring_view>;
 
 // The rows look into the text.
@@ -19,7 +19,7 @@ Rows rowsOf(std::wstring_view text)
     Rows rows;
     SiteRecordReader reader(text);
     while (const auto site = reader.next()) {
-        ListRows::Row row;
+        RowTable::Row row;
         row.texts = {site->name, site->url, site->description, site->date};
         rows.push_back(row);
     }
@@ -46,7 +46,7 @@ std::wstring joined(const Pieces& pieces)
 std::wstring fieldByField(const Rows& rows)
 {
     std::wstring text;
-    for (const ListRows::Row& row : rows) {
+    for (const RowTable::Row& row : rows) {
         for (std::size_t field = 0; field < row.texts.size(); ++field) {
             if (field > 0) text += L'|';
             text += row.texts[field];
@@ -94,7 +94,7 @@ TEST(SiteLines, WhatTheLineHeldBesideTheFieldsIsNotTaken)
 TEST(SiteLines, FieldsThatOnlyTouchAreNotTakenForAFile)
 {
     const std::wstring other = L"abcdefgh";
-    ListRows::Row row;
+    RowTable::Row row;
     for (std::size_t field = 0; field < row.texts.size(); ++field)
         row.texts[field] = std::wstring_view(other).substr(2 * field, 1);
     EXPECT_EQ(joined(linesOf({row, row})), L"a|c|e|g\r\na|c|e|g\r\n");

@@ -29,7 +29,7 @@ class Hits : public testing::Test {
     }
     bool ownerLives() const { return !owner.expired(); }
 
-    std::vector<ListRows::Row> rows;
+    std::vector<RowTable::Row> rows;
     std::optional<HitList> hits;
     std::weak_ptr<const void> owner;
 };
@@ -38,7 +38,7 @@ TEST_F(Hits, BecomeRowsOfNameAddressCategoryAndDescription)
 {
     for (const std::size_t count : {1U, 100U}) {
         add(0, count);
-        const HitList::Block block = hits->take();
+        const RowTable::Block block = hits->take();
         ASSERT_EQ(block.rows.size(), count);
         for (std::size_t row = 0; row < count; ++row) {
             EXPECT_EQ(block.rows[row].texts[0], L"name" + std::to_wstring(row));
@@ -54,7 +54,7 @@ TEST_F(Hits, BecomeRowsOfNameAddressCategoryAndDescription)
 TEST_F(Hits, KeepTheOrderInWhichTheyWereFound)
 {
     for (const std::size_t row : {7U, 3U, 99U, 3U}) hits->add(rows[row]);
-    const HitList::Block block = hits->take();
+    const RowTable::Block block = hits->take();
     ASSERT_EQ(block.rows.size(), 4U);
     EXPECT_EQ(block.rows[0].texts[0], L"name7");
     EXPECT_EQ(block.rows[1].texts[0], L"name3");
@@ -65,7 +65,7 @@ TEST_F(Hits, KeepTheOrderInWhichTheyWereFound)
 TEST_F(Hits, AFewDoNotHoldOnToTheWholeCategory)
 {
     add(10, 2);
-    const HitList::Block block = hits->take();
+    const RowTable::Block block = hits->take();
     rows.clear();
     hits.reset();
     EXPECT_FALSE(ownerLives());
@@ -78,7 +78,7 @@ TEST_F(Hits, AFewDoNotHoldOnToTheWholeCategory)
 TEST_F(Hits, ManyShareTheTextOfTheCategoryAndKeepItAlive)
 {
     add(0, 90);
-    std::optional<HitList::Block> block = hits->take();
+    std::optional<RowTable::Block> block = hits->take();
     EXPECT_EQ(block->rows[5].texts[0].data(), rows[5].texts[0].data());
     EXPECT_EQ(block->rows[5].texts[3].data(), rows[5].texts[2].data());
     hits.reset();
@@ -98,7 +98,7 @@ TEST_F(Hits, AreGoneOnceTheyWereTaken)
     EXPECT_TRUE(hits->empty());
     EXPECT_TRUE(hits->take().rows.empty());
     add(95, 1);
-    const HitList::Block block = hits->take();
+    const RowTable::Block block = hits->take();
     ASSERT_EQ(block.rows.size(), 1U);
     EXPECT_EQ(block.rows[0].texts[0], L"name95");
     rows.clear();
@@ -111,7 +111,7 @@ TEST_F(Hits, WithoutAnyTextAreRowsAllTheSame)
     HitList empty(L"", nullptr, 0);
     empty.add({});
     empty.add({});
-    const HitList::Block block = empty.take();
+    const RowTable::Block block = empty.take();
     ASSERT_EQ(block.rows.size(), 2U);
     for (const std::wstring_view text : block.rows[1].texts) EXPECT_TRUE(text.empty());
 }

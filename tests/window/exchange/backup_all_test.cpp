@@ -56,7 +56,7 @@ TEST_F(BackupAllTest, CategoriesAreThoseOfTheList)
 TEST_F(BackupAllTest, FilesAreCopiedNotWhatTheListShows)
 {
     startWithThree();
-    lstInfo().add({L"not saved", L"http://n/", L"", L""}, siteImage);
+    siteRows().add({L"not saved", L"http://n/", L"", L""}, siteImage);
     backUpTo(target.path());
     expectThreeCopies();
     EXPECT_EQ(lstInfo().count(), 2U);
@@ -78,7 +78,7 @@ TEST_F(BackupAllTest, EarlierCopiesAreReplacedWithoutAQuestion)
 TEST_F(BackupAllTest, ACopyIsNamedAfterTheListNotAfterTheFile)
 {
     startWithThree();
-    lstCategory().setText(0, 0, L"ARTS");
+    categoryRows().setText(0, 0, L"ARTS");
     backUpTo(target.path());
     EXPECT_EQ(outcome(), done);
     EXPECT_EQ(target.names(), (Lines{L"ARTS.udb", L"Bare.udb", L"Cars.udb"}));
@@ -106,7 +106,7 @@ TEST_F(BackupAllTest, WithoutCategoriesNothingIsCopiedAndNothingFails)
 TEST_F(BackupAllTest, ChangesNothingElseInTheWindow)
 {
     startWithThree(L"Arts");
-    lstInfo().sortBy(0, SortOrder::ascending);
+    siteRows().sortBy(0, SortOrder::ascending);
     lstInfo().select(1);
     const Lines before = sites();
     backUpTo(target.path());

@@ -54,7 +54,7 @@ TEST_F(BackupCurrentTest, AnEarlierCopyIsReplacedWithoutAQuestion)
 TEST_F(BackupCurrentTest, TheFileIsCopiedNotWhatTheListShows)
 {
     startWithThree();
-    lstInfo().add({L"not saved", L"http://n/", L"", L""}, siteImage);
+    siteRows().add({L"not saved", L"http://n/", L"", L""}, siteImage);
     backUpTo(target.path());
     EXPECT_EQ(target.read(L"Cars.udb"), cars);
 }
@@ -62,7 +62,7 @@ TEST_F(BackupCurrentTest, TheFileIsCopiedNotWhatTheListShows)
 TEST_F(BackupCurrentTest, TheCopyIsNamedAfterTheListNotAfterTheFile)
 {
     startWithThree();
-    lstCategory().setText(2, 0, L"CARS");
+    categoryRows().setText(2, 0, L"CARS");
     backUpTo(target.path());
     EXPECT_EQ(target.names(), Lines{L"CARS.udb"});
 }

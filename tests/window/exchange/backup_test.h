@@ -21,7 +21,7 @@ class BackupTest : public StoreTest {
         folder.write(L"Bare.udb", "");
         folder.write(L"Cars.udb", cars);
         start();
-        lstCategory().sortBy(0, SortOrder::ascending);
+        categoryRows().sortBy(0, SortOrder::ascending);
         clickCategory(selected);
     }
     // Chooses the entry and answers the folder browser; nothing else may open.

@@ -40,7 +40,7 @@ class ExportTest : public StoreTest {
     {
         folder.write(L"Work.udb", "");
         start();
-        lstInfo().add({name, url, L"about", L"1/1/2001"}, siteImage);
+        siteRows().add({name, url, L"about", L"1/1/2001"}, siteImage);
         lstInfo().select(0);
         EXPECT_TRUE(pumpUntil([&] { return isOffered(); }));
     }
@@ -129,8 +129,8 @@ TEST_F(ExportTest, ProposesANameThatAFileCanHave)
 TEST_F(ExportTest, ProposesTheNameOfTheCurrentSiteOfSeveralSelected)
 {
     startWith(L"first");
-    lstInfo().add({L"second", L"http://2/", L"", L""}, siteImage);
-    lstInfo().add({L"third", L"http://3/", L"", L""}, siteImage);
+    siteRows().add({L"second", L"http://2/", L"", L""}, siteImage);
+    siteRows().add({L"third", L"http://3/", L"", L""}, siteImage);
     selectSites({0, 2, 1});
     EXPECT_EQ(proposal(), L"second");
 }
@@ -216,7 +216,7 @@ TEST_F(ExportTest, AFileThatIsThereKeepsWhatElseItHolds)
 TEST_F(ExportTest, TheUrlOfTheSelectedSiteIsWritten)
 {
     startWith(L"first", L"http://1/");
-    lstInfo().add({L"second", L"http://2/", L"", L""}, siteImage);
+    siteRows().add({L"second", L"http://2/", L"", L""}, siteImage);
     selectSites({1});
     exportAs(target.file(L"A.url"));
     EXPECT_EQ(target.read(L"A.url"), exported("http://2/"));
@@ -336,7 +336,7 @@ TEST_F(ExportTest, AValueThatTheSystemReadsOtherwiseIsNoError)
     for (const wchar_t* const url :
          {L"", L" http://blank/ ", L"\"http://quoted/\"", L"http://\u65E5\u672C/\uFF5C", L"http://lone\nend/",
           L"http://loose/\xDC81/"}) {
-        lstInfo().setText(0, 1, url);
+        siteRows().setText(0, 1, url);
         exportAs(target.file(L"A.url"));
         EXPECT_TRUE(target.has(L"A.url"));
     }

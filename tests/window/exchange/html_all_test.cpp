@@ -13,7 +13,7 @@ class HtmlAllTest : public HtmlTest {
         folder.write(L"Bare.udb", "");
         folder.write(L"Cars.udb", "c|http://c/|C|1/3/2001\r\n");
         start();
-        lstCategory().sortBy(0, SortOrder::ascending);
+        categoryRows().sortBy(0, SortOrder::ascending);
         clickCategory(L"Cars");
     }
     std::string page() { return pageOf(mnuAllCats); }
@@ -23,7 +23,7 @@ class HtmlAllTest : public HtmlTest {
     {
         Lines open;
         for (std::size_t row = 0; row < lstCategory().count(); ++row) {
-            if (lstCategory().image(row) == openFolderImage) open.push_back(lstCategory().text(row));
+            if (categoryRows().image(row) == openFolderImage) open.push_back(lstCategory().text(row));
         }
         return open;
     }
@@ -79,7 +79,7 @@ TEST_F(HtmlAllTest, OneCategoryOfOneSiteIsThreeLines)
 TEST_F(HtmlAllTest, CategoriesComeInTheOrderThatIsShown)
 {
     startWithThree();
-    lstCategory().sortBy(0, SortOrder::descending);
+    categoryRows().sortBy(0, SortOrder::descending);
     EXPECT_EQ(page(), html::header + cars + arts + html::footer);
     EXPECT_EQ(selectedTitle(), L"Cars");
     EXPECT_EQ(titles(), (Lines{L"Cars", L"Bare", L"Arts"}));
@@ -89,7 +89,7 @@ TEST_F(HtmlAllTest, SitesAreReadFromEachFileInItsOrder)
 {
     startWithThree();
     clickCategory(L"Arts");
-    lstInfo().sortBy(0, SortOrder::ascending);
+    siteRows().sortBy(0, SortOrder::ascending);
     folder.write(L"Cars.udb", "z|http://z/||\r\ny|http://y/||\r\n");
     EXPECT_EQ(page(), html::header + arts + html::title("Cars") + html::row("z", "http://z/", "") +
                           html::row("y", "http://y/", "") + html::footer);
@@ -157,7 +157,7 @@ TEST_F(HtmlAllTest, OfTwoTitlesAlikeThatOfTheSameRowIsSelectedAgain)
     folder.write(L"Same.udb", "s|http://s/||\r\n");
     folder.write(L"Other.udb", "");
     start();
-    lstCategory().add({L"Same"}, closedFolderImage);
+    categoryRows().add({L"Same"}, closedFolderImage);
     lstCategory().select(2);
     lstCategory().ItemClick(2);
     page();
@@ -167,7 +167,7 @@ TEST_F(HtmlAllTest, OfTwoTitlesAlikeThatOfTheSameRowIsSelectedAgain)
 TEST_F(HtmlAllTest, TheSelectedCategoryIsReadAgain)
 {
     startWithThree();
-    lstInfo().add({L"not saved", L"http://n/", L"", L""}, siteImage);
+    siteRows().add({L"not saved", L"http://n/", L"", L""}, siteImage);
     lstInfo().select(0);
     page();
     EXPECT_EQ(sites(), Lines{L"c|http://c/|C|1/3/2001"});
@@ -178,7 +178,7 @@ TEST_F(HtmlAllTest, TheSelectedCategoryIsInSightAgain)
 {
     for (int i = 100; i < 300; ++i) folder.write(L"C" + std::to_wstring(i) + L".udb", "n|http://u/||\r\n");
     start();
-    lstCategory().sortBy(0, SortOrder::ascending);
+    categoryRows().sortBy(0, SortOrder::ascending);
     clickCategory(L"C150");
     page();
     EXPECT_EQ(selectedTitle(), L"C150");

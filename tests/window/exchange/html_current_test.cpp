@@ -148,15 +148,15 @@ TEST_F(HtmlCurrentTest, APageHasEachSiteOfTheListAndNoTitle)
 TEST_F(HtmlCurrentTest, SitesComeInTheOrderThatIsShown)
 {
     startWithThree();
-    lstInfo().sortBy(0, SortOrder::descending);
+    siteRows().sortBy(0, SortOrder::descending);
     EXPECT_EQ(page(), html::header + html::row("Gamma", "http://a/", "third") +
                           html::row("Beta", "http://b/", "second") +
                           html::row("Alpha", "http://c/", "first") + html::footer);
-    lstInfo().sortBy(1, SortOrder::ascending);
+    siteRows().sortBy(1, SortOrder::ascending);
     EXPECT_EQ(page(), html::header + html::row("Gamma", "http://a/", "third") +
                           html::row("Beta", "http://b/", "second") +
                           html::row("Alpha", "http://c/", "first") + html::footer);
-    lstInfo().sortBy(2, SortOrder::ascending);
+    siteRows().sortBy(2, SortOrder::ascending);
     EXPECT_EQ(page(), html::header + html::row("Alpha", "http://c/", "first") +
                           html::row("Beta", "http://b/", "second") +
                           html::row("Gamma", "http://a/", "third") + html::footer);
@@ -165,7 +165,7 @@ TEST_F(HtmlCurrentTest, SitesComeInTheOrderThatIsShown)
 TEST_F(HtmlCurrentTest, ThePageIsMadeOfTheListNotOfTheFile)
 {
     startWith("");
-    lstInfo().add({L"shown", L"http://s/", L"only", L"1/1/2001"}, siteImage);
+    siteRows().add({L"shown", L"http://s/", L"only", L"1/1/2001"}, siteImage);
     folder.write(L"Work.udb", "stored|http://f/||\r\n");
     EXPECT_EQ(page(), html::header + html::row("shown", "http://s/", "only") + html::footer);
     EXPECT_EQ(sites(), Lines{L"shown|http://s/|only|1/1/2001"});
@@ -214,8 +214,8 @@ TEST_F(HtmlCurrentTest, TextIsWrittenInTheAnsiCodePageAndLettersOutsideAsQuestio
     if (GetACP() != 1252) GTEST_SKIP() << "the ANSI code page is not 1252";
     startWith("");
     workspace().options.htmlFont = L"\u6587";
-    lstInfo().add({L"\u00C4\u20AC\u65E5\u672C", L"http://\u00F6/\u0416", L"\u0100\uFF5C\u201C", L""},
-                  siteImage);
+    siteRows().add({L"\u00C4\u20AC\u65E5\u672C", L"http://\u00F6/\u0416", L"\u0100\uFF5C\u201C", L""},
+                   siteImage);
     const std::string bytes = page();
     EXPECT_TRUE(bytes.starts_with("<font face=\"?\">"));
     EXPECT_TRUE(bytes.ends_with(html::row("\xC4\x80??", "http://\xF6/?", "??\x93") + html::footer));

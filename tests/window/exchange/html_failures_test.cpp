@@ -11,7 +11,7 @@ class HtmlFailuresTest : public HtmlTest, public testing::WithParamInterface<int
         folder.write(L"Arts.udb", "a|http://a/|A|1/1/2001\r\n");
         folder.write(L"Cars.udb", "c|http://c/|C|1/3/2001\r\n");
         start();
-        lstCategory().sortBy(0, SortOrder::ascending);
+        categoryRows().sortBy(0, SortOrder::ascending);
         clickCategory(L"Cars");
     }
     // Names the file, and does something before the command gets it.
@@ -119,7 +119,7 @@ TEST_F(HtmlReadingTest, ACategoryThatCannotBeReadStopsAllBeforeAPageLacksIt)
         folder.write(name, "n|http://u/||\r\n");
     }
     start();
-    lstCategory().sortBy(0, SortOrder::ascending);
+    categoryRows().sortBy(0, SortOrder::ascending);
     clickCategory(L"Cars");
     {
         const HeldFile held(folder.file(L"Bare.udb"));
@@ -131,7 +131,7 @@ TEST_F(HtmlReadingTest, ACategoryThatCannotBeReadStopsAllBeforeAPageLacksIt)
     EXPECT_EQ(sites(), Lines{L"n|http://u/||"});
     EXPECT_EQ(main->caption(), L"Vandrel - Cars");
     // What is shown as selected is what the list is about, so nothing is saved to another category.
-    lstInfo().add({L"new", L"", L"", L""}, siteImage);
+    siteRows().add({L"new", L"", L"", L""}, siteImage);
     const int number = errorOf([&] { SaveItems(workspace()); });
     for (const wchar_t* const name : {L"Arts.udb", L"Bare.udb", L"Cars.udb"}) {
         if (selectedTitle() + L".udb" == name && number == 0) continue;

@@ -34,7 +34,7 @@ TEST_F(JapaneseHtml, ATitleIsWrittenInTheCodePageAndLettersOutsideAsQuestionMark
 TEST_F(JapaneseHtml, ALooseFirstByteTakesNothingOfTheMarkupBehindIt)
 {
     start();
-    lstInfo().add({L"A\xDC83", L"http://u/\xDC95", L"d\xDC81", L""}, siteImage);
+    siteRows().add({L"A\xDC83", L"http://u/\xDC95", L"d\xDC81", L""}, siteImage);
     EXPECT_EQ(pageOf(mnuCurrentCat),
               html::header + html::row("A\x83", "http://u/\x95", "d\x81") + html::footer);
 }

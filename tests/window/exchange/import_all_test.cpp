@@ -126,7 +126,7 @@ TEST_F(ImportOfAllFiles, SortsByUrlInTheOrderThatTheListHas)
     addThree();
     lstInfo().ColumnClick(0); // descending
     importAll();
-    EXPECT_EQ(lstInfo().sortKey(), 1U);
+    EXPECT_EQ(siteRows().sortKey(), 1U);
     EXPECT_EQ(column(lstInfo()), (Lines{L"A", L"b", L"c", L"Z"}));
     EXPECT_EQ(saved(), "A|http://3/||\r\nb|http://2/||\r\nc|http://1/||\r\nZ|http://0/||\r\n");
 }

@@ -32,7 +32,7 @@ TEST_F(ImportOfOneFile, AddsASiteWithoutADateAndSavesItAtOnce)
     importOne(L"News.url", L"about it");
     EXPECT_EQ(sites(), Lines{L"News|http://news.example/|about it|"});
     EXPECT_EQ(saved(), "News|http://news.example/|about it|\r\n");
-    EXPECT_EQ(lstInfo().image(0), siteImage);
+    EXPECT_EQ(siteRows().image(0), siteImage);
     EXPECT_EQ(outcome(), L"Import succeeded!");
 }
 
@@ -129,8 +129,8 @@ TEST_F(ImportOfOneFile, SortsTheListByUrlAndKeepsItSorted)
     startWith("C|http://c/|three|1\r\nA|http://a/|one|2\r\n");
     addShortcut(L"Between.url", "http://b/");
     importOne(L"Between.url", L"two");
-    EXPECT_TRUE(lstInfo().sorted());
-    EXPECT_EQ(lstInfo().sortKey(), 1U);
+    EXPECT_TRUE(siteRows().sorted());
+    EXPECT_EQ(siteRows().sortKey(), 1U);
     EXPECT_EQ(saved(), "A|http://a/|one|2\r\nBetween|http://b/|two|\r\nC|http://c/|three|1\r\n");
 }
 
@@ -140,7 +140,7 @@ TEST_F(ImportOfOneFile, KeepsADescendingOrder)
     addShortcut(L"B.url", "http://b/");
     lstInfo().ColumnClick(0); // descending
     importOne(L"B.url");
-    EXPECT_EQ(lstInfo().sortOrder(), SortOrder::descending);
+    EXPECT_EQ(siteRows().sortOrder(), SortOrder::descending);
     EXPECT_EQ(saved(), "C|http://c/||\r\nB|http://b/||\r\nA|http://a/||\r\n");
 }
 
@@ -402,7 +402,7 @@ TEST_F(ImportOfOneFile, CancelImportsNothing)
         dialog.cancel();
     });
     EXPECT_EQ(sites(), (Lines{L"B|http://b/||", L"A|http://a/||"}));
-    EXPECT_FALSE(lstInfo().sorted());
+    EXPECT_FALSE(siteRows().sorted());
     EXPECT_EQ(outcome(), L"");
 }
 

@@ -158,7 +158,7 @@ TEST_F(RealShortcuts, AreWrittenAndImportedAgain)
         Module1::WriteINIValue(L"InternetShortcut", L"URL", urls[row], file);
     }
     EXPECT_EQ(target.names().size(), urls.size());
-    while (!lstInfo().empty()) lstInfo().remove(0);
+    while (!lstInfo().empty()) siteRows().remove(0);
     workspace().favoritesFolder = target.path();
     importAll();
     EXPECT_EQ(sorted(column(lstInfo(), 1)), sorted(urls));

@@ -678,12 +678,12 @@ std::string JourneyTest::difference()
     if (shownRow(workspace()) != model_.shown) return "another category is shown";
     if (model_.shown && lstCategory().currentRow() != model_.shown) return "another category is selected";
     for (std::size_t row = 0; row < lstCategory().count(); ++row) {
-        const bool open = lstCategory().image(row) == openFolderImage;
+        const bool open = categoryRows().image(row) == openFolderImage;
         if (open != (model_.shown == row)) return "the wrong folder is open";
     }
     for (std::size_t row = 0; row < model_.list.size(); ++row) {
         const bool dead = model_.dead.contains(model_.list[row][1]);
-        if (lstInfo().image(row) != (dead ? deadSiteImage : siteImage)) return "a site has another picture";
+        if (siteRows().image(row) != (dead ? deadSiteImage : siteImage)) return "a site has another picture";
     }
     if (main->caption() != model_.caption)
         return "caption " + narrow(main->caption()) + ", not " + narrow(model_.caption);

@@ -120,10 +120,10 @@ TEST_F(Availability, OneTickIsEnough)
 {
     folder.write(L"Work.udb", threeSites);
     start();
-    lstInfo().clear();
+    siteRows().clear();
     tick();
     EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
-    lstInfo().add({L"A", L"http://a/", L"", L""}, siteImage);
+    siteRows().add({L"A", L"http://a/", L"", L""}, siteImage);
     tick();
     EXPECT_EQ(siteCommandsThatAreNot(true), noCommand);
 }
@@ -192,13 +192,13 @@ TEST_F(Availability, TicksLeaveTheMenusAloneWhileNeitherListEmptiesOrFills)
     main->menus().setEnabled(mnuExport, false);
     main->menus().setEnabled(mnuRenameCat, false);
     lstInfo().select(2);
-    lstInfo().remove(2);
+    siteRows().remove(2);
     for (int i = 0; i < 3; ++i) tick();
     EXPECT_FALSE(entryEnabled(mnuExport));
     EXPECT_FALSE(entryEnabled(mnuRenameCat));
-    lstInfo().clear();
+    siteRows().clear();
     tick();
-    lstInfo().add({L"A", L"http://a/", L"", L""}, siteImage);
+    siteRows().add({L"A", L"http://a/", L"", L""}, siteImage);
     tick();
     EXPECT_TRUE(entryEnabled(mnuExport));
     EXPECT_FALSE(entryEnabled(mnuRenameCat)) << "the category list did not change";
@@ -210,7 +210,7 @@ TEST_F(Availability, TheTimerGoesOnWhileADialogIsOpen)
     start();
     Answers answers;
     answers.expect(L"Add Site...", [&](HWND dialog) {
-        lstInfo().clear();
+        siteRows().clear();
         EXPECT_TRUE(pumpUntil([&] { return siteCommandsThatAreNot(false).empty(); }));
         press(dialog, IDCANCEL);
     });

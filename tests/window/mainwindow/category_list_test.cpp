@@ -19,7 +19,8 @@ class CategoryList : public MainWindowTest {
     std::vector<int> images()
     {
         std::vector<int> all;
-        for (std::size_t row = 0; row < lstCategory().count(); ++row) all.push_back(lstCategory().image(row));
+        for (std::size_t row = 0; row < lstCategory().count(); ++row)
+            all.push_back(categoryRows().image(row));
         return all;
     }
     std::wstring panel(int number) { return main->workspace().StatusBar1.panelText(number); }
@@ -114,7 +115,7 @@ TEST_F(CategoryList, TheFirstColumnClickSortsDescendingAndTheNextTurnsItRound)
     EXPECT_EQ(column(lstCategory()), (Titles{L"C", L"B", L"A"}));
     clickHeader(lstCategory(), 0);
     EXPECT_EQ(column(lstCategory()), (Titles{L"A", L"B", L"C"}));
-    EXPECT_TRUE(lstCategory().sorted());
+    EXPECT_TRUE(categoryRows().sorted());
 }
 
 TEST_F(CategoryList, SortingKeepsTheSelectedCategorySelectedAndOpen)

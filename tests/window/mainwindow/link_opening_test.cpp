@@ -104,7 +104,7 @@ TEST_F(OpeningASite, OfSeveralSelectedOnesOpensTheCurrentAlone)
 TEST_F(OpeningASite, InAListSortedByDateStaysTheOneThatIsSelected)
 {
     startWithSites();
-    lstInfo().sortBy(3, SortOrder::descending);
+    siteRows().sortBy(3, SortOrder::descending);
     const auto row = lstInfo().currentRow();
     ASSERT_TRUE(row);
     ASSERT_EQ(lstInfo().text(*row), L"Alpha");

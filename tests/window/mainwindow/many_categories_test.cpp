@@ -56,7 +56,7 @@ TEST_P(ManyCategories, AreAllListedAndMoveToLeadsToEach)
         ASSERT_EQ(main->workspace().mnuMove.indexOf(static_cast<int>(items[i].id)), i);
     }
 
-    lstInfo().add({L"A", L"http://a/", L"", L""}, siteImage);
+    siteRows().add({L"A", L"http://a/", L"", L""}, siteImage);
     lstInfo().select(0);
     main->run(static_cast<int>(items.back().id));
     EXPECT_EQ(folder.read(items.back().text + L".udb"), "A|http://a/||\r\n");

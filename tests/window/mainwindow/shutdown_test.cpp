@@ -151,7 +151,7 @@ TEST_F(Shutdown, AsksNothingAndEndsTheProgram)
 {
     folder.write(L"Work.udb", threeSites);
     start();
-    lstInfo().setText(0, 0, L"changed and never saved");
+    siteRows().setText(0, 0, L"changed and never saved");
     const HWND window = main->handle();
     Answers none;
     PostMessageW(window, WM_CLOSE, 0, 0);

@@ -43,7 +43,7 @@ TEST_F(SiteList, ShowsTheFourFieldsWithTheSiteImage)
               (Texts{L"http://b.example/", L"http://c.example/", L"http://a.example/"}));
     EXPECT_EQ(column(lstInfo(), 2), (Texts{L"second", L"first", L"third"}));
     EXPECT_EQ(column(lstInfo(), 3), (Texts{L"9/30/2002", L"10/1/2002", L"1/15/2003"}));
-    for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(lstInfo().image(row), 1);
+    for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(siteRows().image(row), 1);
 }
 
 TEST_F(SiteList, AClickShowsNameAndUrlEachFollowedByTwoBlanks)
@@ -169,9 +169,9 @@ TEST_F(SiteList, SortingKeepsTheSelectedSiteSelected)
 TEST_F(SiteList, ADeadMarkIsGoneWhenTheCategoryIsLoadedAgain)
 {
     startWithSites();
-    lstInfo().setImage(1, deadSiteImage);
+    siteRows().setImage(1, deadSiteImage);
     clickRow(lstCategory(), 0);
-    EXPECT_EQ(lstInfo().image(1), siteImage);
+    EXPECT_EQ(siteRows().image(1), siteImage);
 }
 
 } // namespace

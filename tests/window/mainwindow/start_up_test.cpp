@@ -22,8 +22,8 @@ TEST_F(StartUp, TheFirstCategoryIsSelectedAndLoaded)
     const auto selected = lstCategory().currentRow();
     ASSERT_EQ(selected, 0U);
     EXPECT_EQ(main->caption(), L"Vandrel - " + lstCategory().text(0));
-    EXPECT_EQ(lstCategory().image(0), openFolderImage);
-    EXPECT_EQ(lstCategory().image(1), closedFolderImage);
+    EXPECT_EQ(categoryRows().image(0), openFolderImage);
+    EXPECT_EQ(categoryRows().image(1), closedFolderImage);
     EXPECT_EQ(lstInfo().count(), lstCategory().text(0) == L"Home" ? 3U : 1U);
 }
 

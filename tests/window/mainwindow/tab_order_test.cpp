@@ -64,7 +64,7 @@ TEST_F(TabOrder, TheCategoryListGetsTheKeyboardWhenTheSearchPanelIsDisabledUnder
         clickCategory(L"Work");
         ASSERT_TRUE(pumpUntil([&] { return main->searchPanel().enabled(); }));
         control->setFocus();
-        lstInfo().clear();
+        siteRows().clear();
         ASSERT_TRUE(pumpUntil([&] { return !main->searchPanel().enabled(); }));
         EXPECT_EQ(focus(), "categories");
     }

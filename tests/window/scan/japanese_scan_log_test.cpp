@@ -24,7 +24,7 @@ TEST_F(JapaneseScanLog, KeepsLettersWhoseSecondByteLooksLikeAnother)
 TEST_F(JapaneseScanLog, ALooseFirstByteAtTheEndOfANameStays)
 {
     begin({{L"A", at(L"/ok")}});
-    lstInfo().setText(0, 0, L"A\xDC83");
+    siteRows().setText(0, 0, L"A\xDC83");
     scanAll();
     EXPECT_EQ(log(), "A\x83 - " + narrow(at(L"/ok")) + " - Success\r\n");
 }

@@ -219,7 +219,7 @@ TEST_F(ScanAll, ABarThatStayedIsHiddenByTheNextScan)
 {
     begin({{L"A", dead}});
     scanAllAndTold(L"Check Internet Connection", allUnavailable);
-    lstInfo().setText(0, 1, at(L"/ok"));
+    siteRows().setText(0, 1, at(L"/ok"));
     scanAll();
     EXPECT_FALSE(PB().visible());
     EXPECT_EQ(panel(1), L"Scan complete.");
@@ -305,7 +305,7 @@ TEST_F(ScanAll, AnEmptyCategoryIsComplete)
 TEST_F(ScanAll, ARedXOfAnEarlierScanIsTakenAwayBeforeTheCheckAndNotEarlier)
 {
     begin({{L"A", at(L"/held?1")}, {L"B", at(L"/held?2")}});
-    lstInfo().setAllImages(deadSiteImage);
+    siteRows().setAllImages(deadSiteImage);
     Meanwhile first([&] { return server.held() == 1 && server.requests().size() == 1; },
                     [&] {
                         EXPECT_EQ(images(), (Images{1, 5}));

@@ -57,13 +57,13 @@ TEST_F(ScanDisturbed, ASiteThatIsRemovedIsCheckedAndMarksNoOther)
     begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/held?4")}, {L"C", dead}});
     Meanwhile first([&] { return server.held() == 1 && server.requests().size() == 2; },
                     [&] {
-                        lstInfo().remove(2);
+                        siteRows().remove(2);
                         server.letGo();
                     });
     Meanwhile second([&] { return server.held() == 1 && server.requests().size() == 3; },
                      [&] {
                          EXPECT_EQ(images(), (Images{1, 1, 1, 1})) << "one that has its texts is another";
-                         lstInfo().setText(3, 1, at(L"/ok?5"));
+                         siteRows().setText(3, 1, at(L"/ok?5"));
                          server.letGo();
                      });
     scanAllAndTold(L"Unavailable Site", oneUnavailable);
@@ -76,9 +76,9 @@ TEST_F(ScanDisturbed, ASiteThatIsRemovedIsCheckedAndMarksNoOther)
 TEST_F(ScanDisturbed, TheOneThatIsCheckedAndRemovedIsLoggedAndMarksNoOther)
 {
     begin({{L"A", at(L"/ok")}, {L"B", at(L"/held")}, {L"C", dead}});
-    lstInfo().setImage(2, deadSiteImage);
+    siteRows().setImage(2, deadSiteImage);
     Meanwhile meanwhile(isHeld(), [&] {
-        lstInfo().remove(1);
+        siteRows().remove(1);
         EXPECT_EQ(images(), (Images{1, 5}));
         server.letGo();
     });
@@ -98,7 +98,7 @@ TEST_F(ScanDisturbed, OneThatFailsAfterItWasRemovedMarksNoOther)
         told(state);
     };
     Meanwhile meanwhile(isHeld(), [&] {
-        lstInfo().remove(1);
+        siteRows().remove(1);
         server.letGo();
     });
     scanAllAndTold(L"Unavailable Site", oneUnavailable);
@@ -110,7 +110,7 @@ TEST_F(ScanDisturbed, OneThatFailsAfterItWasRemovedMarksNoOther)
 TEST_F(ScanDisturbed, AllSitesMayBeRemoved)
 {
     beginWithFour();
-    scanAllAnd([&] { lstInfo().clear(); });
+    scanAllAnd([&] { siteRows().clear(); });
     EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_EQ(panel(1), L"Scan complete.");
     EXPECT_EQ(panel(2), L"D");
@@ -121,9 +121,9 @@ TEST_F(ScanDisturbed, OneThatIsEditedIsLoggedAsItWasWhenItsCheckBegan)
 {
     beginWithFour();
     scanAllAnd([&] {
-        lstInfo().setText(1, 0, L"Other");
-        lstInfo().setText(1, 1, dead);
-        lstInfo().setText(2, 0, L"Changed");
+        siteRows().setText(1, 0, L"Other");
+        siteRows().setText(1, 1, dead);
+        siteRows().setText(2, 0, L"Changed");
     });
     EXPECT_EQ(log(), firstTwo() + success(L"Changed", at(L"/ok?3")) + success(L"D", at(L"/ok?4")));
     EXPECT_EQ(images(), (Images{1, 1, 1, 1}));
@@ -133,8 +133,8 @@ TEST_F(ScanDisturbed, ASiteThatIsAddedIsNotChecked)
 {
     beginWithFour();
     scanAllAnd([&] {
-        lstInfo().insert(0, {L"New", dead, L"", L""}, siteImage);
-        lstInfo().add({L"Last", dead, L"", L""}, siteImage);
+        siteRows().insert(0, {L"New", dead, L"", L""}, siteImage);
+        siteRows().add({L"Last", dead, L"", L""}, siteImage);
     });
     EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_EQ(images(), (Images{1, 1, 1, 1, 1, 1}));
@@ -144,8 +144,8 @@ TEST_F(ScanDisturbed, OneThatIsAddedInPlaceOfOneThatIsGoneIsNotTakenForIt)
 {
     beginWithFour();
     scanAllAnd([&] {
-        lstInfo().remove(2);
-        lstInfo().insert(2, {L"New", dead, L"", L""}, deadSiteImage);
+        siteRows().remove(2);
+        siteRows().insert(2, {L"New", dead, L"", L""}, deadSiteImage);
     });
     EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
@@ -173,8 +173,8 @@ TEST_F(ScanDisturbed, WithAnotherCategoryEverySiteIsCheckedAndNoneOfTheOthersIsM
     beginWithADeadOne();
     scanAllOfADeadOneAnd([&] {
         clickCategory(L"Other");
-        lstInfo().setImage(0, deadSiteImage);
-        lstInfo().setImage(3, deadSiteImage);
+        siteRows().setImage(0, deadSiteImage);
+        siteRows().setImage(3, deadSiteImage);
     });
     EXPECT_EQ(images(), (Images{5, 1, 1, 5})) << "sites of the same texts, in another category";
     EXPECT_EQ(panel(1), L"Scan complete.");
@@ -187,7 +187,7 @@ TEST_F(ScanDisturbed, TheSameCategoryReadAgainHasItsSitesAndTheirMarks)
     beginWithADeadOne();
     scanAllOfADeadOneAnd([&] {
         clickCategory(L"Links");
-        lstInfo().setImage(3, deadSiteImage); // of which a check takes it away
+        siteRows().setImage(3, deadSiteImage); // of which a check takes it away
     });
     EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
 }
@@ -221,7 +221,7 @@ TEST_F(ScanDisturbed, OfACategoryThatWasRenamedTheSitesAreStillTheSame)
     beginWithADeadOne();
     scanAllOfADeadOneAnd([&] {
         MoveFileW(folder.file(L"Links.udb").c_str(), folder.file(L"Renamed.udb").c_str());
-        lstCategory().setText(0, 0, L"Renamed");
+        categoryRows().setText(0, 0, L"Renamed");
         clickCategory(L"Renamed");
     });
     EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
@@ -275,7 +275,7 @@ TEST_F(ScanDisturbed, NoSecondScanBegins)
     });
     EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_EQ(server.requests().size(), 4U);
-    lstInfo().setText(1, 1, at(L"/ok?2"));
+    siteRows().setText(1, 1, at(L"/ok?2"));
     scanAll();
     EXPECT_EQ(server.requests().size(), 8U) << "afterwards one does";
 }
@@ -320,7 +320,7 @@ TEST_F(ScanDisturbed, AnUpdateCheckIsRefusedAndDoesNotDisturbTheScan)
 TEST_F(ScanDisturbed, DuringAnUpdateCheckNoScanBegins)
 {
     begin({{L"A", at(L"/ok")}, {L"B", dead}});
-    lstInfo().setImage(0, deadSiteImage);
+    siteRows().setImage(0, deadSiteImage);
     std::vector<int> errors;
     Meanwhile meanwhile(isHeld(), [&] {
         for (const int entry : {mnuScanAllURLs, mnuScanSelected})
@@ -363,7 +363,7 @@ TEST_F(ScanDisturbed, ASaveMeanwhileSavesTheListAsItIs)
     beginWithFour();
     const std::string before = folder.read(L"Links.udb");
     scanAllAnd([&] {
-        lstInfo().remove(3);
+        siteRows().remove(3);
         SaveItems(workspace());
     });
     EXPECT_EQ(folder.read(L"Links.udb"), before.substr(0, before.find("D|")));
@@ -375,7 +375,7 @@ TEST_F(ScanDisturbed, OfTheSelectedTheOnesThatAreGoneAreCheckedAndMarkNoOther)
 {
     begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
     selectSites({1, 2});
-    scanSelectedAnd([&] { lstInfo().remove(2); });
+    scanSelectedAnd([&] { siteRows().remove(2); });
     EXPECT_EQ(log(), success(L"B", at(L"/held")) + failed(L"C", dead));
     EXPECT_EQ(images(), (Images{1, 1, 1}));
 }
@@ -387,7 +387,7 @@ TEST_F(ScanDisturbed, WithAnotherCategoryTheSelectedAreCheckedAndNoneOfTheOthers
     selectSites({1, 3});
     scanSelectedAnd([&] {
         clickCategory(L"Other");
-        lstInfo().setAllImages(deadSiteImage);
+        siteRows().setAllImages(deadSiteImage);
         lstInfo().selectAll();
     });
     EXPECT_EQ(log(), success(L"B", at(L"/held")) + success(L"D", at(L"/ok?4")));
@@ -422,7 +422,7 @@ TEST_F(ScanDisturbed, ACheckWhoseCategoryIsGoneMarksNoSiteOfTheNext)
     begin({{L"A", at(L"/held")}});
     scanSelectedAnd([&] {
         clickCategory(L"Other");
-        lstInfo().setImage(0, deadSiteImage);
+        siteRows().setImage(0, deadSiteImage);
         lstInfo().select(0);
     });
     EXPECT_EQ(log(), success(L"A", at(L"/held")));
@@ -441,7 +441,7 @@ TEST_F(ScanDisturbed, WithoutSitesAnyMoreNothingIsMarked)
 {
     beginWithFour();
     lstInfo().selectAll();
-    scanSelectedAnd([&] { lstInfo().clear(); });
+    scanSelectedAnd([&] { siteRows().clear(); });
     EXPECT_EQ(log(), firstTwo() + lastTwo());
     EXPECT_FALSE(PB().visible());
 }

@@ -64,7 +64,7 @@ TEST_F(ScanLog, IsClosedAfterEveryScan)
     {
         const HeldFile alone(folder.file(L"scanned.log"));
     }
-    lstInfo().setText(0, 1, dead);
+    siteRows().setText(0, 1, dead);
     scanAllAndTold(L"Check Internet Connection", allUnavailable);
     EXPECT_NE(DeleteFileW(folder.file(L"scanned.log").c_str()), 0);
 }
@@ -87,7 +87,7 @@ TEST_F(ScanLog, IsWrittenInTheAnsiCodePage)
     folder.write(L"Links.udb",
                  "Caf\xE9 \x80|http://nowhere.invalid/\xFC||\r\nB|" + narrow(at(L"/ok")) + "||\r\n");
     start();
-    lstInfo().setText(1, 0, L"B \u65E5");
+    siteRows().setText(1, 0, L"B \u65E5");
     Answers answers;
     answers.expectBox(L"Unavailable Site", oneUnavailable, IDOK, MB_ICONASTERISK);
     main->run(mnuScanAllURLs);
@@ -127,7 +127,7 @@ TEST_F(ScanLog, IsNoCategory)
 TEST_F(ScanLog, ThatIsAFolderEndsEitherCommandBeforeItBegins)
 {
     begin({{L"A", at(L"/ok")}});
-    lstInfo().setImage(0, deadSiteImage);
+    siteRows().setImage(0, deadSiteImage);
     makeFolder(L"scanned.log");
     expectItFails(mnuScanAllURLs, 75, L"Path/File access error");
     expectItFails(mnuScanSelected, 75, L"Path/File access error");
@@ -139,7 +139,7 @@ TEST_F(ScanLog, ThatAnotherProgramHoldsEndsEitherCommandBeforeItBegins)
 {
     folder.write(L"scanned.log", "before\r\n");
     begin({{L"A", at(L"/ok")}});
-    lstInfo().setImage(0, deadSiteImage);
+    siteRows().setImage(0, deadSiteImage);
     HeldFile held(folder.file(L"scanned.log"));
     expectItFails(mnuScanAllURLs, 70, L"Permission denied");
     expectItFails(mnuScanSelected, 70, L"Permission denied");

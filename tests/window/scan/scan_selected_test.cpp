@@ -35,7 +35,7 @@ TEST_F(ScanSelected, OneSiteGetsItsMark)
 TEST_F(ScanSelected, OneSiteLosesItsMark)
 {
     beginWithFour();
-    lstInfo().setAllImages(deadSiteImage);
+    siteRows().setAllImages(deadSiteImage);
     lstInfo().select(2);
     scanSelected();
     EXPECT_EQ(images(), (Images{5, 5, 1, 5}));
@@ -44,7 +44,7 @@ TEST_F(ScanSelected, OneSiteLosesItsMark)
 TEST_F(ScanSelected, TheMarkOfAnEarlierScanStaysDuringTheCheck)
 {
     begin({{L"A", at(L"/held")}});
-    lstInfo().setImage(0, deadSiteImage);
+    siteRows().setImage(0, deadSiteImage);
     Meanwhile meanwhile(isHeld(), [&] {
         EXPECT_EQ(images(), Images{5});
         server.letGo();
@@ -90,7 +90,7 @@ TEST_F(ScanSelected, EachResultIsShownThereInItsTurn)
 TEST_F(ScanSelected, WithNothingSelectedTheLogIsOpenedAndNothingElseHappens)
 {
     beginWithFour();
-    lstInfo().setAllImages(deadSiteImage);
+    siteRows().setAllImages(deadSiteImage);
     lstInfo().clearSelection();
     scanSelected();
     EXPECT_EQ(log(), "");

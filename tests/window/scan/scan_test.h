@@ -69,7 +69,7 @@ class ScanTest : public StoreTest {
     Images images()
     {
         Images all;
-        for (std::size_t row = 0; row < lstInfo().count(); ++row) all.push_back(lstInfo().image(row));
+        for (std::size_t row = 0; row < lstInfo().count(); ++row) all.push_back(siteRows().image(row));
         return all;
     }
     // Panels count from 1.

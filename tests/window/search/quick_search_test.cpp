@@ -277,7 +277,7 @@ TEST_F(QuickSearch, RemembersAnyNumberOfTerms)
     for (int i = 0; i < 150; ++i) {
         lstInfo().select(0);
         expected.push_back(std::wstring(static_cast<std::size_t>(i % 2 + 1), L'a') + std::to_wstring(i));
-        lstInfo().setText(1, 0, expected.back());
+        siteRows().setText(1, 0, expected.back());
         search(expected.back());
     }
     EXPECT_EQ(history(), expected);

@@ -12,7 +12,7 @@ class SearchDisturbed : public SearchOfThreeTest {
     {
         DeleteFileW(folder.file(title + L".udb").c_str());
         const Lines all = titles();
-        lstCategory().remove(static_cast<std::size_t>(std::ranges::find(all, title) - all.begin()));
+        categoryRows().remove(static_cast<std::size_t>(std::ranges::find(all, title) - all.begin()));
     }
     // How many of the results come from a category.
     std::ptrdiff_t foundFrom(const std::wstring& title) { return std::ranges::count(found(2), title); }
@@ -48,7 +48,7 @@ TEST_F(SearchDisturbed, TheOneThatIsSearchedAndRemovedIsSearchedToItsEnd)
     const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         remove(L"A");
-        lstInfo().clear();
+        siteRows().clear();
     });
     find(L"");
     EXPECT_EQ(foundFrom(L"A"), 12);
@@ -76,7 +76,7 @@ TEST_F(SearchDisturbed, ACategoryThatIsAddedIsNotSearchedAndHidesNone)
     const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         folder.write(L"New.udb", manySites("n", 9));
-        lstCategory().insert(0, {L"New"}, closedFolderImage);
+        categoryRows().insert(0, {L"New"}, closedFolderImage);
     });
     find(L"");
     EXPECT_EQ(foundFrom(L"New"), 0);
@@ -147,7 +147,7 @@ TEST_F(SearchDisturbed, ASiteThatIsAddedGoesToTheShownCategoryAlone)
     const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         ASSERT_EQ(selectedTitle(), L"A");
-        lstInfo().add({L"added", L"http://added.example/", L"", L"1/1/2003"}, siteImage);
+        siteRows().add({L"added", L"http://added.example/", L"", L"1/1/2003"}, siteImage);
         SaveItems(workspace());
     });
     find(L"");
@@ -162,7 +162,7 @@ TEST_F(SearchDisturbed, SitesThatAreRemovedMeanwhileDisturbNothing)
 {
     const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
-        for (int i = 0; i < 6; ++i) lstInfo().remove(5);
+        for (int i = 0; i < 6; ++i) siteRows().remove(5);
         SaveItems(workspace());
     });
     find(L"");

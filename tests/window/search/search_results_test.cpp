@@ -157,7 +157,7 @@ TEST_F(SearchResults, TheCategoryShownBeforeIsShownAgain)
     EXPECT_EQ(column(lstInfo()), (Lines{L"Compiler", L"daily diary"}));
     EXPECT_EQ(windowText(main->handle()), L"Vandrel - Tools");
     for (std::size_t row = 0; row < titles().size(); ++row)
-        EXPECT_EQ(lstCategory().image(row), titles()[row] == L"Tools" ? openFolderImage : closedFolderImage);
+        EXPECT_EQ(categoryRows().image(row), titles()[row] == L"Tools" ? openFolderImage : closedFolderImage);
 }
 
 TEST_F(SearchResults, WithNoCategoryShownBeforeTheFirstIs)

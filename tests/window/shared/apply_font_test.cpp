@@ -23,7 +23,8 @@ struct TestForm : Form {
     Label label{window.handle(), L"label"};
     TextBox box{window.handle(), 1};
     Button button{window.handle(), 2, L"button"};
-    ListView list{window.handle(), 3, ListView::Selection::many, false, {{L"Column", Twips{1000}}}};
+    RowTable rows;
+    ListView list{window.handle(), 3, ListView::Selection::many, false, {{L"Column", Twips{1000}}}, rows};
     int changes = 0;
     int sizeWhenTold = 0;
     int lastSizeWhenTold = 0;

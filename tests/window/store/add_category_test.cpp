@@ -20,7 +20,7 @@ TEST_F(AddingACategory, MakesAnEmptyFileAndAnItemWithTheClosedFolder)
     start();
     add(L"Play");
     EXPECT_EQ(titles(), (Lines{L"Work", L"Play"}));
-    EXPECT_EQ(lstCategory().image(1), 3);
+    EXPECT_EQ(categoryRows().image(1), 3);
     ASSERT_TRUE(folder.has(L"Play.udb"));
     EXPECT_EQ(folder.read(L"Play.udb"), "");
     EXPECT_EQ(folder.names(), (Lines{L"Play.udb", L"Work.udb"}));
@@ -34,7 +34,7 @@ TEST_F(AddingACategory, SelectsNothingAndLeavesTheSitesOfThePreviousOne)
     EXPECT_EQ(selectedTitle(), L"Work");
     EXPECT_EQ(sites(), Lines{L"A|a||"});
     EXPECT_EQ(main->caption(), L"Vandrel - Work");
-    EXPECT_EQ(lstCategory().image(0), 4);
+    EXPECT_EQ(categoryRows().image(0), 4);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Play.udb"), "");
     EXPECT_EQ(folder.read(L"Work.udb"), "A|a||\r\n");
@@ -247,7 +247,7 @@ TEST_F(AddingACategory, TheNameOfADeviceIsATitleLikeAnyOther)
     start();
     add(L"CON");
     clickCategory(L"CON");
-    lstInfo().add({L"A", L"a", L"", L"1"}, siteImage);
+    siteRows().add({L"A", L"a", L"", L"1"}, siteImage);
     SaveItems(workspace());
     clickCategory(L"CON");
     EXPECT_EQ(sites(), Lines{L"A|a||1"});
@@ -262,7 +262,7 @@ TEST_F(AddingACategory, ANewOneOpensEmptyAndTakesSites)
     add(L"Play");
     clickCategory(L"Play");
     EXPECT_TRUE(lstInfo().empty());
-    lstInfo().add({L"B", L"b", L"", L"1"}, siteImage);
+    siteRows().add({L"B", L"b", L"", L"1"}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Play.udb"), "B|b||1\r\n");
 }
@@ -276,7 +276,7 @@ TEST_F(AddingACategory, EmptyingTheOneThatCouldNotBeReadMakesItSavableAgain)
         clickCategory(L"Work");
     }
     add(L"Work");
-    lstInfo().add({L"B", L"b", L"", L"1"}, siteImage);
+    siteRows().add({L"B", L"b", L"", L"1"}, siteImage);
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 0);
     EXPECT_EQ(folder.read(L"Work.udb"), "B|b||1\r\n");
 }

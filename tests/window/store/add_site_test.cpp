@@ -25,7 +25,7 @@ TEST_F(AddingASite, DatesItTodayAndWritesTheFileInUrlOrder)
     EXPECT_EQ(folder.read(L"Work.udb"),
               "Z|http://a/|one|12/31/2002\r\nB|http://b/|two|1/1/2001\r\nC|http://c/|three|1/1/2001\r\n");
     EXPECT_EQ(sites().front(), L"Z|http://a/|one|12/31/2002");
-    EXPECT_EQ(lstInfo().image(0), 1);
+    EXPECT_EQ(siteRows().image(0), 1);
 }
 
 TEST_F(AddingASite, SwitchesSortingOnByUrlWhateverColumnWasSortedBefore)
@@ -35,9 +35,9 @@ TEST_F(AddingASite, SwitchesSortingOnByUrlWhateverColumnWasSortedBefore)
     lstInfo().ColumnClick(0);
     lstInfo().ColumnClick(0); // ascending by name
     add(L"C", L"1", L"");
-    EXPECT_TRUE(lstInfo().sorted());
-    EXPECT_EQ(lstInfo().sortKey(), 1U);
-    EXPECT_EQ(lstInfo().sortOrder(), SortOrder::ascending);
+    EXPECT_TRUE(siteRows().sorted());
+    EXPECT_EQ(siteRows().sortKey(), 1U);
+    EXPECT_EQ(siteRows().sortOrder(), SortOrder::ascending);
     EXPECT_EQ(column(lstInfo()), (Lines{L"C", L"B", L"A"}));
 }
 
@@ -47,7 +47,7 @@ TEST_F(AddingASite, KeepsADescendingOrder)
     start();
     lstInfo().ColumnClick(0); // descending
     add(L"C", L"2", L"");
-    EXPECT_EQ(lstInfo().sortOrder(), SortOrder::descending);
+    EXPECT_EQ(siteRows().sortOrder(), SortOrder::descending);
     EXPECT_EQ(folder.read(L"Work.udb"), "A|3||\r\nC|2||11/16/2002\r\nB|1||\r\n");
 }
 
@@ -71,7 +71,7 @@ TEST_F(AddingASite, CancelChangesNothing)
     choose(mnuAddWebsite);
     EXPECT_ANSWERED(answers);
     EXPECT_EQ(sites(), (Lines{L"B|2||", L"A|1||"}));
-    EXPECT_FALSE(lstInfo().sorted());
+    EXPECT_FALSE(siteRows().sorted());
     EXPECT_EQ(folder.read(L"Work.udb"), "B|2||\r\nA|1||\r\n");
     EXPECT_FALSE(workspace().site.SiteDialogCancelled) << "the mark of the cancelled editor is taken back";
     EXPECT_EQ(workspace().site.newSiteName, L"");

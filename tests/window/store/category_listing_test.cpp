@@ -91,9 +91,9 @@ TEST_F(CategoryListing, TheFirstCategoryIsOpenAndTheOthersAreClosed)
     start();
     EXPECT_EQ(lstCategory().currentRow(), std::optional<std::size_t>(0));
     EXPECT_EQ(lstInfo().count(), 1U);
-    EXPECT_EQ(lstCategory().image(0), 4);
-    EXPECT_EQ(lstCategory().image(1), 3);
-    EXPECT_EQ(lstCategory().image(2), 3);
+    EXPECT_EQ(categoryRows().image(0), 4);
+    EXPECT_EQ(categoryRows().image(1), 3);
+    EXPECT_EQ(categoryRows().image(2), 3);
 }
 
 TEST_F(CategoryListing, AnEmptyFolderGivesEmptyLists)

@@ -66,10 +66,10 @@ TEST_F(CategoryReading, EverySiteHasTheSitePictureAndADeadMarkIsGone)
 {
     folder.write(L"Work.udb", "A|B\r\nC|D\r\n");
     start();
-    lstInfo().setImage(1, deadSiteImage);
+    siteRows().setImage(1, deadSiteImage);
     clickCategory(L"Work");
-    EXPECT_EQ(lstInfo().image(0), 1);
-    EXPECT_EQ(lstInfo().image(1), 1);
+    EXPECT_EQ(siteRows().image(0), 1);
+    EXPECT_EQ(siteRows().image(1), 1);
 }
 
 TEST_F(CategoryReading, TheSelectedCategoryAloneShowsTheOpenFolder)
@@ -77,12 +77,12 @@ TEST_F(CategoryReading, TheSelectedCategoryAloneShowsTheOpenFolder)
     for (const wchar_t* const name : {L"A.udb", L"B.udb", L"C.udb"}) folder.write(name, "");
     start();
     clickCategory(L"C");
-    EXPECT_EQ(lstCategory().image(0), 3);
-    EXPECT_EQ(lstCategory().image(1), 3);
-    EXPECT_EQ(lstCategory().image(2), 4);
+    EXPECT_EQ(categoryRows().image(0), 3);
+    EXPECT_EQ(categoryRows().image(1), 3);
+    EXPECT_EQ(categoryRows().image(2), 4);
     clickCategory(L"B");
-    EXPECT_EQ(lstCategory().image(1), 4);
-    EXPECT_EQ(lstCategory().image(2), 3);
+    EXPECT_EQ(categoryRows().image(1), 4);
+    EXPECT_EQ(categoryRows().image(2), 3);
 }
 
 TEST_F(CategoryReading, AnArrowKeyOpensTheNextCategory)
@@ -104,9 +104,9 @@ TEST_F(CategoryReading, TheSitesStandInTheOrderOfTheFileThoughAHeaderWasClickedB
     EXPECT_EQ(column(lstInfo()), (Lines{L"2", L"1"}));
     clickCategory(L"B");
     EXPECT_EQ(column(lstInfo()), (Lines{L"2", L"3", L"1"}));
-    EXPECT_FALSE(lstInfo().sorted());
-    EXPECT_EQ(lstInfo().sortKey(), 0U);
-    EXPECT_EQ(lstInfo().sortOrder(), SortOrder::descending);
+    EXPECT_FALSE(siteRows().sorted());
+    EXPECT_EQ(siteRows().sortKey(), 0U);
+    EXPECT_EQ(siteRows().sortOrder(), SortOrder::descending);
 }
 
 TEST_F(CategoryReading, TheStatusBarKeepsTheLastSiteWhenNoneIsSelected)
@@ -150,7 +150,7 @@ TEST_F(CategoryReading, AFileThatVanishedGivesAnEmptyListAndNoMessage)
     EXPECT_EQ(errorOf([&] { clickCategory(L"B"); }), 0);
     EXPECT_TRUE(lstInfo().empty());
     EXPECT_EQ(main->caption(), L"Vandrel - B");
-    EXPECT_EQ(lstCategory().image(1), 4);
+    EXPECT_EQ(categoryRows().image(1), 4);
     EXPECT_EQ(titles(), (Lines{L"A", L"B"}));
 }
 
@@ -198,7 +198,7 @@ TEST_F(CategoryReading, OfAFolderThatHasGoneIsNotAnEmptyCategory)
     clickCategory(L"Zoo");
     EXPECT_TRUE(lstInfo().empty());
     ASSERT_TRUE(MoveFileW(away.c_str(), folder.path().c_str()));
-    workspace().lstInfo.add({L"new", L"n", L"", L""}, siteImage);
+    workspace().shown.sites.add({L"new", L"n", L"", L""}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Zoo.udb"), "Z|z||\r\nnew|n||\r\n");
 }
@@ -210,7 +210,7 @@ TEST_F(CategoryReading, OfAMissingFileInAFolderThatIsThereIsAnEmptyCategory)
     start();
     DeleteFileW(folder.file(L"Zoo.udb").c_str());
     clickCategory(L"Zoo");
-    lstInfo().add({L"new", L"n", L"", L""}, siteImage);
+    siteRows().add({L"new", L"n", L"", L""}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Zoo.udb"), "new|n||\r\n");
 }

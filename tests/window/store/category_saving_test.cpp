@@ -9,8 +9,8 @@ TEST_F(SavingACategory, WritesEachSiteAsOneLineOfFourFields)
 {
     folder.write(L"Work.udb", "A|a\r\n");
     start();
-    lstInfo().add({L"B", L"http://b/", L"two words", L"1/2/2003"}, siteImage);
-    lstInfo().add({L"", L"", L"", L""}, siteImage);
+    siteRows().add({L"B", L"http://b/", L"two words", L"1/2/2003"}, siteImage);
+    siteRows().add({L"", L"", L"", L""}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), "A|a||\r\nB|http://b/|two words|1/2/2003\r\n|||\r\n");
 }
@@ -19,7 +19,7 @@ TEST_F(SavingACategory, WritesAnEmptyFileForAnEmptyList)
 {
     folder.write(L"Work.udb", "A|a\r\n");
     start();
-    lstInfo().clear();
+    siteRows().clear();
     SaveItems(workspace());
     EXPECT_TRUE(folder.has(L"Work.udb"));
     EXPECT_EQ(folder.read(L"Work.udb"), "");
@@ -62,7 +62,7 @@ TEST_F(SavingACategory, ASeparatorInADescriptionMakesAFifthPieceAndTheDateIsLost
 {
     folder.write(L"Work.udb", "A|http://a/|x|11/16/2002\r\n");
     start();
-    lstInfo().setText(0, 2, L"a|b");
+    siteRows().setText(0, 2, L"a|b");
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), "A|http://a/|a|b|11/16/2002\r\n");
     clickCategory(L"Work");
@@ -75,7 +75,7 @@ TEST_F(SavingACategory, TheDeadMarkOfASiteIsNotKept)
     const std::string bytes = "A|a|x|1\r\nB|b|y|2\r\n";
     folder.write(L"Work.udb", bytes);
     start();
-    lstInfo().setImage(0, deadSiteImage);
+    siteRows().setImage(0, deadSiteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), bytes);
 }
@@ -86,7 +86,7 @@ TEST_F(SavingACategory, LettersOutsideTheCodePageBecomeQuestionMarksAndNeverASep
     folder.write(L"Work.udb", "");
     start();
     // A Polish letter, the full-width bar that a best fit would turn into "|", and letters that the page has.
-    lstInfo().add({L"\u0141\u00F3d\u017A", L"a\uFF5Cb", L"\u20AC \u00FC", L"1"}, siteImage);
+    siteRows().add({L"\u0141\u00F3d\u017A", L"a\uFF5Cb", L"\u20AC \u00FC", L"1"}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), "?\xF3"
                                         "d?|a?b|\x80 \xFC|1\r\n");
@@ -116,7 +116,7 @@ TEST_F(SavingACategory, MakesAFileAgainThatHadVanishedWhenItWasClicked)
     start();
     DeleteFileW(folder.file(L"Work.udb").c_str());
     clickCategory(L"Work");
-    lstInfo().add({L"B", L"b", L"", L"2"}, siteImage);
+    siteRows().add({L"B", L"b", L"", L"2"}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), "B|b||2\r\n");
 }
@@ -134,7 +134,7 @@ TEST_F(SavingACategory, WithoutAShownCategoryTheFirstOneIsReadAndKeepsItsSites)
     folder.write(L"Work.udb", "A|a\r\n");
     start();
     showNoCategory(workspace());
-    lstInfo().add({L"B", L"b", L"", L""}, siteImage);
+    siteRows().add({L"B", L"b", L"", L""}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), "A|a||\r\nB|b||\r\n");
     EXPECT_EQ(selectedTitle(), L"Work");
@@ -144,7 +144,7 @@ TEST_F(SavingACategory, ATitleOutsideTheCodePageIsSaved)
 {
     folder.write(L"Ksi\u0105\u017Cki.udb", "A|a|x|1\r\n");
     start();
-    lstInfo().setText(0, 2, L"y");
+    siteRows().setText(0, 2, L"y");
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Ksi\u0105\u017Cki.udb"), "A|a|y|1\r\n");
     EXPECT_EQ(folder.names(), Lines{L"Ksi\u0105\u017Cki.udb"});
@@ -156,7 +156,7 @@ TEST_F(SavingACategory, TheLongestTitleThatAFileCanHaveIsSaved)
     folder.write(title + L".udb", "A|a|x|1\r\n");
     start();
     ASSERT_EQ(titles(), Lines{title});
-    lstInfo().setText(0, 2, L"y");
+    siteRows().setText(0, 2, L"y");
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 0);
     EXPECT_EQ(folder.read(title + L".udb"), "A|a|y|1\r\n");
     EXPECT_EQ(folder.names(), Lines{title + L".udb"});

@@ -45,7 +45,7 @@ TEST_F(LongPath, CategoriesAreListedReadAndSaved)
     EXPECT_EQ(titles(), Lines{L"Far"});
     clickCategory(L"Far");
     EXPECT_EQ(sites(), Lines{L"A|http://a/|x|1"});
-    lstInfo().setText(0, 2, L"kept");
+    siteRows().setText(0, 2, L"kept");
     SaveItems(workspace());
     clickCategory(L"Far");
     EXPECT_EQ(sites(), Lines{L"A|http://a/|kept|1"});

@@ -98,10 +98,10 @@ TEST_F(MoveToSubmenu, IsBuiltShorterWhenCategoriesHaveGone)
 {
     for (const wchar_t* const name : {L"a.udb", L"b.udb", L"c.udb"}) folder.write(name, "");
     start();
-    lstCategory().remove(1);
+    categoryRows().remove(1);
     DoMoveMenus(workspace());
     EXPECT_EQ(shown(), (Lines{L"a", L"c"}));
-    lstCategory().clear();
+    categoryRows().clear();
     DoMoveMenus(workspace());
     EXPECT_EQ(shown(), Lines{L""});
     EXPECT_FALSE(usable(0));
@@ -111,11 +111,11 @@ TEST_F(MoveToSubmenu, HoldsAThousandCategories)
 {
     start();
     const auto name = std::make_shared<const std::wstring>(1000, L'x');
-    std::vector<ListRows::Row> rows;
+    std::vector<RowTable::Row> rows;
     for (std::size_t length = 1; length <= 1000; ++length) {
         rows.push_back({{std::wstring_view(*name).substr(0, length % 200)}, closedFolderImage});
     }
-    lstCategory().fill(name, std::move(rows));
+    categoryRows().fill(name, std::move(rows));
     DoMoveMenus(workspace());
     EXPECT_EQ(shown(), titles());
 }

@@ -48,10 +48,10 @@ TEST_F(MovingASite, TheTargetIsSelectedAndOpenAfterwards)
     moveTo(L"To");
     EXPECT_EQ(selectedTitle(), L"To");
     EXPECT_EQ(main->caption(), L"Vandrel - To");
-    EXPECT_EQ(lstCategory().image(0), 3);
-    EXPECT_EQ(lstCategory().image(1), 4);
+    EXPECT_EQ(categoryRows().image(0), 3);
+    EXPECT_EQ(categoryRows().image(1), 4);
     EXPECT_EQ(sites(), (Lines{L"9|q|r|9/9/2009", L"2|b|y|"}));
-    EXPECT_EQ(lstInfo().image(1), 1);
+    EXPECT_EQ(siteRows().image(1), 1);
 }
 
 TEST_F(MovingASite, OfSeveralSelectedSitesTheCurrentOneAloneMoves)
@@ -73,7 +73,7 @@ TEST_F(MovingASite, WithoutASelectedSiteNothingHappens)
 TEST_F(MovingASite, OfTwoCategoriesWithOneTitleTheFirstGetsIt)
 {
     startWithTwoCategories();
-    lstCategory().add({L"To"}, closedFolderImage);
+    categoryRows().add({L"To"}, closedFolderImage);
     selectSites({1});
     workspace().mnuMove.load();
     workspace().mnuMove.setCaption(2, L"To");
@@ -85,8 +85,8 @@ TEST_F(MovingASite, OfTwoCategoriesWithOneTitleTheFirstGetsIt)
 TEST_F(MovingASite, TitlesAreComparedToTheLetter)
 {
     startWithTwoCategories();
-    lstCategory().clear();
-    for (const wchar_t* const title : {L"From", L"TO", L"To"}) lstCategory().add({title}, closedFolderImage);
+    categoryRows().clear();
+    for (const wchar_t* const title : {L"From", L"TO", L"To"}) categoryRows().add({title}, closedFolderImage);
     clickCategory(L"From");
     selectSites({0});
     moveTo(L"To");
@@ -115,7 +115,7 @@ TEST_F(MovingASite, AnEntryWhoseCategoryHasGoneMovesNothing)
 {
     startWithTwoCategories();
     selectSites({0});
-    lstCategory().remove(1);
+    categoryRows().remove(1);
     moveTo(L"To");
     expectNothingMoved();
 }
@@ -230,7 +230,7 @@ TEST_F(MovingASite, ThenTheNextSaveStillHasTheSite)
 TEST_F(MovingASite, ToTheSameFileInOtherLettersLosesNothing)
 {
     startWithTwoCategories();
-    lstCategory().add({L"FROM"}, closedFolderImage);
+    categoryRows().add({L"FROM"}, closedFolderImage);
     DoMoveMenus(workspace());
     selectSites({0});
     moveTo(L"FROM");
@@ -244,7 +244,7 @@ TEST_F(MovingASite, FromACategoryThatCouldNotBeReadIsRefused)
     startWithTwoCategories();
     const HeldFile held(folder.file(L"From.udb"));
     clickCategory(L"From");
-    lstInfo().add({L"new", L"n", L"", L""}, siteImage);
+    siteRows().add({L"new", L"n", L"", L""}, siteImage);
     selectSites({0});
     Answers answers;
     expectErrorBox(answers, 70, L"Permission denied");

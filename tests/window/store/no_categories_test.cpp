@@ -42,7 +42,7 @@ TEST_F(NoCategories, TheOneThatIsMadeIsSelectedAndShownAsOpen)
     SaveItems(workspace());
     EXPECT_ANSWERED(answers);
     EXPECT_EQ(selectedTitle(), L"First");
-    EXPECT_EQ(lstCategory().image(0), 4);
+    EXPECT_EQ(categoryRows().image(0), 4);
     EXPECT_EQ(main->caption(), L"Vandrel - First");
     EXPECT_EQ(moveEntries(), Lines{L"First"});
 }

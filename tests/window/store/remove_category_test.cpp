@@ -41,8 +41,8 @@ TEST_F(RemovingACategory, SelectsNoOtherAndKeepsTheCaptionAndTheMoveToEntries)
     EXPECT_EQ(lstCategory().selectedCount(), 0U);
     EXPECT_EQ(main->caption(), L"Vandrel - B");
     EXPECT_EQ(moveEntries(), (Lines{L"A", L"B", L"C"}));
-    EXPECT_EQ(lstCategory().image(0), 3);
-    EXPECT_EQ(lstCategory().image(1), 3);
+    EXPECT_EQ(categoryRows().image(0), 3);
+    EXPECT_EQ(categoryRows().image(1), 3);
 }
 
 TEST_F(RemovingACategory, NoChangesNothing)
@@ -99,8 +99,8 @@ TEST_F(RemovingACategory, TheNextOneCanBeOpenedAndSavedAsEver)
     remove(IDYES);
     clickCategory(L"C");
     EXPECT_EQ(sites(), Lines{L"c|3||"});
-    EXPECT_EQ(lstCategory().image(1), 4);
-    lstInfo().setText(0, 2, L"x");
+    EXPECT_EQ(categoryRows().image(1), 4);
+    siteRows().setText(0, 2, L"x");
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"C.udb"), "c|3|x|\r\n");
     EXPECT_EQ(folder.read(L"A.udb"), "a|1\r\n");
@@ -115,10 +115,10 @@ TEST_F(RemovingACategory, OfTwoWithOneTitleTheSelectedItemGoes)
     choose(mnuAddCategory);
     EXPECT_ANSWERED(answers);
     selectCategory(workspace(), 1);
-    const auto other = lstCategory().id(0);
+    const auto other = categoryRows().id(0);
     remove(IDYES);
     ASSERT_EQ(titles(), Lines{L"A"});
-    EXPECT_EQ(lstCategory().id(0), other);
+    EXPECT_EQ(categoryRows().id(0), other);
     EXPECT_EQ(folder.names(), Lines{});
 }
 

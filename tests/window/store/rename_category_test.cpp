@@ -52,6 +52,16 @@ TEST_F(CategoryRename, GivesTheFileAndTheItemTheNewName)
     EXPECT_EQ(folder.read(L"New.udb"), "a|1\r\n");
 }
 
+TEST_F(CategoryRename, TheTitleGoesToItsCategoryWhereverThatStandsByNow)
+{
+    startThere();
+    vandrel::CategoryRename procedure(main->workspace());
+    procedure.lstCategory_BeforeLabelEdit(0);
+    categoryRows().sortBy(0, SortOrder::descending);
+    EXPECT_TRUE(procedure.lstCategory_AfterLabelEdit(L"New"));
+    EXPECT_EQ(titles(), (Lines{L"Other", L"New"}));
+}
+
 TEST_F(CategoryRename, KeepsTheSitesTheSelectionAndTheCaption)
 {
     startThere();
@@ -72,7 +82,7 @@ TEST_F(CategoryRename, WhatIsSavedThenGoesToTheNewFile)
 {
     startThere();
     rename(L"New");
-    lstInfo().setText(0, 2, L"x");
+    siteRows().setText(0, 2, L"x");
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"New.udb"), "a|1|x|\r\n");
     EXPECT_EQ(folder.names(), (Lines{L"New.udb", L"Other.udb"}));
@@ -186,7 +196,7 @@ TEST_F(CategoryRename, BeginningToEditTheLabelIsNoClickOnTheCategory)
 TEST_F(CategoryRename, EditingTheLabelReadsNothingAnew)
 {
     startThere();
-    lstInfo().setText(0, 2, L"not saved yet");
+    siteRows().setText(0, 2, L"not saved yet");
     rename(L"New");
     EXPECT_EQ(sites(), Lines{L"a|1|not saved yet|"});
     rename(L"Newer", VK_ESCAPE);

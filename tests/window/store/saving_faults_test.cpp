@@ -17,7 +17,7 @@ class SavingFault : public StoreTest {
     {
         folder.write(L"Work.udb", before);
         start();
-        lstInfo().setText(0, 2, L"changed");
+        siteRows().setText(0, 2, L"changed");
     }
     void expectTheOldFileAndTheNewList()
     {
@@ -133,7 +133,7 @@ TEST_F(SavingFault, ACategoryThatCouldNotBeReadIsNotOverwrittenUntilItIsReadAgai
     start();
     HeldFile held(folder.file(L"Work.udb"));
     clickCategory(L"Work");
-    lstInfo().add({L"C", L"c", L"", L"3"}, siteImage);
+    siteRows().add({L"C", L"c", L"", L"3"}, siteImage);
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
     EXPECT_EQ(sites(), Lines{L"C|c||3"});
     held.release();

@@ -246,12 +246,12 @@ TEST_F(UpdateCheck, ClosingTheWindowMeanwhileEndsItSilently)
 TEST_F(UpdateCheck, ItMarksAndLogsNothing)
 {
     server.put(versionPath, bytes(runningVersion()));
-    lstInfo().add({L"A", L"http://a.example/", L"", L""}, deadSiteImage);
+    siteRows().add({L"A", L"http://a.example/", L"", L""}, deadSiteImage);
     Answers answers;
     answers.expect(L"No update available", [](HWND box) { press(box, IDOK); });
     check();
     EXPECT_ANSWERED(answers);
-    EXPECT_EQ(lstInfo().image(0), deadSiteImage);
+    EXPECT_EQ(siteRows().image(0), deadSiteImage);
     EXPECT_FALSE(folder.has(L"scanned.log"));
 }
 

@@ -185,7 +185,7 @@ TEST_F(ListClicks, TheMenuKeyStaysWithinTheListWhenTheCurrentRowIsOutOfSight)
 
 TEST_F(ListClicks, TheMenuKeyAsksForTheMenuOfAnEmptyListToo)
 {
-    sites.clear();
+    sites.rows.clear();
     PostMessageW(sites.handle(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(sites.handle()),
                  MAKELPARAM(-1, -1));
     pump();

@@ -122,27 +122,27 @@ TEST_F(ListColumns, SettingAWidthAfterADragHoldsAgainToTheLetter)
 
 TEST_F(ListColumns, NoHeadingHasAnArrowUntilTheListIsSorted)
 {
-    sites.setSortKey(1);
-    sites.setSortOrder(SortOrder::descending);
+    sites.rows.setSortKey(1);
+    sites.rows.setSortOrder(SortOrder::descending);
     EXPECT_EQ(headerFormats(), (std::vector<int>{0, 0, 0, 0}));
 }
 
 TEST_F(ListColumns, TheSortedColumnAloneHasTheArrowOfItsOrder)
 {
     fillNames(sites, {L"b", L"a"});
-    sites.sortBy(2, SortOrder::ascending);
+    sites.rows.sortBy(2, SortOrder::ascending);
     EXPECT_EQ(headerFormats(), (std::vector<int>{0, 0, HDF_SORTUP, 0}));
-    sites.setSortOrder(SortOrder::descending);
+    sites.rows.setSortOrder(SortOrder::descending);
     EXPECT_EQ(headerFormats(), (std::vector<int>{0, 0, HDF_SORTDOWN, 0}));
-    sites.setSortKey(0);
+    sites.rows.setSortKey(0);
     EXPECT_EQ(headerFormats(), (std::vector<int>{HDF_SORTDOWN, 0, 0, 0}));
-    sites.setSorted(false);
+    sites.rows.setSorted(false);
     EXPECT_EQ(headerFormats(), (std::vector<int>{0, 0, 0, 0}));
 }
 
 TEST_F(ListColumns, AFillTakesTheArrowAway)
 {
-    sites.sortBy(0, SortOrder::ascending);
+    sites.rows.sortBy(0, SortOrder::ascending);
     fillNames(sites, {L"b", L"a"});
     EXPECT_EQ(headerFormats(), (std::vector<int>{0, 0, 0, 0}));
 }

@@ -19,18 +19,18 @@ TEST_F(ListFill, EveryColumnShowsItsText)
 
 TEST_F(ListFill, TheOrderGivenIsKeptAndSortingIsOffThen)
 {
-    sites.setSorted(true);
+    sites.rows.setSorted(true);
     fillList(sites, twoSites);
-    EXPECT_FALSE(sites.sorted());
+    EXPECT_FALSE(sites.rows.sorted());
     EXPECT_EQ(shownColumn(sites), (Names{L"Zeta", L"Alpha"}));
 }
 
 TEST_F(ListFill, KeyAndOrderOfTheLastSortSurviveAFill)
 {
-    sites.sortBy(2, SortOrder::descending);
+    sites.rows.sortBy(2, SortOrder::descending);
     fillList(sites, twoSites);
-    EXPECT_EQ(sites.sortKey(), 2U);
-    EXPECT_EQ(sites.sortOrder(), SortOrder::descending);
+    EXPECT_EQ(sites.rows.sortKey(), 2U);
+    EXPECT_EQ(sites.rows.sortOrder(), SortOrder::descending);
 }
 
 TEST_F(ListFill, FillingAgainLeavesNothingOfTheOldRows)
@@ -74,10 +74,10 @@ TEST_F(ListFill, TheBlockMayBeDroppedByWhoMadeIt)
 {
     {
         auto block = std::make_shared<std::wstring>(L"NewsWork");
-        std::vector<ListRows::Row> rows(2);
+        std::vector<RowTable::Row> rows(2);
         rows[0].texts[0] = std::wstring_view(*block).substr(0, 4);
         rows[1].texts[0] = std::wstring_view(*block).substr(4);
-        sites.fill(std::move(block), std::move(rows));
+        sites.rows.fill(std::move(block), std::move(rows));
     }
     EXPECT_EQ(shownColumn(sites), (Names{L"News", L"Work"}));
 }
@@ -86,11 +86,11 @@ TEST_F(ListFill, ClearingLeavesAnEmptyListThatCanBeFilledAgain)
 {
     fillNames(sites, {L"a", L"b"});
     sites.selectAll();
-    sites.clear();
+    sites.rows.clear();
     EXPECT_TRUE(sites.empty());
     EXPECT_EQ(shownCount(sites), 0U);
     EXPECT_EQ(sites.selectedCount(), 0U);
-    sites.clear();
+    sites.rows.clear();
     fillNames(sites, {L"c"});
     EXPECT_EQ(shownColumn(sites), Names{L"c"});
     EXPECT_TRUE(selectedRows(sites).empty());
@@ -99,7 +99,7 @@ TEST_F(ListFill, ClearingLeavesAnEmptyListThatCanBeFilledAgain)
 TEST_F(ListFill, ATextSetLaterIsShownAndLeavesTheOthers)
 {
     fillList(sites, twoSites);
-    sites.setText(1, 2, L"first letter");
+    sites.rows.setText(1, 2, L"first letter");
     EXPECT_EQ(shownColumn(sites, 2), (Names{L"last letter", L"first letter"}));
     EXPECT_EQ(shownText(sites, 1), L"Alpha");
     EXPECT_EQ(sites.text(1, 2), L"first letter");
@@ -117,7 +117,7 @@ TEST_F(ListFill, ALongTextIsCutForTheControlAndKeptInFull)
 TEST_F(ListFill, EveryRowStartsWithImageOneAndKeepsItsOwn)
 {
     fillNames(sites, {L"a", L"b", L"c"});
-    sites.setImage(1, 5);
+    sites.rows.setImage(1, 5);
     const auto shownImage = [&](int row) {
         LVITEMW item{};
         item.mask = LVIF_IMAGE;
@@ -128,18 +128,18 @@ TEST_F(ListFill, EveryRowStartsWithImageOneAndKeepsItsOwn)
     // The native control counts images from 0.
     EXPECT_EQ(shownImage(0), 0);
     EXPECT_EQ(shownImage(1), 4);
-    EXPECT_EQ(sites.image(1), 5);
-    sites.setAllImages(3);
+    EXPECT_EQ(sites.rows.image(1), 5);
+    sites.rows.setAllImages(3);
     for (int row = 0; row < 3; ++row) EXPECT_EQ(shownImage(row), 2);
 }
 
 TEST_F(ListFill, AnImageStaysWithItsRowWhenTheListIsSorted)
 {
     fillNames(sites, {L"b", L"a"});
-    sites.setImage(0, 4);
-    sites.sortBy(0, SortOrder::ascending);
-    EXPECT_EQ(sites.image(0), 1);
-    EXPECT_EQ(sites.image(1), 4);
+    sites.rows.setImage(0, 4);
+    sites.rows.sortBy(0, SortOrder::ascending);
+    EXPECT_EQ(sites.rows.image(0), 1);
+    EXPECT_EQ(sites.rows.image(1), 4);
 }
 
 TEST_F(ListFill, SettingAnImageRepaintsOnlyARowThatChanges)
@@ -147,10 +147,10 @@ TEST_F(ListFill, SettingAnImageRepaintsOnlyARowThatChanges)
     fillNames(sites, {L"a", L"b"});
     UpdateWindow(sites.handle());
     ValidateRect(sites.handle(), nullptr);
-    sites.setImage(0, 1);
-    sites.setAllImages(1);
+    sites.rows.setImage(0, 1);
+    sites.rows.setAllImages(1);
     EXPECT_FALSE(GetUpdateRect(sites.handle(), nullptr, FALSE));
-    sites.setImage(0, 5);
+    sites.rows.setImage(0, 5);
     EXPECT_TRUE(GetUpdateRect(sites.handle(), nullptr, FALSE));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/row_table.h"
 #include "platform/controls/list_view.h"
 #include "tests/support/input.h"
 #include "tests/support/test_window.h"
@@ -14,7 +15,7 @@
 
 namespace vandrel::test {
 
-using Strings = std::array<std::wstring, ListRows::maxColumns>;
+using Strings = std::array<std::wstring, RowTable::maxColumns>;
 using Names = std::vector<std::wstring>;
 using RowNumbers = std::vector<std::size_t>;
 
@@ -101,15 +102,15 @@ inline POINT emptySpace(const ListView& list)
     return {area.right / 2, area.bottom - 4};
 }
 
-inline void fillList(ListView& list, const std::vector<Strings>& texts)
+inline void fillRows(RowTable& list, const std::vector<Strings>& texts)
 {
     auto block = std::make_shared<std::wstring>();
     for (const Strings& row : texts)
         for (const std::wstring& text : row) *block += text;
-    std::vector<ListRows::Row> rows(texts.size());
+    std::vector<RowTable::Row> rows(texts.size());
     std::wstring_view rest = *block;
     for (std::size_t row = 0; row < texts.size(); ++row) {
-        for (std::size_t column = 0; column < ListRows::maxColumns; ++column) {
+        for (std::size_t column = 0; column < RowTable::maxColumns; ++column) {
             rows[row].texts[column] = rest.substr(0, texts[row][column].size());
             rest.remove_prefix(texts[row][column].size());
         }
@@ -117,7 +118,25 @@ inline void fillList(ListView& list, const std::vector<Strings>& texts)
     list.fill(std::move(block), std::move(rows));
 }
 
-inline void fillNames(ListView& list, const Names& names)
+// A list with rows of its own.
+struct OwnRows {
+    RowTable rows;
+};
+struct TestList : OwnRows, ListView {
+    TestList(HWND parent, int id, Selection selection, bool labelEdit, std::initializer_list<Column> columns)
+        : ListView(parent, id, selection, labelEdit, columns, rows)
+    {}
+};
+
+inline std::size_t removeSelected(TestList& list)
+{
+    list.markSelection();
+    return list.rows.removeMarked();
+}
+
+inline void fillList(TestList& list, const std::vector<Strings>& texts) { fillRows(list.rows, texts); }
+
+inline void fillNames(TestList& list, const Names& names)
 {
     std::vector<Strings> rows;
     for (const std::wstring& name : names) rows.push_back({name});
@@ -147,13 +166,13 @@ class ListTest : public testing::Test {
     }
 
     TestWindow window;
-    ListView sites{
+    TestList sites{
         window.handle(),
         1,
         ListView::Selection::many,
         false,
         {{L"Site Name", 2160_twips}, {L"URL", 2880_twips}, {L"Description", 2880_twips}, {L"Date", 0_twips}}};
-    ListView categories{window.handle(), 2, ListView::Selection::one, true, {{L"Category", 4049_twips}}};
+    TestList categories{window.handle(), 2, ListView::Selection::one, true, {{L"Category", 4049_twips}}};
 
     RowNumbers clicked;
     RowNumbers columnsClicked;

@@ -38,7 +38,7 @@ TEST_F(ListKeys, CtrlASelectsAllAndIsAnnouncedOnce)
 
 TEST_F(ListKeys, CtrlAInAnEmptyListDoesNothing)
 {
-    sites.clear();
+    sites.rows.clear();
     const HeldKeys control({VK_CONTROL});
     typeKey(sites.handle(), 'A');
     EXPECT_TRUE(clicked.empty());
@@ -111,7 +111,7 @@ TEST_F(ListKeys, SearchingAnEmptyListAndEmptyNamesFindsNothing)
 {
     fillNames(sites, {L"", L""});
     EXPECT_EQ(find(L"a", LVFI_STRING | LVFI_PARTIAL), -1);
-    sites.clear();
+    sites.rows.clear();
     EXPECT_EQ(find(L"a", LVFI_STRING | LVFI_PARTIAL), -1);
 }
 

@@ -30,7 +30,7 @@ TEST_F(ListOfManyRows, ScatteredSelectedRowsMoveWithASort)
 {
     selectEvery(7);
     focusRow(sites, 700);
-    sites.sortBy(0, SortOrder::ascending);
+    sites.rows.sortBy(0, SortOrder::ascending);
     Names expected;
     for (std::size_t row = 0; row < many; row += 7) expected.insert(expected.begin(), names[row]);
     EXPECT_EQ(selectedNames(sites), expected);
@@ -40,7 +40,7 @@ TEST_F(ListOfManyRows, ScatteredSelectedRowsMoveWithASort)
 TEST_F(ListOfManyRows, EverySecondOneIsRemovedAndTheOthersStay)
 {
     selectEvery(2);
-    EXPECT_EQ(sites.removeSelected([](std::size_t) {}), many / 2);
+    EXPECT_EQ(removeSelected(sites), many / 2);
     Names rest;
     for (std::size_t row = 1; row < many; row += 2) rest.push_back(names[row]);
     EXPECT_EQ(shownColumn(sites), rest);
@@ -51,10 +51,10 @@ TEST_F(ListOfManyRows, AllAreSelectedSortedAndRemoved)
 {
     sites.selectAll();
     EXPECT_EQ(sites.selectedCount(), many);
-    sites.sortBy(0, SortOrder::ascending);
+    sites.rows.sortBy(0, SortOrder::ascending);
     EXPECT_EQ(sites.selectedCount(), many);
     EXPECT_EQ(shownText(sites, 0), names.back());
-    EXPECT_EQ(sites.removeSelected([](std::size_t) {}), many);
+    EXPECT_EQ(removeSelected(sites), many);
     EXPECT_EQ(shownCount(sites), 0U);
 }
 
@@ -64,20 +64,20 @@ TEST_F(ListOfManyRows, AllButOneStaySelectedThroughASort)
     LVITEMW item{};
     item.stateMask = LVIS_SELECTED;
     SendMessageW(sites.handle(), LVM_SETITEMSTATE, 1234, reinterpret_cast<LPARAM>(&item));
-    sites.sortBy(0, SortOrder::ascending);
+    sites.rows.sortBy(0, SortOrder::ascending);
     EXPECT_EQ(sites.selectedCount(), many - 1);
     EXPECT_FALSE(sites.isSelected(many - 1 - 1234));
 }
 
 TEST_F(ListOfManyRows, ARowIsAddedAndRemovedAmongSelectedOnes)
 {
-    sites.sortBy(0, SortOrder::ascending);
+    sites.rows.sortBy(0, SortOrder::ascending);
     selectEvery(3);
     const Names before = selectedNames(sites);
-    const std::size_t row = sites.add({L"86000 and more"}, 1);
+    const std::size_t row = sites.rows.add({L"86000 and more"}, 1);
     EXPECT_EQ(shownText(sites, row - 1), L"86000");
     EXPECT_EQ(selectedNames(sites), before);
-    sites.remove(row);
+    sites.rows.remove(row);
     EXPECT_EQ(selectedNames(sites), before);
 }
 
@@ -108,7 +108,7 @@ TEST_F(ListOfManyRows, TheListIsPaintedAgainAfterTheWholeSelectionChanged)
     typeKey(sites.handle(), VK_HOME);
     pump();
     ValidateRect(sites.handle(), nullptr);
-    sites.setImage(0, 3);
+    sites.rows.setImage(0, 3);
     EXPECT_TRUE(GetUpdateRect(sites.handle(), nullptr, FALSE));
 }
 

@@ -84,7 +84,7 @@ TEST_F(ListOfOneSelection, CtrlAChangesAndAnnouncesNothing)
 
 TEST_F(ListOfOneSelection, ARowRemovedByItsOwnClickIsNotSelectedAgain)
 {
-    categories.ItemClick = [this](std::size_t row) { categories.remove(row); };
+    categories.ItemClick = [this](std::size_t row) { categories.rows.remove(row); };
     click(categories, 2);
     EXPECT_EQ(shownColumn(categories), (Names{L"Home", L"News"}));
     EXPECT_TRUE(selectedRows(categories).empty());

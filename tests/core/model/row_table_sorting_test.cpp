@@ -1,4 +1,4 @@
-#include "list_rows_texts.h"
+#include "row_table_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 namespace vandrel {
 namespace {
 
-TEST(ListRowsSorting, AddWhileSortedGoesToItsPlace)
+TEST(RowTableSorting, AddWhileSortedGoesToItsPlace)
 {
-    ListRows list = filled({{L"d"}, {L"b"}});
+    RowTable list = filled({{L"d"}, {L"b"}});
     list.setSorted(true);
     EXPECT_EQ(list.add({L"c"}, 1), 1U);
     EXPECT_EQ(list.add({L"a"}, 1), 0U);
@@ -19,10 +19,10 @@ TEST(ListRowsSorting, AddWhileSortedGoesToItsPlace)
     EXPECT_EQ(names(list), (Names{L"", L"a", L"b", L"c", L"d", L"e"}));
 }
 
-TEST(ListRowsSorting, AddWhileSortedGoesBehindItsEquals)
+TEST(RowTableSorting, AddWhileSortedGoesBehindItsEquals)
 {
     for (const SortOrder order : {SortOrder::ascending, SortOrder::descending}) {
-        ListRows list = filled({{L"first", L"m"}, {L"low", L"a"}, {L"high", L"z"}, {L"second", L"m"}});
+        RowTable list = filled({{L"first", L"m"}, {L"low", L"a"}, {L"high", L"z"}, {L"second", L"m"}});
         list.sortBy(urlColumn, order);
         EXPECT_EQ(list.add({L"third", L"m"}, 1), 3U);
         EXPECT_EQ(list.text(1, nameColumn), L"first");
@@ -31,7 +31,7 @@ TEST(ListRowsSorting, AddWhileSortedGoesBehindItsEquals)
     }
 }
 
-TEST(ListRowsSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
+TEST(RowTableSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
 {
     using Site = std::pair<std::wstring, std::wstring>;
     for (const SortOrder order : {SortOrder::ascending, SortOrder::descending}) {
@@ -39,7 +39,7 @@ TEST(ListRowsSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
         std::vector<Site> inOrder{{L"low", L"a"}, {L"first", L"m"}, {L"second", L"m"}, {L"high", L"z"}};
         if (!up) inOrder = {{L"high", L"z"}, {L"first", L"m"}, {L"second", L"m"}, {L"low", L"a"}};
         for (std::size_t place = 0; place <= inOrder.size(); ++place) {
-            ListRows list;
+            RowTable list;
             for (std::size_t row = 0; row < inOrder.size(); ++row) {
                 if (row == place) list.add({L"new", L"m"}, 1);
                 list.add({inOrder[row].first, inOrder[row].second}, 1);
@@ -56,73 +56,74 @@ TEST(ListRowsSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
     }
 }
 
-TEST(ListRowsSorting, SwitchingSortingOnSortsByTheKeyThatWasSet)
+TEST(RowTableSorting, SwitchingSortingOnSortsByTheKeyThatWasSet)
 {
-    ListRows list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
-    EXPECT_FALSE(list.setSortKey(urlColumn));
+    RowTable list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
+    list.setSortKey(urlColumn);
     EXPECT_EQ(names(list), (Names{L"a", L"b", L"c"}));
-    EXPECT_TRUE(list.setSorted(true));
+    list.setSorted(true);
     EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
 }
 
-TEST(ListRowsSorting, SwitchingSortingOffMovesNothing)
+TEST(RowTableSorting, SwitchingSortingOffMovesNothing)
 {
-    ListRows list = filled({{L"b"}, {L"a"}});
+    RowTable list = filled({{L"b"}, {L"a"}});
     list.setSorted(true);
-    EXPECT_FALSE(list.setSorted(false));
+    list.setSorted(false);
     EXPECT_FALSE(list.sorted());
-    EXPECT_FALSE(list.setSortOrder(SortOrder::descending));
+    list.setSortOrder(SortOrder::descending);
     EXPECT_EQ(names(list), (Names{L"a", L"b"}));
 }
 
-TEST(ListRowsSorting, SettingTheKeySortsAgain)
+TEST(RowTableSorting, SettingTheKeySortsAgain)
 {
-    ListRows list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
+    RowTable list = filled({{L"a", L"3"}, {L"b", L"1"}, {L"c", L"2"}});
     list.setSorted(true);
-    EXPECT_TRUE(list.setSortKey(urlColumn));
+    list.setSortKey(urlColumn);
     EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
-    EXPECT_TRUE(list.setSortKey(nameColumn));
+    list.setSortKey(nameColumn);
     EXPECT_EQ(names(list), (Names{L"a", L"b", L"c"}));
 }
 
-TEST(ListRowsSorting, SettingTheOrderSortsAgain)
+TEST(RowTableSorting, SettingTheOrderSortsAgain)
 {
-    ListRows list = filled({{L"b"}, {L"c"}, {L"a"}});
+    RowTable list = filled({{L"b"}, {L"c"}, {L"a"}});
     list.setSorted(true);
-    EXPECT_TRUE(list.setSortOrder(SortOrder::descending));
+    list.setSortOrder(SortOrder::descending);
     EXPECT_EQ(names(list), (Names{L"c", L"b", L"a"}));
-    EXPECT_TRUE(list.setSortOrder(SortOrder::ascending));
+    list.setSortOrder(SortOrder::ascending);
     EXPECT_EQ(names(list), (Names{L"a", L"b", L"c"}));
 }
 
-TEST(ListRowsSorting, SortByTakesKeyAndOrderAndSwitchesSortingOn)
+TEST(RowTableSorting, SortByTakesKeyAndOrderAndSwitchesSortingOn)
 {
-    ListRows list = filled({{L"a", L"1"}, {L"b", L"3"}, {L"c", L"2"}});
-    EXPECT_TRUE(list.sortBy(urlColumn, SortOrder::descending));
+    RowTable list = filled({{L"a", L"1"}, {L"b", L"3"}, {L"c", L"2"}});
+    list.sortBy(urlColumn, SortOrder::descending);
     EXPECT_TRUE(list.sorted());
     EXPECT_EQ(list.sortKey(), urlColumn);
     EXPECT_EQ(list.sortOrder(), SortOrder::descending);
     EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
 }
 
-TEST(ListRowsSorting, RowsThatStandInOrderAreNotMoved)
+TEST(RowTableSorting, RowsThatStandInOrderAreNotMoved)
 {
-    ListRows list = filled({{L"a", L"1"}, {L"a", L"2"}, {L"b", L"3"}});
-    EXPECT_FALSE(list.setSorted(true));
-    EXPECT_FALSE(list.setSortKey(urlColumn));
-    EXPECT_FALSE(list.sortBy(nameColumn, SortOrder::ascending));
+    RowTable list = filled({{L"a", L"1"}, {L"a", L"2"}, {L"b", L"3"}});
+    list.setSorted(true);
+    list.setSortKey(urlColumn);
+    list.sortBy(nameColumn, SortOrder::ascending);
+    EXPECT_EQ(column(list, urlColumn), (Names{L"1", L"2", L"3"}));
 }
 
-TEST(ListRowsSorting, DatesSortAsText)
+TEST(RowTableSorting, DatesSortAsText)
 {
-    ListRows list = filled({{L"a", L"", L"", L"9/30/2002"}, {L"b", L"", L"", L"10/1/2002"}});
+    RowTable list = filled({{L"a", L"", L"", L"9/30/2002"}, {L"b", L"", L"", L"10/1/2002"}});
     list.sortBy(3, SortOrder::ascending);
     EXPECT_EQ(names(list), (Names{L"b", L"a"}));
 }
 
-TEST(ListRowsSorting, EqualKeysKeepTheOrderOfTheSortBefore)
+TEST(RowTableSorting, EqualKeysKeepTheOrderOfTheSortBefore)
 {
-    ListRows list = filled({{L"b", L"2"}, {L"c", L"1"}, {L"a", L"2"}, {L"d", L"1"}});
+    RowTable list = filled({{L"b", L"2"}, {L"c", L"1"}, {L"a", L"2"}, {L"d", L"1"}});
     list.setSorted(true);
     list.setSortKey(urlColumn);
     EXPECT_EQ(names(list), (Names{L"c", L"d", L"a", L"b"}));
@@ -130,12 +131,12 @@ TEST(ListRowsSorting, EqualKeysKeepTheOrderOfTheSortBefore)
     EXPECT_EQ(names(list), (Names{L"a", L"b", L"c", L"d"}));
 }
 
-TEST(ListRowsSorting, MarksImagesAndTheCurrentRowTravelWithTheirRow)
+TEST(RowTableSorting, MarksImagesAndTheCurrentRowTravelWithTheirRow)
 {
-    ListRows list = filled({{L"c"}, {L"a"}, {L"b"}});
-    list[0].marked = true;
-    list[1].image = 5;
-    list[2].current = true;
+    RowTable list = filled({{L"c"}, {L"a"}, {L"b"}});
+    list.setMark(0, {.selected = true});
+    list.setImage(1, 5);
+    list.setMark(2, {.current = true});
     list.setSorted(true);
     list.add({L"0"}, 1);
     EXPECT_EQ(names(list), (Names{L"0", L"a", L"b", L"c"}));
@@ -146,10 +147,10 @@ TEST(ListRowsSorting, MarksImagesAndTheCurrentRowTravelWithTheirRow)
     }
 }
 
-TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
+TEST(RowTableSorting, AgreeWithAStableSortThroughAnyChanges)
 {
     std::mt19937 random(3);
-    ListRows list;
+    RowTable list;
     std::vector<Strings> model;
     const auto sortModel = [&] {
         std::ranges::stable_sort(model, [&](const Strings& a, const Strings& b) {
@@ -177,7 +178,7 @@ TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
         case 4: // leaves the rows out of order until they are sorted the next time
             for (int change = 0; change < 3 && !model.empty(); ++change) {
                 const std::size_t row = random() % model.size();
-                const std::size_t number = random() % ListRows::maxColumns;
+                const std::size_t number = random() % RowTable::maxColumns;
                 model[row][number] = randomText();
                 list.setText(row, number, model[row][number]);
             }
@@ -193,7 +194,7 @@ TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
         }
         case 6:
             for (std::size_t row = model.size(); row-- > 0;) {
-                list[row].marked = random() % 9 == 0;
+                list.setMark(row, {.selected = random() % 9 == 0});
                 if (list[row].marked) model.erase(model.begin() + static_cast<std::ptrdiff_t>(row));
             }
             list.removeMarked();
@@ -201,7 +202,7 @@ TEST(ListRowsSorting, AgreeWithAStableSortThroughAnyChanges)
         default: list.add(model.emplace_back(randomRow()), 1);
         }
         if (list.sorted()) sortModel();
-        for (std::size_t number = 0; number < ListRows::maxColumns; ++number) {
+        for (std::size_t number = 0; number < RowTable::maxColumns; ++number) {
             const Names actual = column(list, number);
             const auto textOf = [&](const Strings& row) { return row[number]; };
             ASSERT_TRUE(std::ranges::equal(actual, model, {}, {}, textOf));

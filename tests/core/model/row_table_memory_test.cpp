@@ -1,5 +1,5 @@
-#include "list_rows_texts.h"
 #include "model/site_lines.h"
+#include "row_table_texts.h"
 #include "tests/support/failing_new.h"
 
 #include <gtest/gtest.h>
@@ -19,25 +19,25 @@ Strings site(const wchar_t* name, const wchar_t* url)
     return {longText(name), longText(url), longText(L"about"), longText(L"today")};
 }
 
-ListRows threeSites() { return filled({site(L"b", L"3"), site(L"c", L"2"), site(L"a", L"1")}); }
+RowTable threeSites() { return filled({site(L"b", L"3"), site(L"c", L"2"), site(L"a", L"1")}); }
 
 using Content = std::vector<Names>;
 
-Content contentOf(const ListRows& list)
+Content contentOf(const RowTable& list)
 {
     Content content;
-    for (std::size_t number = 0; number < ListRows::maxColumns; ++number)
+    for (std::size_t number = 0; number < RowTable::maxColumns; ++number)
         content.push_back(column(list, number));
     return content;
 }
 
 // Does something to three sites, over and over, with one allocation after the other failing. The list is as
 // before then, and everything can still be done with it.
-void expectAllOrNothing(const std::function<void(ListRows&)>& change)
+void expectAllOrNothing(const std::function<void(RowTable&)>& change)
 {
     bool failed = true;
     for (unsigned n = 1; failed; ++n) {
-        ListRows list = threeSites();
+        RowTable list = threeSites();
         const Content before = contentOf(list);
         const bool sorted = list.sorted();
         const std::size_t key = list.sortKey();
@@ -61,51 +61,51 @@ void expectAllOrNothing(const std::function<void(ListRows&)>& change)
     }
 }
 
-TEST(ListRowsMemory, FillsOrLeavesTheListAsItWas)
+TEST(RowTableMemory, FillsOrLeavesTheListAsItWas)
 {
-    expectAllOrNothing([](ListRows& list) {
+    expectAllOrNothing([](RowTable& list) {
         auto block = std::make_shared<const std::wstring>(longText(L"x"));
-        std::vector<ListRows::Row> rows(1);
+        std::vector<RowTable::Row> rows(1);
         rows[0].texts[0] = *block;
         rows[0].texts[1] = *block;
         list.fill(std::move(block), std::move(rows));
     });
 }
 
-TEST(ListRowsMemory, AppendsOrLeavesTheListAsItWas)
+TEST(RowTableMemory, AppendsOrLeavesTheListAsItWas)
 {
-    expectAllOrNothing([](ListRows& list) {
+    expectAllOrNothing([](RowTable& list) {
         auto block = std::make_shared<const std::wstring>(longText(L"x"));
-        ListRows::Row row;
+        RowTable::Row row;
         row.texts[0] = *block;
         row.texts[1] = *block;
         list.append(std::move(block), {&row, 1});
     });
 }
 
-TEST(ListRowsMemory, AddsOrLeavesTheListAsItWas)
+TEST(RowTableMemory, AddsOrLeavesTheListAsItWas)
 {
-    expectAllOrNothing([](ListRows& list) { list.add(site(L"e", L"4"), 1); });
-    expectAllOrNothing([](ListRows& list) { list.insert(1, site(L"e", L"4"), 1); });
+    expectAllOrNothing([](RowTable& list) { list.add(site(L"e", L"4"), 1); });
+    expectAllOrNothing([](RowTable& list) { list.insert(1, site(L"e", L"4"), 1); });
 }
 
-TEST(ListRowsMemory, ChangesATextOrLeavesTheListAsItWas)
+TEST(RowTableMemory, ChangesATextOrLeavesTheListAsItWas)
 {
-    expectAllOrNothing([](ListRows& list) { list.setText(1, 0, longText(L"e")); });
+    expectAllOrNothing([](RowTable& list) { list.setText(1, 0, longText(L"e")); });
 }
 
-TEST(ListRowsMemory, SortsOrLeavesTheListAsItWas)
+TEST(RowTableMemory, SortsOrLeavesTheListAsItWas)
 {
-    expectAllOrNothing([](ListRows& list) { list.sortBy(nameColumn, SortOrder::descending); });
-    expectAllOrNothing([](ListRows& list) { list.setSorted(true); });
+    expectAllOrNothing([](RowTable& list) { list.sortBy(nameColumn, SortOrder::descending); });
+    expectAllOrNothing([](RowTable& list) { list.setSorted(true); });
 }
 
 // A sort that failed must not count as done: the next one would do nothing.
-TEST(ListRowsMemory, ASortThatFailedIsMadeUpFor)
+TEST(RowTableMemory, ASortThatFailedIsMadeUpFor)
 {
     bool failed = true;
     for (unsigned n = 1; failed; ++n) {
-        ListRows list = threeSites();
+        RowTable list = threeSites();
         failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
         try {
             list.sortBy(urlColumn, SortOrder::ascending);
@@ -120,11 +120,11 @@ TEST(ListRowsMemory, ASortThatFailedIsMadeUpFor)
 }
 
 // Rows that stand in order stay known as such only if they are there.
-TEST(ListRowsMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
+TEST(RowTableMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
 {
     bool failed = true;
     for (unsigned n = 1; failed; ++n) {
-        ListRows list = filled({site(L"a", L"5")});
+        RowTable list = filled({site(L"a", L"5")});
         list.sortBy(urlColumn, SortOrder::ascending);
         failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
         try {
@@ -134,8 +134,8 @@ TEST(ListRowsMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
         }
         failing_new::disarm();
         failed = failing_new::failed();
-        const ListRows others = filled({site(L"c", L"1"), site(L"d", L"9")});
-        list.append(others.block(), others.all());
+        const auto others = std::make_shared<const RowTable>(filled({site(L"c", L"1"), site(L"d", L"9")}));
+        list.append(others, others->all());
         list.sortBy(urlColumn, SortOrder::ascending);
         const Names urls = column(list, urlColumn);
         EXPECT_TRUE(std::ranges::is_sorted(urls)) << n;

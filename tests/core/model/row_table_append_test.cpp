@@ -1,4 +1,4 @@
-#include "list_rows_texts.h"
+#include "row_table_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -20,12 +20,12 @@ struct Batch {
     }
 
     std::shared_ptr<std::wstring> text = std::make_shared<std::wstring>();
-    std::vector<ListRows::Row> rows;
+    std::vector<RowTable::Row> rows;
 };
 
 TEST(AppendedRows, GoToTheEndInTheirOrder)
 {
-    ListRows list = filled({{L"m"}, {L"k"}});
+    RowTable list = filled({{L"m"}, {L"k"}});
     const Batch batch({L"z", L"a"});
     list.append(batch.text, batch.rows);
     EXPECT_EQ(names(list), (Names{L"m", L"k", L"z", L"a"}));
@@ -35,7 +35,7 @@ TEST(AppendedRows, GoToTheEndInTheirOrder)
 
 TEST(AppendedRows, GoToTheEndOfASortedListUntilItIsSortedAgain)
 {
-    ListRows list = filled({{L"m"}, {L"k"}});
+    RowTable list = filled({{L"m"}, {L"k"}});
     list.sortBy(nameColumn, SortOrder::ascending);
     const Batch batch({L"z", L"a"});
     list.append(batch.text, batch.rows);
@@ -47,7 +47,7 @@ TEST(AppendedRows, GoToTheEndOfASortedListUntilItIsSortedAgain)
 
 TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
 {
-    ListRows list;
+    RowTable list;
     std::optional<Batch> first(Names{L"one"});
     std::optional<Batch> second(Names{L"two"});
     const std::weak_ptr<const std::wstring> firstText = first->text;
@@ -62,22 +62,21 @@ TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
     EXPECT_TRUE(secondText.expired());
 }
 
-TEST(BlockOfRows, IsWhatTheListWasFilledWith)
+TEST(TableFillings, AreCountedAndNothingElseIs)
 {
-    ListRows list;
-    EXPECT_EQ(list.block(), nullptr);
-    list.add({L"by hand"}, 1);
-    EXPECT_EQ(list.block(), nullptr);
+    RowTable list;
+    const unsigned empty = list.fillings();
     const Batch batch({L"a"});
-    list.fill(batch.text, batch.rows);
-    EXPECT_EQ(list.block(), batch.text);
     list.add({L"by hand"}, 1);
-    EXPECT_EQ(list.block(), batch.text);
-    const Batch other({L"b"});
-    list.append(other.text, other.rows);
-    EXPECT_EQ(list.block(), batch.text);
+    list.append(batch.text, batch.rows);
+    list.sortBy(nameColumn, SortOrder::descending);
+    list.remove(0);
+    EXPECT_EQ(list.fillings(), empty);
+    list.fill(batch.text, batch.rows);
+    const unsigned filledOnce = list.fillings();
+    EXPECT_NE(filledOnce, empty);
     list.clear();
-    EXPECT_EQ(list.block(), nullptr);
+    EXPECT_NE(list.fillings(), filledOnce);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/list_rows.h"
+#include "model/row_table.h"
 
 #include <array>
 #include <memory>
@@ -11,19 +11,19 @@
 // Rows written as plain texts, for the tests of lists.
 namespace vandrel {
 
-using Strings = std::array<std::wstring, ListRows::maxColumns>;
+using Strings = std::array<std::wstring, RowTable::maxColumns>;
 using Names = std::vector<std::wstring>;
 
 inline constexpr std::size_t nameColumn = 0;
 inline constexpr std::size_t urlColumn = 1;
 
-inline void fill(ListRows& list, const std::vector<Strings>& texts)
+inline void fill(RowTable& list, const std::vector<Strings>& texts)
 {
     auto block = std::make_shared<std::wstring>();
     for (const Strings& row : texts) {
         for (const std::wstring& text : row) *block += text;
     }
-    std::vector<ListRows::Row> rows;
+    std::vector<RowTable::Row> rows;
     std::wstring_view rest = *block;
     for (const Strings& row : texts) {
         auto& added = rows.emplace_back();
@@ -35,20 +35,20 @@ inline void fill(ListRows& list, const std::vector<Strings>& texts)
     list.fill(std::move(block), std::move(rows));
 }
 
-inline ListRows filled(const std::vector<Strings>& texts)
+inline RowTable filled(const std::vector<Strings>& texts)
 {
-    ListRows list;
+    RowTable list;
     fill(list, texts);
     return list;
 }
 
-inline Names column(const ListRows& list, std::size_t number)
+inline Names column(const RowTable& list, std::size_t number)
 {
     Names texts;
     for (std::size_t row = 0; row < list.size(); ++row) texts.emplace_back(list.text(row, number));
     return texts;
 }
 
-inline Names names(const ListRows& list) { return column(list, nameColumn); }
+inline Names names(const RowTable& list) { return column(list, nameColumn); }
 
 } // namespace vandrel

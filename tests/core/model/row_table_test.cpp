@@ -1,22 +1,22 @@
-#include "list_rows_texts.h"
+#include "row_table_texts.h"
 
 #include <gtest/gtest.h>
 
 namespace vandrel {
 namespace {
 
-TEST(ListRows, BeginEmptyAndUnsorted)
+TEST(RowTable, BeginEmptyAndUnsorted)
 {
-    const ListRows list;
+    const RowTable list;
     EXPECT_EQ(list.size(), 0U);
     EXPECT_FALSE(list.sorted());
     EXPECT_EQ(list.sortKey(), 0U);
     EXPECT_EQ(list.sortOrder(), SortOrder::ascending);
 }
 
-TEST(ListRows, FillKeepsTheGivenOrder)
+TEST(RowTable, FillKeepsTheGivenOrder)
 {
-    const ListRows list = filled({{L"c", L"1", L"x", L"d"}, {L"a", L"2", L"y", L"e"}, {L"b", L"3"}});
+    const RowTable list = filled({{L"c", L"1", L"x", L"d"}, {L"a", L"2", L"y", L"e"}, {L"b", L"3"}});
     EXPECT_EQ(names(list), (Names{L"c", L"a", L"b"}));
     EXPECT_EQ(column(list, 1), (Names{L"1", L"2", L"3"}));
     EXPECT_EQ(column(list, 2), (Names{L"x", L"y", L""}));
@@ -25,9 +25,9 @@ TEST(ListRows, FillKeepsTheGivenOrder)
     EXPECT_FALSE(list[0].marked);
 }
 
-TEST(ListRows, FillSwitchesSortingOffAndKeepsKeyAndOrder)
+TEST(RowTable, FillSwitchesSortingOffAndKeepsKeyAndOrder)
 {
-    ListRows list = filled({{L"x", L"2"}, {L"y", L"1"}});
+    RowTable list = filled({{L"x", L"2"}, {L"y", L"1"}});
     list.sortBy(urlColumn, SortOrder::descending);
     fill(list, {{L"c", L"1"}, {L"a", L"2"}});
     EXPECT_FALSE(list.sorted());
@@ -38,9 +38,9 @@ TEST(ListRows, FillSwitchesSortingOffAndKeepsKeyAndOrder)
     EXPECT_EQ(names(list), (Names{L"c", L"a", L"b"}));
 }
 
-TEST(ListRows, AddWithoutSortingGoesToTheEnd)
+TEST(RowTable, AddWithoutSortingGoesToTheEnd)
 {
-    ListRows list = filled({{L"c"}, {L"b"}});
+    RowTable list = filled({{L"c"}, {L"b"}});
     EXPECT_EQ(list.add({L"a", L"u", L"t", L"d"}, 5), 2U);
     EXPECT_EQ(names(list), (Names{L"c", L"b", L"a"}));
     EXPECT_EQ(list.text(2, 1), L"u");
@@ -51,9 +51,9 @@ TEST(ListRows, AddWithoutSortingGoesToTheEnd)
     EXPECT_FALSE(list[2].current);
 }
 
-TEST(ListRows, RemoveTakesExactlyOneRow)
+TEST(RowTable, RemoveTakesExactlyOneRow)
 {
-    ListRows list = filled({{L"a"}, {L"b"}, {L"c"}});
+    RowTable list = filled({{L"a"}, {L"b"}, {L"c"}});
     list.remove(1);
     EXPECT_EQ(names(list), (Names{L"a", L"c"}));
     list.remove(1);
@@ -61,22 +61,22 @@ TEST(ListRows, RemoveTakesExactlyOneRow)
     EXPECT_EQ(list.size(), 0U);
 }
 
-TEST(ListRows, RemoveMarkedTakesTheMarkedRowsAndNoOther)
+TEST(RowTable, RemoveMarkedTakesTheMarkedRowsAndNoOther)
 {
     std::vector<Strings> texts;
     for (const wchar_t name : std::wstring_view(L"0123456789")) texts.push_back({std::wstring(1, name)});
-    ListRows list = filled(texts);
-    for (const std::size_t row : {0U, 4U, 9U}) list[row].marked = true;
-    list[5].current = true;
+    RowTable list = filled(texts);
+    for (const std::size_t row : {0U, 4U, 9U}) list.setMark(row, {.selected = true});
+    list.setMark(5, {.current = true});
     EXPECT_EQ(list.removeMarked(), 3U);
     EXPECT_EQ(names(list), (Names{L"1", L"2", L"3", L"5", L"6", L"7", L"8"}));
     EXPECT_EQ(list.removeMarked(), 0U);
     EXPECT_EQ(list.size(), 7U);
 }
 
-TEST(ListRows, ClearTakesAllRowsAndLeavesTheSorting)
+TEST(RowTable, ClearTakesAllRowsAndLeavesTheSorting)
 {
-    ListRows list = filled({{L"b"}, {L"a"}});
+    RowTable list = filled({{L"b"}, {L"a"}});
     list.sortBy(urlColumn, SortOrder::descending);
     list.clear();
     EXPECT_EQ(list.size(), 0U);
@@ -85,9 +85,9 @@ TEST(ListRows, ClearTakesAllRowsAndLeavesTheSorting)
     EXPECT_EQ(list.sortOrder(), SortOrder::descending);
 }
 
-TEST(ListRows, SetTextChangesOneTextAndMovesNothing)
+TEST(RowTable, SetTextChangesOneTextAndMovesNothing)
 {
-    ListRows list = filled({{L"a", L"1"}, {L"b", L"2"}});
+    RowTable list = filled({{L"a", L"1"}, {L"b", L"2"}});
     list.setSorted(true);
     list.setText(0, nameColumn, L"z");
     EXPECT_EQ(names(list), (Names{L"z", L"b"}));
@@ -96,9 +96,9 @@ TEST(ListRows, SetTextChangesOneTextAndMovesNothing)
     EXPECT_EQ(list.text(1, 3), L"");
 }
 
-TEST(ListRows, TextsSurviveManyEdits)
+TEST(RowTable, TextsSurviveManyEdits)
 {
-    ListRows list = filled({{L"block", L"https://www.example.com/"}});
+    RowTable list = filled({{L"block", L"https://www.example.com/"}});
     list.add({L"kept", std::wstring(100, L'k')}, 1);
     const std::wstring_view early = list.text(1, urlColumn);
     for (std::size_t i = 0; i < 5000; ++i) {

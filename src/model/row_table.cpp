@@ -1,0 +1,296 @@
+#include "model/row_table.h"
+
+#include "platform/text/text_sort.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace vandrel {
+
+// Whoever shows the rows hears of the change before and after.
+class RowTable::Change {
+  public:
+    Change(RowTable& table, RowChange kind) : table_(table), kind_(kind)
+    {
+        if (table_.observer_ != nullptr) table_.observer_->rowsChanging(kind_);
+    }
+    Change(const Change&) = delete;
+    Change& operator=(const Change&) = delete;
+    ~Change()
+    {
+        ++table_.changes_;
+        if (table_.observer_ != nullptr) table_.observer_->rowsChanged(kind_);
+    }
+
+  private:
+    RowTable& table_;
+    RowChange kind_;
+};
+
+RowTable::RowTable(RowTable&& other) noexcept
+    : rows_(std::move(other.rows_)),
+      kept_(std::move(other.kept_)),
+      blocks_(std::move(other.blocks_)),
+      lastId_(other.lastId_),
+      sorted_(other.sorted_),
+      sortKey_(other.sortKey_),
+      sortOrder_(other.sortOrder_),
+      inOrder_(std::exchange(other.inOrder_, 0))
+{}
+
+// ---- one row
+
+void RowTable::tellOf(std::size_t row) const
+{
+    if (observer_ != nullptr) observer_->rowChanged(row);
+}
+
+std::wstring_view RowTable::text(std::size_t row, std::size_t column) const
+{
+    return column < maxColumns ? rows_[row].texts[column] : std::wstring_view();
+}
+
+void RowTable::setMark(std::size_t row, Mark mark)
+{
+    rows_[row].marked = mark.selected;
+    rows_[row].current = mark.current;
+}
+
+std::wstring_view RowTable::keepText(std::wstring text)
+{
+    // Such a list never moves its texts, so the views stay good.
+    return text.empty() ? std::wstring_view{} : std::wstring_view(kept_.emplace_front(std::move(text)));
+}
+
+void RowTable::setText(std::size_t row, std::size_t column, std::wstring text)
+{
+    useText(row, column, keepText(std::move(text)));
+}
+
+void RowTable::useText(std::size_t row, std::size_t column, std::wstring_view kept)
+{
+    rows_[row].texts[column] = kept;
+    if (column == sortKey_) inOrder_ = std::min(inOrder_, row);
+    tellOf(row);
+}
+
+void RowTable::setTexts(std::size_t row, NewTexts texts)
+{
+    Texts kept;
+    for (std::size_t column = 0; column < maxColumns; ++column)
+        kept[column] = keepText(std::move(texts[column]));
+    rows_[row].texts = kept;
+    inOrder_ = std::min(inOrder_, row);
+    tellOf(row);
+}
+
+void RowTable::setImage(std::size_t row, int image)
+{
+    if (rows_[row].image == image) return;
+    rows_[row].image = static_cast<std::uint8_t>(image);
+    tellOf(row);
+}
+
+void RowTable::setAllImages(int image)
+{
+    for (std::size_t row = 0; row < size(); ++row) setImage(row, image);
+}
+
+std::optional<std::size_t> RowTable::rowOf(Id id) const
+{
+    const auto found = std::ranges::find(rows_, id, &Row::id);
+    return found == rows_.end() ? std::nullopt
+                                : std::optional(static_cast<std::size_t>(found - rows_.begin()));
+}
+
+// ---- all rows
+
+// Needs no memory, so that a list can always be emptied.
+void RowTable::clear()
+{
+    const Change change(*this, RowChange::replaced);
+    std::vector<std::shared_ptr<const void>> blocks;
+    std::vector<Row> rows;
+    replace(blocks, rows);
+}
+
+void RowTable::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
+{
+    std::vector<std::shared_ptr<const void>> blocks{std::move(block)}; // before anything is given up
+    const Change change(*this, RowChange::replaced);
+    sorted_ = false;
+    replace(blocks, rows);
+}
+
+void RowTable::take(RowTable&& other)
+{
+    const Change change(*this, RowChange::replaced);
+    sorted_ = false;
+    replace(other.blocks_, other.rows_);
+    kept_.swap(other.kept_);
+}
+
+// What they held goes to its end with them: the memory of a million rows must not stay because there were so
+// many once.
+void RowTable::replace(std::vector<std::shared_ptr<const void>>& blocks, std::vector<Row>& rows)
+{
+    ++fillings_;
+    rows_.swap(rows);
+    identify(rows_);
+    kept_.clear();
+    blocks_.swap(blocks);
+    inOrder_ = 0;
+}
+
+void RowTable::identify(std::span<Row> rows)
+{
+    for (Row& row : rows) row.id = ++lastId_;
+}
+
+void RowTable::append(std::shared_ptr<const void> block, std::span<const Row> rows)
+{
+    const Change change(*this, RowChange::appended);
+    blocks_.push_back(std::move(block)); // first, so that no row is without its texts
+    rows_.insert(rows_.end(), rows.begin(), rows.end());
+    identify(std::span(rows_).last(rows.size()));
+}
+
+void RowTable::append(std::span<const Block> blocks)
+{
+    const Change change(*this, RowChange::appended);
+    std::size_t more = 0;
+    for (const Block& block : blocks) more += block.rows.size();
+    blocks_.reserve(blocks_.size() + blocks.size());
+    rows_.reserve(rows_.size() + more);
+    for (const Block& block : blocks) {
+        blocks_.push_back(block.texts);
+        rows_.insert(rows_.end(), block.rows.begin(), block.rows.end());
+    }
+    identify(std::span(rows_).last(more));
+}
+
+// ---- rows come and go
+
+RowTable::Row RowTable::keptRow(NewTexts texts, int image)
+{
+    Row row{{}, static_cast<std::uint8_t>(image), false, false, ++lastId_};
+    for (std::size_t column = 0; column < maxColumns; ++column)
+        row.texts[column] = keepText(std::move(texts[column]));
+    return row;
+}
+
+std::size_t RowTable::add(NewTexts texts, int image)
+{
+    const Change change(*this, RowChange::moved);
+    const Row row = keptRow(std::move(texts), image);
+    auto place = rows_.end();
+    if (sorted_) {
+        // Behind its equals, where a stable sort would put it.
+        place = std::upper_bound(rows_.begin(), rows_.end(), row,
+                                 [this](const Row& a, const Row& b) { return comesBefore(a, b); });
+    }
+    const auto index = static_cast<std::size_t>(place - rows_.begin());
+    rows_.insert(place, row);
+    if (sorted_ && index <= inOrder_) ++inOrder_;
+    return index;
+}
+
+void RowTable::addCopies(std::span<const Row> rows)
+{
+    for (const Row& row : rows) {
+        NewTexts texts;
+        std::ranges::copy(row.texts, texts.begin());
+        add(std::move(texts), row.image);
+    }
+}
+
+void RowTable::insert(std::size_t row, NewTexts texts, int image)
+{
+    const Change change(*this, RowChange::moved);
+    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row), keptRow(std::move(texts), image));
+    inOrder_ = std::min(inOrder_, row);
+}
+
+void RowTable::remove(std::size_t row)
+{
+    const Change change(*this, RowChange::moved);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+    if (row < inOrder_) --inOrder_;
+}
+
+std::size_t RowTable::removeMarked()
+{
+    const Change change(*this, RowChange::moved);
+    const bool allInOrder = inOrder_ == rows_.size();
+    const std::size_t removed = std::erase_if(rows_, [](const Row& row) { return row.marked; });
+    inOrder_ = allInOrder ? rows_.size() : 0;
+    return removed;
+}
+
+// ---- sorting
+
+std::optional<RowSource::Order> RowTable::order() const
+{
+    return sorted_ ? std::optional(Order{sortKey_, sortOrder_}) : std::nullopt;
+}
+
+void RowTable::setSorted(bool on)
+{
+    if (on || sorted_) arrange(on, sortKey_, sortOrder_);
+}
+
+void RowTable::setSortKey(std::size_t column) { arrange(sorted_, column, sortOrder_); }
+
+void RowTable::setSortOrder(SortOrder order) { arrange(sorted_, sortKey_, order); }
+
+void RowTable::sortBy(std::size_t column, SortOrder order) { arrange(true, column, order); }
+
+void RowTable::sortOtherWayBy(std::size_t column)
+{
+    sortBy(column, sortOrder_ == SortOrder::ascending ? SortOrder::descending : SortOrder::ascending);
+}
+
+// A sort that fails leaves nothing behind, or the next one would take the rows for sorted.
+void RowTable::arrange(bool on, std::size_t key, SortOrder order)
+{
+    const Change change(*this, RowChange::moved);
+    const auto before = std::tuple(sorted_, sortKey_, sortOrder_, inOrder_);
+    if (key != sortKey_ || order != sortOrder_) inOrder_ = 0;
+    std::tie(sorted_, sortKey_, sortOrder_) = std::tuple(on, key, order);
+    try {
+        sort();
+    } catch (...) {
+        std::tie(sorted_, sortKey_, sortOrder_, inOrder_) = before;
+        throw;
+    }
+}
+
+bool RowTable::comesBefore(const Row& a, const Row& b) const
+{
+    const int order = a.texts[sortKey_].compare(b.texts[sortKey_]);
+    return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
+}
+
+void RowTable::sort()
+{
+    if (!sorted_) return;
+    const auto before = [this](const Row& a, const Row& b) { return comesBefore(a, b); };
+    const auto known = rows_.begin() + static_cast<std::ptrdiff_t>(std::max<std::size_t>(inOrder_, 1) - 1);
+    const auto end = std::is_sorted_until(known, rows_.end(), before);
+    inOrder_ = rows_.size();
+    if (end == rows_.end()) return;
+    if (end + 1 == rows_.end()) {
+        // One row added to others in order: it goes behind its equals, where a stable sort would put it.
+        std::rotate(std::upper_bound(rows_.begin(), end, *end, before), end, rows_.end());
+        return;
+    }
+    std::vector<std::wstring_view> keys(rows_.size());
+    std::ranges::transform(rows_, keys.begin(), [this](const Row& row) { return row.texts[sortKey_]; });
+    const std::vector<std::uint32_t> order = sortedOrder(keys, sortOrder_ == SortOrder::descending);
+    std::vector<Row> sorted(rows_.size());
+    std::ranges::transform(order, sorted.begin(), [this](std::uint32_t index) { return rows_[index]; });
+    rows_ = std::move(sorted);
+}
+
+} // namespace vandrel

@@ -1,0 +1,129 @@
+#pragma once
+
+#include "platform/controls/row_source.h"
+
+#include <array>
+#include <forward_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vandrel {
+
+// The rows of a list - sites, hits or the titles of categories - in the order in which they are shown.
+//
+// Texts are views. They look into the blocks that filled the table or into texts that were kept one by one; both
+// live until the rows are cleared, so 100,000 rows cost one block and not 400,000 strings.
+//
+// What finds no memory leaves the rows as they were.
+class RowTable final : public RowSource {
+  public:
+    static constexpr std::size_t maxColumns = 4;
+    using Texts = std::array<std::wstring_view, maxColumns>;
+    using NewTexts = std::array<std::wstring, maxColumns>;
+
+    struct Row {
+        Texts texts;
+        std::uint8_t image = 1; // from 1, as in the image list
+        bool marked = false;    // selected, while rows change places
+        bool current = false;
+        Id id = 0; // the table gives each row that comes into it another one
+    };
+
+    // Rows whose texts look into what `texts` owns.
+    struct Block {
+        std::shared_ptr<const void> texts;
+        std::vector<Row> rows;
+    };
+
+    RowTable() = default;
+    // Takes the rows; an observer stays with the table that it observes.
+    RowTable(RowTable&& other) noexcept;
+    RowTable& operator=(RowTable&&) = delete; // see take
+
+    std::size_t size() const override { return rows_.size(); }
+    bool empty() const { return rows_.empty(); }
+    const Row& operator[](std::size_t row) const { return rows_[row]; }
+    std::span<const Row> all() const { return rows_; }
+    std::wstring_view text(std::size_t row, std::size_t column) const override;
+    int image(std::size_t row) const override { return rows_[row].image; }
+    Id id(std::size_t row) const override { return rows_[row].id; }
+    std::optional<std::size_t> rowOf(Id id) const override;
+    Mark mark(std::size_t row) const override { return {rows_[row].marked, rows_[row].current}; }
+    void setMark(std::size_t row, Mark mark) override;
+    void observe(RowObserver* observer) override { observer_ = observer; }
+
+    // What owns the texts of the rows that the table was filled with; null when nothing filled it.
+    std::shared_ptr<const void> block() const { return blocks_.empty() ? nullptr : blocks_.front(); }
+    // Another number whenever rows came, went or changed places.
+    unsigned changes() const { return changes_; }
+    // Another number whenever the table was filled or cleared.
+    unsigned fillings() const { return fillings_; }
+
+    void setText(std::size_t row, std::size_t column, std::wstring text);
+    // In two steps: what can find no memory, and what cannot fail.
+    std::wstring_view keepText(std::wstring text);
+    void useText(std::size_t row, std::size_t column, std::wstring_view kept);
+    void setTexts(std::size_t row, NewTexts texts); // all or, without memory, none
+    void setImage(std::size_t row, int image);
+    void setAllImages(int image);
+
+    void clear();
+    // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted
+    // from then on.
+    void fill(std::shared_ptr<const void> block, std::vector<Row> rows);
+    // The same with the rows of another table, and whatever it keeps for them.
+    void take(RowTable&& other);
+    // Adds such rows at the end, whatever the sort order says; setSorted(true) puts them in their places.
+    void append(std::shared_ptr<const void> block, std::span<const Row> rows);
+    void append(std::span<const Block> blocks);
+    // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
+    std::size_t add(NewTexts texts, int image);
+    // Adds copies of such rows, each as add does.
+    void addCopies(std::span<const Row> rows);
+    // At that row, whatever the sort order says.
+    void insert(std::size_t row, NewTexts texts, int image);
+    void remove(std::size_t row);
+    // Removes every marked row and returns how many there were.
+    std::size_t removeMarked();
+
+    // Setting the key or the order sorts again while sorted is on.
+    bool sorted() const { return sorted_; }
+    std::size_t sortKey() const { return sortKey_; }
+    SortOrder sortOrder() const { return sortOrder_; }
+    std::optional<Order> order() const override;
+    void setSorted(bool on);
+    void setSortKey(std::size_t column);
+    void setSortOrder(SortOrder order);
+    // All three at once, with one sort.
+    void sortBy(std::size_t column, SortOrder order);
+    // By that column, the other way round than before, whichever column that was by.
+    void sortOtherWayBy(std::size_t column);
+
+  private:
+    class Change;
+    void replace(std::vector<std::shared_ptr<const void>>& blocks, std::vector<Row>& rows);
+    void identify(std::span<Row> rows);
+    bool comesBefore(const Row& a, const Row& b) const;
+    void arrange(bool on, std::size_t key, SortOrder order);
+    void sort();
+    Row keptRow(NewTexts texts, int image);
+    void tellOf(std::size_t row) const;
+
+    std::vector<Row> rows_;
+    std::forward_list<std::wstring> kept_;
+    std::vector<std::shared_ptr<const void>> blocks_;
+    RowObserver* observer_ = nullptr;
+    unsigned changes_ = 0;
+    unsigned fillings_ = 0;
+    Id lastId_ = 0;
+    bool sorted_ = false;
+    std::size_t sortKey_ = 0;
+    SortOrder sortOrder_ = SortOrder::ascending;
+    // So many rows from the first are known to stand in the order of key and sort order.
+    std::size_t inOrder_ = 0;
+};
+
+} // namespace vandrel
