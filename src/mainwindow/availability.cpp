@@ -1,37 +1,40 @@
 #include "mainwindow/availability.h"
 
-#include "mainwindow/command_tables.h"
 #include "mainwindow/search_panel.h"
 #include "model/row_table.h"
-
-#include <utility>
+#include "platform/controls/menu.h"
+#include "platform/controls/tool_bar.h"
 
 namespace vandrel {
 
-Availability::Availability(const RowTable& categories, const RowTable& sites, MenuTree& menus,
-                           ToolBar& toolBar, SearchPanel& search)
-    : categories_(categories), sites_(sites), menus_(menus), toolBar_(toolBar), search_(search)
+Availability::Availability(CommandTable commands, const RowTable& categories, const RowTable& sites,
+                           MenuTree& menus, ToolBar& toolBar, SearchPanel& search)
+    : commands_(commands),
+      categories_(categories),
+      sites_(sites),
+      menus_(menus),
+      toolBar_(toolBar),
+      search_(search)
 {}
 
 void Availability::tmrClipboard_Timer()
 {
-    const bool sites = !sites_.empty();
-    const bool categories = !categories_.empty();
-    if (std::exchange(hadSites_, sites) != sites) setSiteCommands(sites);
-    if (std::exchange(hadCategories_, categories) != categories) setCategoryCommands(categories);
+    const Filled now{.sites = !sites_.empty(), .categories = !categories_.empty()};
+    if (now == before_) return;
+    for (const CommandRow& row : commands_) {
+        if (const auto on = switched(entryNeeds(commands_, row), before_, now))
+            menus_.setEnabled(row.id, *on);
+        if (const auto on = switched(buttonNeeds(commands_, row), before_, now))
+            enableOnToolBar(row.traits, *on);
+    }
+    if (const auto on = switched(Needs::sites, before_, now)) search_.setEnabled(*on);
+    before_ = now;
 }
 
-void Availability::setSiteCommands(bool on)
+void Availability::enableOnToolBar(const CommandTraits& command, bool on)
 {
-    for (const MenuEntry entry : entriesThatNeedSites()) menus_.setEnabled(entry, on);
-    for (const int position : buttonsThatNeedSites()) toolBar_.setButtonEnabled(position, on);
-    for (const ToolBar::MenuRow& row : scanButtonMenu()) toolBar_.setButtonMenuEnabled(row.key, on);
-    search_.setEnabled(on);
-}
-
-void Availability::setCategoryCommands(bool on)
-{
-    for (const MenuEntry entry : entriesThatNeedCategories()) menus_.setEnabled(entry, on);
+    if (command.button.position != 0) toolBar_.setButtonEnabled(command.button.position, on);
+    if (*command.dropDown.key != 0) toolBar_.setButtonMenuEnabled(command.dropDown.key, on);
 }
 
 } // namespace vandrel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include "mainwindow/commands.h"
 
 namespace vandrel {
 
@@ -13,22 +13,21 @@ class SearchPanel;
 // so it touches the menus only when a list has become empty or has ceased to be.
 class Availability {
   public:
-    Availability(const RowTable& categories, const RowTable& sites, MenuTree& menus, ToolBar& toolBar,
-                 SearchPanel& search);
+    Availability(CommandTable commands, const RowTable& categories, const RowTable& sites, MenuTree& menus,
+                 ToolBar& toolBar, SearchPanel& search);
 
     void tmrClipboard_Timer();
 
   private:
-    void setSiteCommands(bool on);
-    void setCategoryCommands(bool on);
+    void enableOnToolBar(const CommandTraits& command, bool on);
 
+    CommandTable commands_;
     const RowTable& categories_;
     const RowTable& sites_;
     MenuTree& menus_;
     ToolBar& toolBar_;
     SearchPanel& search_;
-    std::optional<bool> hadCategories_; // none before the first tick
-    std::optional<bool> hadSites_;
+    std::optional<Filled> before_; // none before the first tick
 };
 
 } // namespace vandrel

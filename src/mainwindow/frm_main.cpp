@@ -19,18 +19,12 @@ enum ControlId { idCategories = 201, idSites };
 
 IconHandle programIcon(int metric) { return loadIcon(L"a-vandrel", GetSystemMetrics(metric)); }
 
-// The entry whose shortcut the key is, together with the keys that are held.
-std::optional<MenuEntry> entryOfKey(WPARAM key)
+// The key together with the ones that are held.
+CommandKey pressed(WPARAM key)
 {
-    const bool control = GetKeyState(VK_CONTROL) < 0;
-    const bool shift = GetKeyState(VK_SHIFT) < 0;
-    for (const MenuRow& row : menuTable()) {
-        const Shortcut& shortcut = row.shortcut;
-        if (shortcut.key == key && control == ((shortcut.modifiers & FCONTROL) != 0) &&
-            shift == ((shortcut.modifiers & FSHIFT) != 0))
-            return static_cast<MenuEntry>(row.id);
-    }
-    return std::nullopt;
+    return {.code = static_cast<unsigned>(key),
+            .control = GetKeyState(VK_CONTROL) < 0,
+            .shift = GetKeyState(VK_SHIFT) < 0};
 }
 
 } // namespace
@@ -52,10 +46,10 @@ frmMain::frmMain(Startup startup)
       lstInfoDrop_(lstInfo_.handle()),
       picSepBar_(handle()),
       picSearch_(handle()),
-      Toolbar1_(handle(), toolBarTable()),
+      Toolbar1_(handle(), buttonRows(commands())),
       StatusBar1_(handle()),
       PB_(handle()),
-      menus_(menuTable()),
+      menus_(menuRows(commands())),
       mnuMove_(menus_.submenu(mnuMoveTo), firstMoveEntry),
       accelerators_(menus_.accelerators()),
       workspace_{.window = handle(),
@@ -71,7 +65,7 @@ frmMain::frmMain(Startup startup)
                  .today = std::move(startup.today)},
       scanner_(workspace_),
       rename_(workspace_),
-      availability_(categories_, shown_.sites, menus_, Toolbar1_, picSearch_),
+      availability_(commands(), categories_, shown_.sites, menus_, Toolbar1_, picSearch_),
       keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); })
 {
     startAnswering();
@@ -79,7 +73,7 @@ frmMain::frmMain(Startup startup)
     workspace_.keepOnTop.window = handle();
     SendMessageW(handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon_.get()));
     SendMessageW(handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
-    Toolbar1_.setButtonMenu(scanButton, scanButtonMenu());
+    Toolbar1_.setButtonMenu(dropDownButton(commands()), dropDownRows(commands()));
     lstCategory_.setAccessibleName(L"Categories");
     lstInfo_.setAccessibleName(L"Sites");
     Toolbar1_.setAccessibleName(L"Toolbar");
@@ -88,7 +82,6 @@ frmMain::frmMain(Startup startup)
     drawForDpi();
     SetMenu(handle(), menus_.bar());
     bindEvents();
-    bindCommands();
     SetTimer(handle(), tmrClipboard, timerMilliseconds, nullptr);
 }
 
@@ -194,9 +187,10 @@ bool frmMain::filterMessage(MSG& message)
     if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0 && !inLabel) {
         return moveFocus(GetKeyState(VK_SHIFT) < 0);
     }
-    const auto entry = entryOfKey(message.wParam);
-    if (entry && ((inLabel && !worksWhileEditing(*entry)) || (inBox && hasTextKey(*entry)))) return false;
-    return (!inBox && !inLabel && takeSplitterKey(message)) ||
+    const Typing typing = inLabel ? Typing::inTitle : inBox ? Typing::inSearchBox : Typing::nowhere;
+    const CommandRow* const row = rowOfKey(commands(), pressed(message.wParam));
+    if (row != nullptr && !worksWhile(typing, row->traits.keyWorks)) return false;
+    return (typing == Typing::nowhere && takeSplitterKey(message)) ||
            TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
 }
 

@@ -2,15 +2,13 @@
 
 #include "dialogs/frm_about.h"
 #include "mainwindow/availability.h"
-#include "mainwindow/command_tables.h"
+#include "mainwindow/command_controls.h"
 #include "mainwindow/layout.h"
 #include "mainwindow/preferences.h"
 #include "mainwindow/search_panel.h"
 #include "mainwindow/splitter_bar.h"
 #include "platform/controls/list_view.h"
-#include "platform/controls/menu.h"
 #include "platform/controls/status_bar.h"
-#include "platform/controls/tool_bar.h"
 #include "platform/system/internet_transfer.h"
 #include "platform/windows/drop_target.h"
 #include "platform/windows/form.h"
@@ -19,8 +17,6 @@
 #include "search/frm_search.h"
 #include "shared/workspace.h"
 #include "store/category_operations.h"
-
-#include <map>
 
 namespace vandrel {
 
@@ -50,7 +46,9 @@ class frmMain : public Window, public Form {
     frmSearch* searchWindow() { return frmSearch_.get(); }
     frmAbout* aboutBox() { return frmAbout_.get(); }
     const MainLayout& layout() const { return layout_; }
-    // Runs the procedure of a menu entry, as choosing it does.
+    // Every command, where it is offered and what it does.
+    static CommandTable commands();
+    // Runs the procedure of a menu entry, as choosing it does. Entries that have none do nothing.
     void run(int entry);
 
     std::vector<Control*> controls() override;
@@ -86,13 +84,15 @@ class frmMain : public Window, public Form {
     int pixels(Twips length) const { return toPixels(length, dpi()); }
 
     // Commands.
-    void bindCommands();
     void bindEvents();
     void lstInfo_ItemClick();
     void lstInfo_ColumnClick(std::size_t column);
     void lstCategory_ColumnClick();
     void lstInfo_RightClick(POINT screen);
     void lstCategory_RightClick(POINT screen);
+    void setGridLines(int flag);
+    void setHoverSelect(int flag);
+    void setKeepOnTop(int flag);
     void mnuGridlines_Click();
     void mnuHoverSelect_Click();
     void mnuKeepTop_Click();
@@ -139,9 +139,8 @@ class frmMain : public Window, public Form {
     LinkScanner scanner_;
     CategoryRename rename_;
     Availability availability_;
-    std::map<int, std::function<void()>> procedures_;
-    int gridLines_ = 0;
-    int hoverSelect_ = 0;
+    int gridLines_ = 0;        // 1: on; the menu's check mark and the list follow it
+    int hoverSelect_ = 0;      // likewise
     long splitterAnchor_ = 0;  // twips from the bar's left edge
     HWND lastFocus_ = nullptr; // of the controls, before the window was left
     std::unique_ptr<frmSearch> frmSearch_;

@@ -1,17 +1,11 @@
 #include "capture/dropped_link.h"
 #include "dialogs/frm_options.h"
-#include "exchange/backup.h"
-#include "exchange/create_html.h"
-#include "exchange/frm_import.h"
-#include "exchange/shortcut_export.h"
 #include "mainwindow/frm_main.h"
-#include "mainwindow/link_opening.h"
 #include "search/quick_search.h"
 #include "shared/vendor.h"
 #include "store/category_list.h"
 #include "store/category_selection.h"
 #include "store/site_move.h"
-#include "store/site_operations.h"
 #include "update/update_check.h"
 #include "update/version_report.h"
 
@@ -40,63 +34,13 @@ void frmMain::bindEvents()
     Toolbar1_.ButtonMenuClick = [this](const std::wstring& key) { Toolbar1_ButtonMenuClick(key); };
 }
 
-// Entries that no procedure is bound to do nothing.
-void frmMain::bindCommands()
-{
-    procedures_ = {
-        {mnuFind, [this] { mnuFind_Click(); }},
-        {mnuQuit, [this] { mnuQuit_Click(); }},
-        {mnuScanSelected, [this] { scanner_.mnuScanSelected_Click(); }},
-        {mnuScanAllURLs, [this] { scanner_.mnuScanAllURLs_Click(); }},
-        {mnuCurrentCat, [this] { CreateHTML(workspace_, false); }},
-        {mnuAllCats, [this] { CreateHTML(workspace_, true); }},
-        {mnuBUCurrentCat, [this] { BackUpCurrent(workspace_); }},
-        {mnuBUAllCat, [this] { BackUpAll(workspace_); }},
-        {mnuImport, [this] { mnuImport_Click(workspace_); }},
-        {mnuExport, [this] { mnuExport_Click(workspace_); }},
-        {mnuAddCategory, [this] { AddCategory(workspace_); }},
-        {mnuRemoveCategory, [this] { RemoveCategory(workspace_); }},
-        {mnuAddWebsite, [this] { AddURL(workspace_); }},
-        {mnuRemoveWebsite, [this] { RemoveURL(workspace_); }},
-        {mnuEditSel, [this] { EditSel(workspace_); }},
-        {mnuRenameCat, [this] { mnuRenameCat_Click(); }},
-        {mnuCopyURL, [this] { mnuCopyURL_Click(workspace_); }},
-        {mnuOpenURL, [this] { OpenSite(workspace_); }},
-        {mnuOpenNew, [this] { mnuOpenNew_Click(workspace_); }},
-        {mnuProperties, [this] { mnuProperties_Click(workspace_); }},
-        {mnuGridlines, [this] { mnuGridlines_Click(); }},
-        {mnuHoverSelect, [this] { mnuHoverSelect_Click(); }},
-        {mnuKeepTop, [this] { mnuKeepTop_Click(); }},
-        {mnuOptions, [this] { mnuOptions_Click(); }},
-        {mnuAbout, [this] { mnuAbout_Click(); }},
-        {mnuViewHelp, [this] { mnuViewHelp_Click(workspace_); }},
-        {mnuCheckUpdates, [this] { mnuCheckUpdates_Click(); }},
-    };
-    // The pop-ups run what the bar runs.
-    const std::pair<MenuEntry, MenuEntry> twins[] = {
-        {mnuPOpen, mnuOpenURL},
-        {mnuPCopyURL, mnuCopyURL},
-        {mnuPEditSelected, mnuEditSel},
-        {mnuPExport, mnuExport},
-        {mnuPScanSel, mnuScanSelected},
-        {mnuPAddSite, mnuAddWebsite},
-        {mnuPRemoveSite, mnuRemoveWebsite},
-        {mnuPProperties, mnuProperties},
-        {mnuPAddCat, mnuAddCategory},
-        {mnuPRemoveCat, mnuRemoveCategory},
-        {mnuPRenameCat, mnuRenameCat},
-    };
-    for (const auto& [popUpEntry, barEntry] : twins) {
-        procedures_[popUpEntry] = [this, entry = barEntry] { run(entry); };
-    }
-}
-
 void frmMain::run(int entry)
 {
     if (const auto index = mnuMove_.indexOf(entry)) {
         mnuMove_Click(workspace_, *index);
-    } else if (const auto procedure = procedures_.find(entry); procedure != procedures_.end()) {
-        procedure->second();
+    } else if (const CommandRow* const row = rowOf(commands(), entry)) {
+        if (row->procedure != nullptr) row->procedure(*this);
+        else run(row->repeats);
     }
 }
 
@@ -128,28 +72,41 @@ void frmMain::lstCategory_RightClick(POINT screen)
 
 // ---- view settings
 
+// The flags hold the state; check marks, list and window show it.
+
+void frmMain::setGridLines(int flag)
+{
+    gridLines_ = flag;
+    menus_.setChecked(mnuGridlines, flag == 1);
+    lstInfo_.setGridLines(flag == 1);
+}
+
+void frmMain::setHoverSelect(int flag)
+{
+    hoverSelect_ = flag;
+    menus_.setChecked(mnuHoverSelect, flag == 1);
+    lstInfo_.setHoverSelection(flag == 1);
+}
+
+void frmMain::setKeepOnTop(int flag)
+{
+    workspace_.keepOnTop.flag = flag;
+    menus_.setChecked(mnuKeepTop, flag == 1);
+    setTopmost(handle(), flag == 1);
+}
+
 void frmMain::mnuGridlines_Click()
 {
-    gridLines_ = menus_.checked(mnuGridlines) ? 0 : 1;
-    menus_.setChecked(mnuGridlines, gridLines_ == 1);
-    lstInfo_.setGridLines(gridLines_ == 1);
+    setGridLines(1 - gridLines_);
     preferences_.saveFlag(L"GridLines", gridLines_);
 }
 
-void frmMain::mnuHoverSelect_Click()
-{
-    hoverSelect_ = menus_.checked(mnuHoverSelect) ? 0 : 1;
-    menus_.setChecked(mnuHoverSelect, hoverSelect_ == 1);
-    lstInfo_.setHoverSelection(hoverSelect_ == 1);
-}
+void frmMain::mnuHoverSelect_Click() { setHoverSelect(1 - hoverSelect_); }
 
 void frmMain::mnuKeepTop_Click()
 {
-    const int flag = menus_.checked(mnuKeepTop) ? 0 : 1;
-    menus_.setChecked(mnuKeepTop, flag == 1);
-    workspace_.keepOnTop.flag = flag;
-    setTopmost(handle(), flag == 1);
-    preferences_.saveFlag(L"KeepTop", flag);
+    setKeepOnTop(1 - workspace_.keepOnTop.flag);
+    preferences_.saveFlag(L"KeepTop", workspace_.keepOnTop.flag);
 }
 
 // ---- other commands
@@ -196,27 +153,14 @@ void frmMain::mnuRenameCat_Click()
 
 void frmMain::mnuQuit_Click() { PostMessageW(handle(), WM_CLOSE, 0, 0); }
 
-// By position: 3, 6 and 11 are separators.
 void frmMain::Toolbar1_ButtonClick(int position)
 {
-    switch (position) {
-    case 1: run(mnuAddCategory); break;
-    case 2: run(mnuRemoveCategory); break;
-    case 4: run(mnuImport); break;
-    case 5: run(mnuExport); break;
-    case 7: run(mnuAddWebsite); break;
-    case 8: run(mnuRemoveWebsite); break;
-    case 9: run(mnuOpenURL); break;
-    case 10: run(mnuScanSelected); break;
-    case 12: run(mnuAbout); break;
-    default: break;
-    }
+    if (const CommandRow* const row = rowOfButton(commands(), position)) run(row->id);
 }
 
 void frmMain::Toolbar1_ButtonMenuClick(const std::wstring& key)
 {
-    if (key == L"selected") run(mnuScanSelected);
-    if (key == L"allurls") run(mnuScanAllURLs);
+    if (const CommandRow* const row = rowOfDropDown(commands(), key)) run(row->id);
 }
 
 } // namespace vandrel

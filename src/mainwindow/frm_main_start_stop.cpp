@@ -81,12 +81,8 @@ void frmMain::loadCategories()
 
 void frmMain::readSettings()
 {
-    gridLines_ = preferences_.flag(L"GridLines") == 1 ? 1 : 0;
-    lstInfo_.setGridLines(gridLines_ == 1);
-    menus_.setChecked(mnuGridlines, gridLines_ == 1);
-    hoverSelect_ = preferences_.flag(L"HoverSel") == 1 ? 1 : 0;
-    lstInfo_.setHoverSelection(hoverSelect_ == 1);
-    menus_.setChecked(mnuHoverSelect, hoverSelect_ == 1);
+    setGridLines(preferences_.flag(L"GridLines") == 1 ? 1 : 0);
+    setHoverSelect(preferences_.flag(L"HoverSel") == 1 ? 1 : 0);
     workspace_.options = preferences_.options();
 }
 
@@ -100,11 +96,7 @@ void frmMain::LoadPos()
     for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
         lstInfo_.setColumnWidth(column, preferences_.length(L"Col" + std::to_wstring(column + 1)));
     }
-    workspace_.keepOnTop.flag = preferences_.flag(L"KeepTop") == 1 ? 1 : 0;
-    if (workspace_.keepOnTop.flag == 1) {
-        setTopmost(handle(), true);
-        menus_.setChecked(mnuKeepTop, true);
-    }
+    if (preferences_.flag(L"KeepTop") == 1) setKeepOnTop(1);
     for (std::size_t column = 0; column < columnFallbacks.size(); ++column) {
         if (lstInfo_.columnWidth(column) == Twips{0})
             lstInfo_.setColumnWidth(column, columnFallbacks[column]);

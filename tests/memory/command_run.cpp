@@ -1,6 +1,6 @@
 #include "tests/memory/command_run.h"
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "platform/controls/status_bar.h"
 
 #include <algorithm>

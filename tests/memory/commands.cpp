@@ -1,6 +1,6 @@
 #include "tests/memory/commands.h"
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "platform/controls/status_bar.h"
 #include "store/category_selection.h"
 #include "store/save_items.h"

@@ -1,4 +1,4 @@
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "tests/program/support/program_test.h"
 
 #include <algorithm>

@@ -7,8 +7,8 @@
 //   disk_call_child start FOLDER...
 // Starts the program on each of them.
 
-#include "mainwindow/command_tables.h"
 #include "mainwindow/frm_main.h"
+#include "mainwindow/menu_entries.h"
 #include "store/category_selection.h"
 #include "store/site_operations.h"
 #include "tests/program/files/disk_calls.h"

@@ -1,6 +1,6 @@
 #include "tests/program/support/random_input.h"
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "tests/program/support/real_input.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "tests/window/capture/dropped_object.h"
 #include "tests/window/dialogs/site_editor.h"
 #include "tests/window/store/store_test.h"

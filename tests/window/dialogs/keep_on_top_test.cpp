@@ -1,4 +1,4 @@
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "platform/windows/topmost.h"
 #include "tests/support/main_window_test.h"
 #include "tests/window/dialogs/site_editor.h"

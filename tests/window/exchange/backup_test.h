@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
 #include "tests/support/wine.h"

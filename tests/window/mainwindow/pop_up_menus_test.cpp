@@ -210,6 +210,28 @@ TEST_F(PopUpMenus, TheirEntriesRunWhatTheBarRuns)
     }
 }
 
+TEST_F(PopUpMenus, EachOfTheirEntriesIsACommandOfTheBarButOpenInNewWindow)
+{
+    const std::map<int, int> expected = {
+        {mnuPOpen, mnuOpenURL},
+        {mnuPCopyURL, mnuCopyURL},
+        {mnuPEditSelected, mnuEditSel},
+        {mnuPExport, mnuExport},
+        {mnuPScanSel, mnuScanSelected},
+        {mnuPAddSite, mnuAddWebsite},
+        {mnuPRemoveSite, mnuRemoveWebsite},
+        {mnuPProperties, mnuProperties},
+        {mnuPAddCat, mnuAddCategory},
+        {mnuPRemoveCat, mnuRemoveCategory},
+        {mnuPRenameCat, mnuRenameCat},
+    };
+    std::map<int, int> repeated;
+    for (const CommandRow& row : frmMain::commands()) {
+        if (row.repeats != noEntry) repeated[row.id] = row.repeats;
+    }
+    EXPECT_EQ(repeated, expected);
+}
+
 TEST_F(PopUpMenus, RenameCategoryOfBothMenusEditsTheSelectedTitle)
 {
     startWithTwoCategories();

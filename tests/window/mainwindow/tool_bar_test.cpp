@@ -156,6 +156,20 @@ TEST_F(Toolbar1, EachPositionRunsItsCommand)
     }
 }
 
+TEST_F(Toolbar1, EachPositionIsTheButtonOfItsCommand)
+{
+    const std::pair<int, int> expected[] = {{1, mnuAddCategory}, {2, mnuRemoveCategory},
+                                            {4, mnuImport},      {5, mnuExport},
+                                            {7, mnuAddWebsite},  {8, mnuRemoveWebsite},
+                                            {9, mnuOpenURL},     {10, mnuScanSelected},
+                                            {12, mnuAbout}};
+    for (const auto& [position, entry] : expected) {
+        const CommandRow* const row = rowOfButton(frmMain::commands(), position);
+        ASSERT_NE(row, nullptr) << position;
+        EXPECT_EQ(row->id, entry) << position;
+    }
+}
+
 TEST_F(Toolbar1, SeparatorsAndOtherPositionsAndKeysRunNothing)
 {
     folder.write(L"Work.udb", threeSites);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "tests/support/main_window_test.h"
 
 #include <windows.h>

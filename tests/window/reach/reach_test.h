@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "tests/window/mainwindow/window_parts.h"
 #include "tests/window/store/store_test.h"
 

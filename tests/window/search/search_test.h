@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "platform/windows/topmost.h"
 #include "search/frm_search.h"
 #include "tests/support/input.h"

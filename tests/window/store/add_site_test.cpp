@@ -1,4 +1,4 @@
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "tests/window/dialogs/site_editor.h"
 #include "tests/window/store/store_test.h"
 

@@ -1,6 +1,6 @@
 #include "store/saved_text.h"
 
-#include "mainwindow/command_tables.h"
+#include "mainwindow/menu_entries.h"
 #include "store/site_operations.h"
 #include "tests/window/dialogs/site_editor.h"
 #include "tests/window/store/store_test.h"
