@@ -24,7 +24,7 @@ need fonts-liberation test -d /usr/share/fonts/truetype/liberation        # lett
 need xvfb           command -v Xvfb                                       # a display for tests and for machines without one
 need openbox        command -v openbox                                    # its window manager: focus, minimise, maximise
 need xdotool        command -v xdotool                                    # finds and closes the program's window
-need x11-utils      command -v xprop                                      # tells when display and window manager are ready
+need x11-utils      command -v xprop                                      # shows when display and window manager are ready
 need imagemagick    command -v import                                     # pictures of the display
 need googletest     test -e /usr/src/googletest/CMakeLists.txt            # the test framework's sources, built with the tests
 need cmake          command -v cmake                                      # the build
