@@ -37,7 +37,7 @@ double timed(const std::function<void()>& work, const std::function<void()>& bef
 
 void printHeader()
 {
-    std::printf("| work | beside | ours | floor | ratio | aim |\n|---|---|---:|---:|---:|---:|\n");
+    std::printf("| work | compared with | ours | floor | ratio | aim |\n|---|---|---:|---:|---:|---:|\n");
     std::fflush(stdout);
 }
 

@@ -114,9 +114,9 @@ void programRows()
     const fs::path onThousand = programIn(L"start-1000", 1000);
     startTime(empty); // warms the system up
     const double floor = startTime(empty);
-    print({"start to a painted window, empty folder", "start of an empty window", startTime(onEmptyFolder),
+    print({"start to a painted window, empty folder", "starting an empty window", startTime(onEmptyFolder),
            floor, "ms", 1.5});
-    print({"start to a painted window, 1,000 categories", "start of an empty window", startTime(onThousand),
+    print({"start to a painted window, 1,000 categories", "starting an empty window", startTime(onThousand),
            floor, "ms", 2});
 
     constexpr DWORD seconds = 20;

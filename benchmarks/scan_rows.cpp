@@ -107,7 +107,7 @@ void rateRow(frmMain& window, const std::wstring& url)
     const auto openAll = [&] {
         for (std::size_t i = 0; i < checksAtOnce; ++i) transfer.OpenURL(url, InternetTransfer::Body::none);
     };
-    print({"opening 500 addresses that answer at once, on the other thread", "500 bare InternetOpenUrl",
+    print({"opening 500 addresses that answer at once, on the second thread", "500 bare InternetOpenUrl",
            timed(
                openAll, [] {}, runs),
            floor, "ms", 1.5});
@@ -120,7 +120,7 @@ void memoryRow(frmMain& window)
 {
     const double before = memoryInUse();
     for (std::size_t done = 0; done < checksForMemory; done += checksAtOnce) window.run(mnuScanAllURLs);
-    print({"memory after 5,000 checks more", "before them", memoryInUse() / 1e6, before / 1e6, "MB", 1.2});
+    print({"memory after 5,000 more checks", "before them", memoryInUse() / 1e6, before / 1e6, "MB", 1.2});
 }
 
 } // namespace

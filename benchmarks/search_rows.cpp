@@ -84,7 +84,7 @@ void searchRows()
         print({"the same", "grep -F -i -c over the files", timed([&] { search.DoSearch(rareWord); }), grep,
                "ms", 1});
     }
-    searchRow(search, "a word that is nowhere", noWord, floor, 2);
+    searchRow(search, "a word that occurs nowhere", noWord, floor, 2);
     searchRow(search, "a frequent word", frequentWord, floor, 3);
     searchRow(search, "the empty term: every site is a hit", L"", floor, 4);
 
@@ -99,7 +99,7 @@ void searchRows()
         SendMessageW(results.handle(), WM_VSCROLL, SB_PAGEDOWN, 0);
         UpdateWindow(results.handle());
     };
-    print({"a page further in them", "", timed(page), 1, "ms", 100});
+    print({"scrolling them by a page", "", timed(page), 1, "ms", 100});
 
     search.DoSearch(rareWord);
     for (int i = 0; i < repetitions; ++i) search.DoSearch(rareWord);

@@ -65,7 +65,7 @@ void openRow(Bench& bench)
     bench.clickLarge();
     const double added = (memoryInUse() - before) / 1e6;
     const double fileSize = static_cast<double>(readWhole(L"Large.udb").size()) / 1e6;
-    print({"memory that this adds", "the file's bytes", added, fileSize, "MB", 5});
+    print({"memory added by this", "the file's bytes", added, fileSize, "MB", 5});
 }
 
 double saveRow(Bench& bench)

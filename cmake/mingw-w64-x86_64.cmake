@@ -1,4 +1,4 @@
-# Cross-compiles for 64-bit Windows. The posix thread variant is needed: the plain one has no std::thread.
+# Cross-compiles for 64-bit Windows. The posix thread variant is needed: the other one has no std::thread.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Renders the pictures of Vandrel: pictures/*.svg -> resources/*.ico
+# Renders Vandrel's icons: pictures/*.svg -> resources/*.ico
 #
 # Needs rsvg-convert (librsvg2-bin) and icotool (icoutils). The rendered files
-# are kept in the repository, so only a change of a picture calls for this.
+# are kept in the repository, so this is needed only when a drawing changes.
 #
-# <name>.svg is the drawing, on a 48x48 grid unless its sizes call for another;
+# <name>.svg is the drawing, on a 48x48 grid unless its sizes need another;
 # <name>-<size>.svg is the drawing for that size alone, with edges on whole
 # pixels where the grid would blur them, and simpler if the size is small.
 # On the 48x48 grid, even coordinates are whole pixels at 24 px too; 16, 20
@@ -24,7 +24,7 @@ trap 'rm -rf -- "$tmp"' EXIT
 mkdir -p -- "$out"
 
 # The sizes of a picture in pixels: those kept as 32-bit bitmaps with alpha,
-# and those kept as PNG because as bitmaps they would weigh a few hundred KB.
+# and those kept as PNG because as bitmaps they would take a few hundred KB.
 sizes_of() {
     bitmaps=(16 20 24 32 40 48)
     pngs=()
@@ -53,7 +53,7 @@ for source in "$here"/*.svg; do
     for size in "${bitmaps[@]}"; do render "$name" "$size"; args+=("$png"); done
     for size in "${pngs[@]}"; do render "$name" "$size"; args+=("--raw=$png"); done
 
-    # Written aside and moved, so that a failure leaves the old picture whole.
+    # Written elsewhere and moved, so that a failure leaves the old icon intact.
     icotool --create --icon --bit-depth=32 --output="$tmp/$name.ico" "${args[@]}"
     mv -f -- "$tmp/$name.ico" "$out/$name.ico"
 done

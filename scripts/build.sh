@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Configures and builds a CMake preset, with all processors and few words.
+# Configures and builds a CMake preset, on all processors and with little output.
 #   build.sh PRESET [TARGET...]
 set -euo pipefail
 cd -- "$(dirname -- "$(dirname -- "$(readlink -f -- "$0")")")"

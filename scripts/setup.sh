@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs through apt what building, running and testing Vandrel needs and this machine lacks.
-# Looks for each tool by its command or file, so that a call with nothing to do is quick.
+# Installs, with apt, whatever this machine lacks of what building, running and testing Vandrel needs.
+# Looks for each tool by its command or file, so that a call is quick if there is nothing to do.
 set -euo pipefail
 
 missing=()
@@ -20,11 +20,11 @@ need g++-mingw-w64-x86-64-posix command -v x86_64-w64-mingw32-g++-posix   # the 
 need binutils-mingw-w64-x86-64  command -v x86_64-w64-mingw32-windres     # menus, icons and manifest into the program
 need wine64         test -x /usr/lib/wine/wine64 -o -x /usr/bin/wine64 -o -x /usr/bin/wine # runs the program and its tests
 need fonts-wine     test -e /usr/share/wine/fonts/marlett.ttf             # check marks and arrows of menus and controls
-need fonts-liberation test -d /usr/share/fonts/truetype/liberation        # letters as wide as those of Arial
+need fonts-liberation test -d /usr/share/fonts/truetype/liberation        # letters with the widths of Arial's
 need xvfb           command -v Xvfb                                       # a display for tests and for machines without one
 need openbox        command -v openbox                                    # its window manager: focus, minimise, maximise
 need xdotool        command -v xdotool                                    # finds and closes the program's window
-need x11-utils      command -v xprop                                      # tells when display and window manager are ready
+need x11-utils      command -v xprop                                      # shows when display and window manager are ready
 need imagemagick    command -v import                                     # pictures of the display
 need googletest     test -e /usr/src/googletest/CMakeLists.txt            # the test framework's sources, built with the tests
 need cmake          command -v cmake                                      # the build

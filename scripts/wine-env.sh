@@ -1,15 +1,15 @@
 # shellcheck shell=bash
-# To be sourced by the scripts that run Windows programs: where Wine is, which folder plays the part of the
-# Windows installation ("prefix"), and a display that nobody else types on.
-# The prefixes lie in build/, so the developer's own Wine settings are never touched:
+# Sourced by the scripts that run Windows programs: where Wine is, which folder acts as the Windows installation
+# (the prefix), and a display that nobody else types on.
+# The prefixes are in build/, so the developer's own Wine settings are never touched:
 #   build/wineprefix-base   as Wine made it, never used itself
-#   build/wineprefix        the tests' one, a copy of the base
-#   build/wineprefix-NAME   others (VANDREL_PREFIX=NAME), likewise copies
+#   build/wineprefix        for the tests, a copy of the base
+#   build/wineprefix-NAME   others (VANDREL_PREFIX=NAME), also copies
 
 vandrel_root=$(dirname -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")")
 vandrel_say() { printf '%s: %s\n' "$(basename -- "$0")" "$*" >&2; }
 
-# Wine's loader itself: the `wine` command of Debian is a wrapper that complains about the 32-bit part.
+# Wine's loader itself: Debian's `wine` command is a wrapper that complains that the 32-bit part is missing.
 wine64=
 for wine64_candidate in /usr/lib/wine/wine64 /usr/lib/*/wine/wine64 /usr/bin/wine64 /usr/bin/wine; do
     if [[ -x $wine64_candidate ]]; then
@@ -31,18 +31,18 @@ WINEPREFIX=$vandrel_root/build/wineprefix${VANDREL_PREFIX:+-$VANDREL_PREFIX}
 WINEARCH=win64
 WINEDEBUG=${WINEDEBUG--all}
 # No .NET, no HTML engine, no menu entries in the developer's desktop, and a crash ends the program at once
-# instead of starting a debugger that waits for ever.
+# instead of starting a debugger that waits forever.
 WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winedbg.exe=d"
-# The locale decides the ANSI code page, the form of dates and how names on the disk are read: C.UTF-8 is code
-# page 1252, 11/16/2002 and any letter (plain C would take the eighth bit off every letter of a file name).
+# The locale decides the ANSI code page, the date format and how file names are read: C.UTF-8 means code page 1252,
+# 11/16/2002 and any letter (plain C would strip the eighth bit from every letter of a file name).
 LC_ALL=${VANDREL_LC:-C.UTF-8}
 # Tests without a window (prefix "files") leave the first processor to those with one.
 [[ $VANDREL_PREFIX != files || -z ${VANDREL_CPU-} ]] || VANDREL_CPU=1
 export VANDREL_PREFIX WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LC_ALL
 
-# A Windows program asks the Wine server for nearly everything, and waits for the answer. On one processor that is a
-# switch of tasks; on two, each has to be woken up, which takes far longer. VANDREL_CPU says on which of the
-# processors at hand, counted from 0, the server of a prefix and its programs run; empty: on any.
+# A Windows program asks the Wine server for nearly everything and waits for the answer. On one processor that is a task
+# switch; on two, each has to be woken up, which takes far longer. VANDREL_CPU says on which of the available
+# processors, counted from 0, the server of a prefix and its programs run; if empty, on any.
 wine_on_cpu() {
     [[ -n ${VANDREL_CPU-} ]] || { "$@"; return; }
     local ranges range cpus=()
@@ -51,7 +51,7 @@ wine_on_cpu() {
     taskset -c "${cpus[VANDREL_CPU % ${#cpus[@]}]}" "$@"
 }
 
-# wait_until SECONDS COMMAND... : try the command until it succeeds, at most so long
+# wait_until SECONDS COMMAND... : tries the command until it succeeds, for at most this long
 wait_until() {
     local deadline=$((SECONDS + $1))
     shift
@@ -70,7 +70,7 @@ wine_stop() {
 
 # A server that outlives each program by two minutes: the next program starts in 0.04 s instead of 0.5 s.
 # Wine's own processes are started here, with their output cut off from ours: a program that started them would
-# hand them its output, and whoever reads that (ctest does) would wait until they end.
+# pass them its output, and whatever reads that (as ctest does) would wait until they end.
 wine_server_start() {
     (
         flock 9
@@ -83,7 +83,7 @@ wine_server_start() {
     ) 9>"$vandrel_root/build/wineprefix.lock"
 }
 
-# Makes the prefix when it is not there. Two callers do not collide: the second waits for the first.
+# Makes the prefix if it does not exist. Two callers do not collide: the second waits for the first.
 wine_prefix() {
     [[ -e $WINEPREFIX/.ready ]] && return
     if [[ -z $wine64 || -z $wineserver ]]; then
@@ -108,7 +108,7 @@ wine_prefix_base() {
         WINEPREFIX=$base wine_stop
         return 1
     fi
-    # The registry is on disk when the server has ended; left alone it ends within seconds.
+    # The registry is on disk once the server has ended; if left alone, it ends within seconds.
     WINEPREFIX=$base timeout -k 5 60 "$wineserver" -w </dev/null >/dev/null 2>&1 || WINEPREFIX=$base wine_stop
     local link
     for link in "$base"/drive_c/users/*/*; do
@@ -117,7 +117,7 @@ wine_prefix_base() {
     touch "$base/.ready"
 }
 
-# Windows' own files (700 MB, which no program changes) are shared by hard links, all else is copied.
+# Windows' own files (700 MB, which no program changes) are shared by hard links; all else is copied.
 wine_prefix_copy() {
     local base=$vandrel_root/build/wineprefix-base new=$WINEPREFIX.new
     [[ -e $WINEPREFIX/.ready ]] && return
@@ -128,15 +128,15 @@ wine_prefix_copy() {
     mv -- "$new" "$WINEPREFIX"
 }
 
-# As Wine made it: no setting of an earlier run is left.
+# As Wine made it, with no settings left from an earlier run.
 wine_prefix_fresh() {
     wine_stop
     rm -rf -- "$WINEPREFIX"
     wine_prefix
 }
 
-# A display of our own when there is none, or when VANDREL_VIRTUAL=1 asks for it; it ends with the calling
-# script (VANDREL_KEEP_DISPLAY=1: it stays). Sets DISPLAY, display_pids and display_is_virtual.
+# A display of our own if there is none, or if VANDREL_VIRTUAL=1 asks for it, VANDREL_SCREEN in size. It ends with the
+# calling script unless VANDREL_KEEP_DISPLAY=1. Sets DISPLAY, display_pids and display_is_virtual.
 # shellcheck disable=SC2034 # for the scripts that source this file
 display_is_virtual=0
 display_pids=()
@@ -151,8 +151,8 @@ display_start() {
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
     [[ ${VANDREL_KEEP_DISPLAY-} == 1 ]] || with_us=(setpriv --pdeathsig TERM --)
-    # Xvfb takes the first free number itself and writes it down when it is ready.
-    setsid "${with_us[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset \
+    # Xvfb takes the first free number itself and writes it to the file when it is ready.
+    setsid "${with_us[@]}" Xvfb -displayfd 3 -screen 0 "${VANDREL_SCREEN:-1280x1024}x24" -dpi 96 -nolisten tcp -noreset \
         </dev/null >"$state/xvfb.log" 2>&1 3>"$state/number" &
     display_pids=("$!")
     if ! wait_until 20 grep -q . "$state/number"; then

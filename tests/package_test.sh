@@ -41,7 +41,7 @@ here=$work/unpacked/Vandrel
 cmp -- "$built/Vandrel.exe" "$here/Vandrel.exe" || fail "another program"
 cmp -- help/help.html "$here/help.html" || fail "another manual"
 grep -q $'^VANDREL\r$' "$here/ReadMe.txt" || fail "the read-me has no line ends of Windows"
-pictures=$(grep -o '<img src="[^"]*"' help/help.html | cut -d '"' -f 2)
+pictures=$(grep -o 'pictures/[a-z0-9-]*\.png' help/help.html)
 [[ -n $pictures ]] || fail "the manual refers to no picture"
 for picture in $pictures; do
     [[ -s $here/$picture ]] || fail "the manual refers to $picture, which is not in the zip"
