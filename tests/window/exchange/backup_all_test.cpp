@@ -1,5 +1,6 @@
 #include "platform/windows/message_throttle.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/test_clock.h"
 #include "tests/window/exchange/backup_drive.h"
 #include "tests/window/exchange/backup_test.h"
 
@@ -138,6 +139,7 @@ TEST_F(BackupAllTest, TheBarShowsEachCategoryBeforeItIsCopied)
 TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
 {
     startWithThree();
+    TestClock clock;
     int paints = 0;
     bool typed = false;
     const MessageWatch paint(lstInfo().handle(), WM_PAINT, [&] { ++paints; });
@@ -146,8 +148,7 @@ TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
         InvalidateRect(lstInfo().handle(), nullptr, FALSE);
         PostMessageW(lstCategory().handle(), WM_KEYDOWN, VK_HOME, 1);
         PostMessageW(main->handle(), WM_COMMAND, mnuGridlines, 0);
-        const ULONGLONG start = GetTickCount64();
-        while (GetTickCount64() < start + 2 * MessageThrottle::usualMilliseconds) Sleep(1);
+        clock.pass(MessageThrottle::usualMilliseconds);
     });
     const bool before = lstInfo().gridLines();
     backUpTo(target.path());

@@ -1,5 +1,6 @@
 #include "platform/windows/message_throttle.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/test_clock.h"
 #include "tests/window/exchange/html_test.h"
 
 namespace vandrel::test {
@@ -16,16 +17,17 @@ class HtmlPaintingTest : public HtmlTest {
         start();
         clickCategory(L"C1");
     }
-    // Does something at each category, and makes it last so long that the window gets a turn.
+    // Does something at each category, which lasts so long that the window gets a turn.
     MessageWatch atEachCategory(std::function<void()> act)
     {
-        return {workspace().PB.handle(), PBM_SETPOS, [act = std::move(act)] {
+        return {workspace().PB.handle(), PBM_SETPOS, [this, act = std::move(act)] {
                     act();
-                    const ULONGLONG start = GetTickCount64();
-                    while (GetTickCount64() < start + 2 * MessageThrottle::usualMilliseconds) Sleep(1);
+                    clock.pass(MessageThrottle::usualMilliseconds);
                 }};
     }
     static bool questionIsOpen() { return FindWindowW(L"#32770", html::questionTitle) != nullptr; }
+
+    TestClock clock;
 };
 
 TEST_F(HtmlPaintingTest, TheWindowIsPaintedBetweenCategories)

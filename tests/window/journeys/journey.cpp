@@ -610,7 +610,6 @@ void JourneyTest::checkUpdates()
 
 // ---- the disk
 
-// Two seconds pass until a save gives up.
 void JourneyTest::addWhileHeld(const JourneyStep& step)
 {
     if (!model_.shown || !model_.files.contains(model_.categories[*model_.shown]) || step.b % 4 != 0) return;

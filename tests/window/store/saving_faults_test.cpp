@@ -2,8 +2,6 @@
 #include "tests/window/platform/files/failing_files.h"
 #include "tests/window/store/store_test.h"
 
-#include <thread>
-
 namespace vandrel::test {
 namespace {
 
@@ -56,9 +54,8 @@ TEST_F(SavingFault, AFileThatAnotherProgramHoldsIsWaitedForAndThenRefused)
 {
     startWithAChange();
     HeldFile held(folder.file(L"Work.udb"));
-    const ULONGLONG begin = GetTickCount64();
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
-    EXPECT_GE(GetTickCount64() - begin, 1500U);
+    EXPECT_EQ(held.slept(), 2000U);
     held.release();
     expectTheOldFileAndTheNewList();
     SaveItems(workspace());
@@ -69,12 +66,9 @@ TEST_F(SavingFault, AFileThatAnotherProgramHoldsForAMomentIsSavedWhenItLetsGo)
 {
     startWithAChange();
     HeldFile held(folder.file(L"Work.udb"));
-    std::thread other([&] {
-        Sleep(150);
-        held.release();
-    });
+    held.releaseAfterSleeping(150);
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 0);
-    other.join();
+    EXPECT_EQ(held.slept(), 150U);
     EXPECT_EQ(folder.read(L"Work.udb"), after);
     EXPECT_EQ(folder.names(), Lines{L"Work.udb"});
 }

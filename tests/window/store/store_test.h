@@ -6,6 +6,7 @@
 #include "store/category_selection.h"
 #include "store/save_items.h"
 #include "tests/support/error_of.h"
+#include "tests/support/held_file.h"
 #include "tests/support/main_window_test.h"
 
 #include <initializer_list>
@@ -80,27 +81,6 @@ inline std::vector<int> buttonsOf(HWND box)
     }
     return ids;
 }
-
-// A file that another program has open for itself alone.
-class HeldFile {
-  public:
-    explicit HeldFile(const std::wstring& path)
-        : file_(
-              CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr))
-    {
-        EXPECT_NE(file_, INVALID_HANDLE_VALUE);
-    }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-    ~HeldFile() { release(); }
-    void release()
-    {
-        if (file_ != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(file_, INVALID_HANDLE_VALUE));
-    }
-
-  private:
-    HANDLE file_;
-};
 
 // The process's current directory, until the end of the test.
 class CurrentFolder {

@@ -1,14 +1,12 @@
-#include "platform/base/handle.h"
 #include "platform/base/runtime_error.h"
 #include "platform/files/file_layer.h"
 #include "tests/support/error_of.h"
+#include "tests/support/held_file.h"
 #include "tests/support/temp_folder.h"
 #include "tests/window/exchange/backup_drive.h"
 #include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
-
-#include <thread>
 
 namespace vandrel::test {
 namespace {
@@ -20,10 +18,6 @@ class FileCopy : public testing::Test {
     int copy(const std::wstring& from, const std::wstring& to)
     {
         return errorOf([&] { copyFile(folder.file(from), target.file(to)); });
-    }
-    static FileHandle hold(const std::wstring& path, DWORD share = 0)
-    {
-        return FileHandle(CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
     }
     static DWORD readOnlyMark(const std::wstring& path)
     {
@@ -128,7 +122,7 @@ TEST_F(FileCopy, OfAHiddenFileIsMadeAgainAndAgain)
 TEST_F(FileCopy, AFileThatOthersReadIsCopied)
 {
     folder.write(L"a.udb", "bytes");
-    const FileHandle reader = hold(folder.file(L"a.udb"), FILE_SHARE_READ);
+    const HeldFile reader(folder.file(L"a.udb"), FILE_SHARE_READ);
     EXPECT_EQ(copy(L"a.udb", L"a.udb"), 0);
     EXPECT_EQ(target.read(L"a.udb"), "bytes");
 }
@@ -137,13 +131,10 @@ TEST_F(FileCopy, WaitsForATargetThatAnotherProgramHoldsForAMoment)
 {
     folder.write(L"a.udb", "new");
     target.write(L"a.udb", "old");
-    FileHandle other = hold(target.file(L"a.udb"));
-    std::jthread release([&] {
-        Sleep(200);
-        other.reset();
-    });
+    HeldFile other(target.file(L"a.udb"));
+    other.releaseAfterSleeping(200);
     EXPECT_EQ(copy(L"a.udb", L"a.udb"), 0);
-    release.join();
+    EXPECT_EQ(other.slept(), 200U);
     EXPECT_EQ(target.read(L"a.udb"), "new");
     EXPECT_EQ(target.names(), Names{L"a.udb"});
 }
@@ -197,7 +188,7 @@ TEST_F(FileCopy, OfAFileThatAnotherProgramHoldsIsError70)
 {
     folder.write(L"a.udb", "new");
     target.write(L"a.udb", "old");
-    const FileHandle other = hold(folder.file(L"a.udb"));
+    const HeldFile other(folder.file(L"a.udb"));
     EXPECT_EQ(copy(L"a.udb", L"a.udb"), error_number::permissionDenied);
     EXPECT_EQ(target.read(L"a.udb"), "old");
     EXPECT_EQ(target.names(), Names{L"a.udb"});
@@ -207,9 +198,9 @@ TEST_F(FileCopy, OverAFileThatAnotherProgramHoldsFailsAndLeavesNothing)
 {
     folder.write(L"a.udb", "new");
     target.write(L"a.udb", "old");
-    FileHandle other = hold(target.file(L"a.udb"));
+    HeldFile other(target.file(L"a.udb"));
     EXPECT_NE(copy(L"a.udb", L"a.udb"), 0);
-    other.reset();
+    other.release();
     EXPECT_EQ(target.read(L"a.udb"), "old");
     EXPECT_EQ(target.names(), Names{L"a.udb"});
 }
@@ -219,9 +210,9 @@ TEST_F(FileCopy, OfAReadOnlyFileThatFailsLeavesNothing)
     folder.write(L"a.udb", "new");
     SetFileAttributesW(folder.file(L"a.udb").c_str(), FILE_ATTRIBUTE_READONLY);
     target.write(L"a.udb", "old");
-    FileHandle other = hold(target.file(L"a.udb"));
+    HeldFile other(target.file(L"a.udb"));
     EXPECT_NE(copy(L"a.udb", L"a.udb"), 0);
-    other.reset();
+    other.release();
     EXPECT_EQ(target.names(), Names{L"a.udb"});
     EXPECT_EQ(target.read(L"a.udb"), "old");
 }

@@ -1,6 +1,6 @@
-#include "platform/base/handle.h"
 #include "platform/base/runtime_error.h"
 #include "tests/support/error_of.h"
+#include "tests/support/held_file.h"
 #include "tests/support/temp_folder.h"
 #include "tests/window/platform/files/failing_files.h"
 
@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <new>
-#include <thread>
 
 namespace vandrel::test {
 namespace {
@@ -53,9 +52,9 @@ class SaveWithoutRights : public testing::Test {
     }
     void expectSavedAtOnce()
     {
-        const ULONGLONG start = GetTickCount64();
+        const TestClock clock;
         EXPECT_EQ(save(), 0);
-        EXPECT_LT(GetTickCount64() - start, 1000U);
+        EXPECT_LT(clock.slept(), 1000U);
         EXPECT_EQ(folder.read(L"Work.udb"), after);
         EXPECT_EQ(folder.names(), std::vector<std::wstring>{L"Work.udb"});
     }
@@ -115,14 +114,10 @@ TEST_F(SaveWithoutRights, OfAFileThatAnotherProgramHoldsWaitsForIt)
     for (bool* const right : {&files.newFiles, &files.replacing}) {
         folder.write(L"Work.udb", before);
         *right = false;
-        FileHandle other(
-            CreateFileW(path().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        HeldFile other(path(), FILE_SHARE_READ);
         EXPECT_EQ(save(), error_number::permissionDenied);
         EXPECT_EQ(folder.read(L"Work.udb"), before);
-        std::jthread letGo([&] {
-            Sleep(300);
-            other.reset();
-        });
+        other.releaseAfterSleeping(300);
         EXPECT_EQ(save(), 0);
         EXPECT_EQ(folder.read(L"Work.udb"), after);
         EXPECT_EQ(folder.names(), std::vector<std::wstring>{L"Work.udb"});
@@ -172,6 +167,8 @@ class FailingInPlace : public FailingFiles {
 
 class SaveInPlaceStep : public SaveWithoutRights {
   protected:
+    TestClock clock;
+
     int save(FileLayer& layer, const std::string& bytes)
     {
         return errorOf([&] { replaceFile(path(), bytes, layer); });
