@@ -4,7 +4,7 @@
 #include "platform/files/ansi_text_writer.h"
 #include "platform/files/file_layer.h"
 #include "platform/text/ansi_text.h"
-#include "tests/core/hostile/hostile_text.h"
+#include "tests/support/hostile_text.h"
 #include "tests/support/temp_folder.h"
 
 #include <windows.h>

@@ -1,8 +1,8 @@
 #include "exchange/shortcut_name.h"
-#include "tests/core/hostile/hostile_text.h"
-#include "tests/window/capture/drop_test.h"
-#include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/drop_test.h"
+#include "tests/support/hostile_text.h"
+#include "tests/support/import_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {

@@ -5,7 +5,7 @@
 #include "store/category_selection.h"
 #include "store/save_items.h"
 #include "store/site_operations.h"
-#include "tests/window/capture/dropped_object.h"
+#include "tests/support/dropped_object.h"
 #include "update/update_check.h"
 
 #include <commctrl.h>

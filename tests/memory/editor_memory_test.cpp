@@ -1,8 +1,8 @@
 #include "dialogs/frm_input.h"
 #include "tests/memory/quiet_answers.h"
 #include "tests/support/failing_new.h"
+#include "tests/support/site_editor.h"
 #include "tests/support/test_window.h"
-#include "tests/window/dialogs/site_editor.h"
 
 #include <gtest/gtest.h>
 

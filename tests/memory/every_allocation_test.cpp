@@ -1,6 +1,6 @@
 #include "tests/memory/command_run.h"
+#include "tests/support/own_process.h"
 #include "tests/support/test_server.h"
-#include "tests/window/endurance/own_process.h"
 
 #include <gtest/gtest.h>
 

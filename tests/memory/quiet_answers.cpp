@@ -1,6 +1,7 @@
 #include "tests/memory/quiet_answers.h"
 
-#include "tests/window/dialogs/site_editor.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/site_editor.h"
 
 #include <commctrl.h>
 #include <shlobj.h>
@@ -56,18 +57,12 @@ bool isBox(HWND dialog)
            FindWindowExW(dialog, nullptr, WC_TREEVIEWW, nullptr) == nullptr;
 }
 
-// Wine does not always find a new folder at the first time of asking.
+// Wine does not always find a new folder the first time it is asked. Unlike selectFolder, this allocates nothing.
 bool selectsFolder(HWND browser, wstring_view path)
 {
     SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.data()));
-    const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
     wchar_t text[MAX_PATH]{};
-    TVITEMW item{};
-    item.mask = TVIF_TEXT;
-    item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-    item.pszText = text;
-    item.cchTextMax = MAX_PATH;
-    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    readFolder(browser, TVGN_CARET, text);
     return _wcsicmp(text, path.data() + path.rfind(L'\\') + 1) == 0;
 }
 

@@ -53,8 +53,7 @@ bool writeSiblingWithRetries(FileLayer& files, const std::wstring& sibling, cons
 {
     return retryWhile([&] { return writeSibling(files, sibling, contents); },
                       [&](DWORD reason) {
-                          return meansHeld(reason) ||
-                                 (reason == ERROR_ACCESS_DENIED && isPlainFile(sibling));
+                          return meansHeld(reason) || (reason == ERROR_ACCESS_DENIED && isPlainFile(sibling));
                       });
 }
 

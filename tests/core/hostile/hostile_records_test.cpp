@@ -1,7 +1,7 @@
-#include "hostile/hostile_text.h"
 #include "model/site_lines.h"
 #include "model/site_record.h"
 #include "print.h"
+#include "tests/support/hostile_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "tests/program/support/program_files.h"
 #include "tests/program/support/program_test.h"
+#include "tests/support/text_lines.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,17 +15,6 @@ std::wstring decoded(const std::string& bytes)
         static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()),
                                                      text.data(), static_cast<int>(text.size()))));
     return text;
-}
-
-std::vector<std::string> linesOf(const std::string& bytes)
-{
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start < bytes.size();) {
-        const std::size_t end = std::min(bytes.find("\r\n", start), bytes.size());
-        lines.push_back(bytes.substr(start, end - start));
-        start = end + 2;
-    }
-    return lines;
 }
 
 // The lines that are sites.

@@ -1,5 +1,5 @@
 #include "tests/program/support/program_test.h"
-#include "tests/program/support/registry_value.h"
+#include "tests/support/registry_value.h"
 
 #include <algorithm>
 #include <filesystem>

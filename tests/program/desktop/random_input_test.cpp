@@ -1,6 +1,6 @@
 #include "tests/program/support/random_user.h"
 #include "tests/program/support/shortcut_test.h"
-#include "tests/window/mainwindow/recorder.h"
+#include "tests/support/recorder.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -109,12 +109,12 @@ class RandomInput : public ShortcutTest {
   private:
     static std::wstring standIn() { return L"\"" + nativePath(VANDREL_RECORDER) + L"\" \"%1\""; }
 
-    RegistryDefault http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", standIn()};
-    RegistryDefault https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", standIn()};
-    RegistryDefault mail_{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", standIn()};
-    RegistryDefault browser_{HKEY_LOCAL_MACHINE,
-                             L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE",
-                             nativePath(VANDREL_RECORDER)};
+    RegistryValue http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", L"", standIn()};
+    RegistryValue https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", L"", standIn()};
+    RegistryValue mail_{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", L"", standIn()};
+    RegistryValue browser_{HKEY_LOCAL_MACHINE,
+                           L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE", L"",
+                           nativePath(VANDREL_RECORDER)};
 };
 
 TEST_F(RandomInput, NeverEndsTheProgramNorStopsItNorLeavesHalfAFile)

@@ -14,8 +14,9 @@
 #include "tests/program/files/disk_calls.h"
 #include "tests/program/files/ending_files.h"
 #include "tests/support/answers.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/site_editor.h"
 #include "tests/support/wine.h"
-#include "tests/window/dialogs/site_editor.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -88,20 +89,7 @@ std::function<void(HWND)> naming(const std::wstring& path)
 std::function<void(HWND)> browsingTo(const std::wstring& folder)
 {
     return [folder](HWND browser) {
-        const std::wstring name = folder.substr(folder.rfind(L'\\') + 1);
-        const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
-        // Wine does not always find a new folder at the first time of asking.
-        pumpUntil([&] {
-            SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(folder.c_str()));
-            wchar_t text[MAX_PATH]{};
-            TVITEMW item{};
-            item.mask = TVIF_TEXT;
-            item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-            item.pszText = text;
-            item.cchTextMax = MAX_PATH;
-            SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-            return name == text;
-        });
+        selectFolder(browser, folder);
         press(browser, IDOK);
     };
 }

@@ -2,9 +2,10 @@
 #include "platform/files/file_layer.h"
 #include "platform/files/left_behind.h"
 #include "tests/program/files/disk_calls.h"
+#include "tests/program/files/start_process.h"
+#include "tests/support/own_process.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/wine.h"
-#include "tests/window/endurance/own_process.h"
 
 #include <windows.h>
 
@@ -174,7 +175,7 @@ class CommandRun {
         const auto usual = environmentText(L"TMP");
         SetEnvironmentVariableW(L"TMP", temporary.c_str());
         PROCESS_INFORMATION started{};
-        const bool begun = startProcess(line, startup, started);
+        const bool begun = startProcess(line, startup, started, longestRunMilliseconds);
         SetEnvironmentVariableW(L"TMP", usual ? usual->c_str() : nullptr);
         if (!begun) return static_cast<DWORD>(-1);
         CloseHandle(started.hThread);
@@ -185,19 +186,6 @@ class CommandRun {
         CloseHandle(started.hProcess);
         return code;
     }
-    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may
-    // not be found.
-    static bool startProcess(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
-    {
-        const ULONGLONG deadline = GetTickCount64() + longestRunMilliseconds;
-        while (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                              &started) == 0) {
-            if (GetTickCount64() >= deadline) return false;
-            Sleep(20);
-        }
-        return true;
-    }
-
     std::wstring command_;
     TempFolder data_{L"disk-call"};
     TempFolder target_{L"disk-call-target"};

@@ -1,4 +1,5 @@
 #include "platform/base/handle.h"
+#include "tests/program/files/start_process.h"
 #include "tests/program/files/versions.h"
 #include "tests/support/temp_folder.h"
 
@@ -49,7 +50,7 @@ class Durability : public testing::TestWithParam<int> {
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION started{};
-        ASSERT_TRUE(startProcess(line, startup, started)) << "error " << GetLastError();
+        ASSERT_TRUE(startProcess(line, startup, started, limitMilliseconds)) << "error " << GetLastError();
         const HANDLE either[] = {begun, started.hProcess};
         EXPECT_EQ(WaitForMultipleObjects(2, either, FALSE, limitMilliseconds), WAIT_OBJECT_0);
         waitExactly(milliseconds);
@@ -60,18 +61,6 @@ class Durability : public testing::TestWithParam<int> {
         CloseHandle(started.hThread);
         CloseHandle(started.hProcess);
         CloseHandle(begun);
-    }
-    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may
-    // not be found.
-    static bool startProcess(std::wstring line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
-    {
-        const ULONGLONG deadline = GetTickCount64() + limitMilliseconds;
-        while (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                              &started) == 0) {
-            if (GetTickCount64() >= deadline) return false;
-            Sleep(20);
-        }
-        return true;
     }
     static void waitExactly(double milliseconds)
     {

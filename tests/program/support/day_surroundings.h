@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/program/support/program_files.h"
-#include "tests/program/support/registry_value.h"
+#include "tests/support/registry_value.h"
 #include "tests/support/temp_folder.h"
 
 #include <windows.h>

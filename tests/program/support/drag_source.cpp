@@ -4,7 +4,7 @@
 // told: "returned copy". It stays until it is ended, as a browser would: Windows gives the keyboard to
 // another program when one ends, and that must not hide that the one under test does not take it.
 
-#include "tests/window/capture/dropped_object.h"
+#include "tests/support/dropped_object.h"
 
 #include <stdlib.h> // __argc and __wargv
 

@@ -4,6 +4,7 @@
 #include "tests/program/support/eventually.h"
 #include "tests/program/support/program_files.h"
 #include "tests/program/support/real_input.h"
+#include "tests/support/window_facts.h"
 
 #include <commctrl.h>
 
@@ -21,21 +22,6 @@ constexpr const wchar_t* menuClass = L"#32768";
 constexpr int boxTextId = 0xFFFF;
 constexpr int categoriesId = 201;
 constexpr int sitesId = 202;
-
-std::wstring classOf(HWND window)
-{
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
-// A dialog may go at any moment; its caption is read without asking it.
-std::wstring captionOf(HWND window)
-{
-    wchar_t text[256]{};
-    GetWindowTextW(window, text, 256);
-    return text;
-}
 
 // The visible top-level windows of the process, of one class or of all.
 std::vector<HWND> windowsOf(DWORD processId, const std::wstring& className = {})

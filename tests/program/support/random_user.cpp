@@ -4,6 +4,7 @@
 #include "tests/program/support/eventually.h"
 #include "tests/program/support/random_windows.h"
 #include "tests/program/support/real_input.h"
+#include "tests/support/window_facts.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -9,7 +9,6 @@ namespace vandrel::test {
 
 inline constexpr int fileNameId = 1148; // of the system's dialog for files
 
-std::wstring captionOf(HWND window);
 // What of a text can be printed everywhere.
 std::string narrow(const std::wstring& text);
 // For the message of a failure.

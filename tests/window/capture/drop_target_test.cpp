@@ -1,4 +1,4 @@
-#include "tests/window/capture/drop_test.h"
+#include "tests/support/drop_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/text/ansi_text.h"
 #include "platform/windows/topmost.h"
-#include "tests/window/capture/drop_test.h"
+#include "tests/support/drop_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,22 +1,15 @@
 #include "shared/vendor.h"
 #include "tests/support/input.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 
 #include <set>
 
 namespace vandrel::test {
 namespace {
 
-class AboutLook : public AboutTest {
-  protected:
-    static bool isWithin(const RECT& inner, const RECT& outer)
-    {
-        RECT both{};
-        UnionRect(&both, &inner, &outer);
-        return EqualRect(&both, &outer) != 0;
-    }
-};
+class AboutLook : public AboutTest {};
 
 TEST_F(AboutLook, TheFirstLineIsTheVersionWithoutLeadingZeros)
 {
@@ -91,19 +84,16 @@ TEST_F(AboutLook, NoTextIsClippedAndNothingCovered)
             EXPECT_FALSE(IntersectRect(&both, &one, &two)) << GetDlgCtrlID(part) << GetDlgCtrlID(other);
         }
     }
-    const auto fontOf = [](HWND label) {
-        return reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0));
-    };
     LONG height = 0;
     for (const std::wstring& line :
          {std::wstring(L"Version 100.200.30000"), makersNotice, std::wstring(L"Contact:")}) {
-        const SIZE size = textSize(fontOf(box.lblInfo()), line);
+        const SIZE size = textSize(fontHandleOf(box.lblInfo()), line);
         EXPECT_GE(clientOf(box.lblInfo()).right, size.cx) << testing::PrintToString(line);
         height += size.cy;
     }
     EXPECT_GE(clientOf(box.lblInfo()).bottom, height);
     for (const int id : {about::email, about::site}) {
-        const SIZE size = textSize(fontOf(box.part(id)), windowText(box.part(id)));
+        const SIZE size = textSize(fontHandleOf(box.part(id)), windowText(box.part(id)));
         EXPECT_GE(clientOf(box.part(id)).right, size.cx) << id;
         EXPECT_GE(clientOf(box.part(id)).bottom, size.cy) << id;
     }

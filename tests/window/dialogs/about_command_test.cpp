@@ -1,7 +1,8 @@
 #include "platform/windows/topmost.h"
 #include "tests/support/input.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 #include "update/version_report.h"
 
 namespace vandrel::test {
@@ -119,8 +120,7 @@ TEST_F(AboutCommand, TheDisplayFontDoesNotTouchIt)
     const AboutBox box = open();
     for (const HWND window : {box.lblInfo(), box.part(about::email), box.part(about::site), box.part(IDOK),
                               box.part(about::tabs)}) {
-        LOGFONTW font{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+        const LOGFONTW font = fontOf(window);
         EXPECT_EQ(std::wstring(font.lfFaceName), L"Arial");
         EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(main->dpi()), 72));
         EXPECT_EQ(font.lfWeight, FW_NORMAL);

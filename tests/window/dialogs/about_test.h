@@ -2,6 +2,7 @@
 
 #include "dialogs/frm_about.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <optional>
 
@@ -49,12 +50,7 @@ struct AboutBox {
         DeleteDC(context);
         return color;
     }
-    static bool underlined(HWND label)
-    {
-        LOGFONTW font{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof font, &font);
-        return font.lfUnderline != 0;
-    }
+    static bool underlined(HWND label) { return fontOf(label).lfUnderline != 0; }
     bool highlighted(int id) const { return colorOf(id) == 0xFF0000 && underlined(part(id)); }
     bool plain(int id) const { return colorOf(id) == 0 && !underlined(part(id)); }
 };

@@ -1,7 +1,7 @@
 #include "mainwindow/command_tables.h"
 #include "platform/windows/topmost.h"
 #include "tests/support/main_window_test.h"
-#include "tests/window/dialogs/site_editor.h"
+#include "tests/support/site_editor.h"
 
 namespace vandrel::test {
 namespace {

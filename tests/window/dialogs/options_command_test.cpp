@@ -1,18 +1,9 @@
 #include "platform/windows/topmost.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/options_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {
 namespace {
-
-HFONT fontHandleOf(HWND window) { return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)); }
-
-LOGFONTW fontOf(HWND window)
-{
-    LOGFONTW font{};
-    GetObjectW(fontHandleOf(window), sizeof font, &font);
-    return font;
-}
 
 class OptionsCommand : public MainWindowTest {
   protected:
@@ -40,15 +31,6 @@ class OptionsCommand : public MainWindowTest {
             }
             press(dialog.window, IDOK);
         });
-    }
-    std::vector<HWND> windows()
-    {
-        std::vector<HWND> all;
-        for (Control* const control : main->controls()) all.push_back(control->handle());
-        for (ListView* const list : {&lstCategory(), &lstInfo()})
-            all.push_back(reinterpret_cast<HWND>(SendMessageW(list->handle(), LVM_GETHEADER, 0, 0)));
-        all.push_back(FindWindowExW(main->searchPanel().cmbSearch.handle(), nullptr, L"Edit", nullptr));
-        return all;
     }
     void expectNothingClipped(const std::string& at)
     {
@@ -79,7 +61,7 @@ TEST_F(OptionsCommand, OkPutsTheFontOnTheMainWindowAtOnceAtEverySize)
     startWithSites();
     for (const int size : {18, 8, 10, 12, 14, 16, 11}) {
         take(std::to_wstring(size));
-        for (const HWND window : windows())
+        for (const HWND window : windowsWithTexts(*main))
             EXPECT_EQ(fontOf(window).lfHeight, -MulDiv(size, static_cast<int>(main->dpi()), 72)) << size;
         expectNothingClipped(std::to_string(size));
     }
@@ -89,14 +71,14 @@ TEST_F(OptionsCommand, TheLargestSizeInBoldAndItalicClipsNothing)
 {
     startWithSites();
     take(L"18", true, monoFace());
-    for (const HWND window : windows()) {
+    for (const HWND window : windowsWithTexts(*main)) {
         EXPECT_EQ(std::wstring(fontOf(window).lfFaceName), monoFace());
         EXPECT_EQ(fontOf(window).lfWeight, FW_BOLD);
         EXPECT_NE(fontOf(window).lfItalic, 0);
     }
     expectNothingClipped("18 bold italic");
     take(L"8", true);
-    for (const HWND window : windows()) {
+    for (const HWND window : windowsWithTexts(*main)) {
         EXPECT_EQ(fontOf(window).lfWeight, FW_NORMAL);
         EXPECT_EQ(fontOf(window).lfItalic, 0);
     }

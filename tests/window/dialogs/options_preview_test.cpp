@@ -1,3 +1,4 @@
+#include "tests/support/color_box.h"
 #include "tests/support/input.h"
 #include "tests/window/dialogs/options_test.h"
 
@@ -81,18 +82,11 @@ class OptionsPreview : public OptionsTest {
 
     // ---- the system's colour dialog
 
-    static void setColor(HWND box, COLORREF color)
-    {
-        constexpr int red = 706;
-        const int parts[] = {GetRValue(color), GetGValue(color), GetBValue(color)};
-        for (int part = 0; part < 3; ++part)
-            SetDlgItemTextW(box, red + part, std::to_wstring(parts[part]).c_str());
-    }
     static void pickColor(const OptionsDialog& dialog, COLORREF color)
     {
         Answers answers;
         answers.expect(L"Color", [color](HWND box) {
-            setColor(box, color);
+            typeColor(box, color);
             press(box, IDOK);
         });
         dialog.click(options::fontColor);
@@ -102,7 +96,7 @@ class OptionsPreview : public OptionsTest {
     {
         Answers answers;
         answers.expect(L"Color", [](HWND box) {
-            setColor(box, 0x123456);
+            typeColor(box, 0x123456);
             press(box, IDCANCEL);
         });
         dialog.click(options::fontColor);
@@ -280,7 +274,7 @@ TEST_F(OptionsPreview, AColourIsPickedThoughTheSizeIsNoNumber)
     dialog.type(options::fontSize, L"abc");
     Answers answers;
     answers.expect(L"Color", [](HWND box) {
-        setColor(box, 0x0000FF);
+        typeColor(box, 0x0000FF);
         press(box, IDOK);
     });
     answers.expectBox(L"Vandrel", options::mismatch, IDOK, MB_ICONHAND);

@@ -3,6 +3,7 @@
 #include "dialogs/frm_options.h"
 #include "platform/controls/font.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <algorithm>
 #include <optional>
@@ -80,9 +81,7 @@ struct OptionsDialog {
 
     std::vector<std::wstring> entries(int id) const
     {
-        wchar_t kind[16]{};
-        GetClassNameW(part(id), kind, 16);
-        const bool combo = std::wstring(kind) == L"ComboBox";
+        const bool combo = classOf(part(id)) == L"ComboBox";
         std::vector<std::wstring> all;
         const LRESULT count = SendMessageW(part(id), combo ? CB_GETCOUNT : LB_GETCOUNT, 0, 0);
         for (WPARAM entry = 0; entry < static_cast<WPARAM>(count); ++entry) {

@@ -1,5 +1,5 @@
+#include "tests/support/own_process.h"
 #include "tests/window/endurance/endurance_test.h"
-#include "tests/window/endurance/own_process.h"
 
 #include <cstdio>
 #include <memory>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "tests/support/own_process.h"
+#include "tests/support/resources.h"
+#include "tests/support/search_test.h"
 #include "tests/window/endurance/at_once.h"
-#include "tests/window/endurance/own_process.h"
-#include "tests/window/endurance/resources.h"
-#include "tests/window/search/search_test.h"
 
 #include <cstdio>
 

@@ -1,7 +1,7 @@
 #include "platform/windows/message_throttle.h"
+#include "tests/support/backup_drive.h"
 #include "tests/support/message_watch.h"
 #include "tests/support/test_clock.h"
-#include "tests/window/exchange/backup_drive.h"
 #include "tests/window/exchange/backup_test.h"
 
 namespace vandrel::test {

@@ -29,14 +29,8 @@ TEST_P(BackupBrowsing, BelongsToTheWindowAndOffersEverythingFromTheDesktopOn)
     browse(GetParam(), [&](HWND browser) {
         EXPECT_EQ(GetWindow(browser, GW_OWNER), main->handle());
         EXPECT_FALSE(IsWindowEnabled(main->handle()));
-        const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
         wchar_t text[MAX_PATH]{};
-        TVITEMW item{};
-        item.mask = TVIF_TEXT;
-        item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
-        item.pszText = text;
-        item.cchTextMax = MAX_PATH;
-        SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        readFolder(browser, TVGN_ROOT, text);
         EXPECT_EQ(std::wstring(text), nameOf(CSIDL_DESKTOP));
         cancel(browser);
     });

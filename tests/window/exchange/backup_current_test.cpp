@@ -1,5 +1,5 @@
+#include "tests/support/backup_drive.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/backup_drive.h"
 #include "tests/window/exchange/backup_test.h"
 
 namespace vandrel::test {

@@ -3,9 +3,9 @@
 #include "mainwindow/command_tables.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/store_test.h"
 #include "tests/support/wine.h"
-#include "tests/window/exchange/folder_browser.h"
-#include "tests/window/store/store_test.h"
 
 namespace vandrel::test {
 

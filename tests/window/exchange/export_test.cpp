@@ -1,9 +1,9 @@
 #include "exchange/ini_file.h"
 #include "platform/files/file_layer.h"
 #include "platform/windows/topmost.h"
+#include "tests/support/import_test.h"
 #include "tests/support/input.h"
-#include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/menus_seen.h"
+#include "tests/support/menus_seen.h"
 
 namespace vandrel::test {
 namespace {

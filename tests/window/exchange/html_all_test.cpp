@@ -1,5 +1,5 @@
+#include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/html_test.h"
 
 namespace vandrel::test {
 namespace {

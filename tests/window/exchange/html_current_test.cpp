@@ -1,6 +1,6 @@
+#include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
 #include "tests/support/wine.h"
-#include "tests/window/exchange/html_test.h"
 
 #include <filesystem>
 

@@ -1,4 +1,4 @@
-#include "tests/window/exchange/html_test.h"
+#include "tests/support/html_test.h"
 
 namespace vandrel::test {
 namespace {

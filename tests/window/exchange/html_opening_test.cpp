@@ -1,5 +1,5 @@
-#include "tests/window/exchange/html_test.h"
-#include "tests/window/mainwindow/recorder.h"
+#include "tests/support/html_test.h"
+#include "tests/support/recorder.h"
 
 namespace vandrel::test {
 namespace {
@@ -18,7 +18,7 @@ class HtmlOpeningTest : public HtmlTest {
     }
 
     Recorder recorder;
-    RegistryDefault htm{HKEY_CLASSES_ROOT, L".htm", L"VandrelTest.Page"};
+    RegistryValue htm{HKEY_CLASSES_ROOT, L".htm", L"", L"VandrelTest.Page"};
 };
 
 TEST_F(HtmlOpeningTest, YesOpensTheFile)

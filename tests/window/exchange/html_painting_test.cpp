@@ -1,7 +1,7 @@
 #include "platform/windows/message_throttle.h"
+#include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
 #include "tests/support/test_clock.h"
-#include "tests/window/exchange/html_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,5 +1,5 @@
+#include "tests/support/import_test.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/import_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/window/exchange/import_test.h"
+#include "tests/support/import_test.h"
 
 namespace vandrel::test {
 

@@ -1,4 +1,4 @@
-#include "tests/window/exchange/import_test.h"
+#include "tests/support/import_test.h"
 
 namespace vandrel::test {
 namespace {

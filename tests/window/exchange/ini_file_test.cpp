@@ -1,6 +1,6 @@
 #include "exchange/ini_file.h"
 
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "exchange/ini_file.h"
 #include "exchange/shortcut_name.h"
 #include "store/saved_text.h"
-#include "tests/window/exchange/import_test.h"
+#include "tests/support/import_test.h"
 
 namespace fs = std::filesystem;
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "tests/support/store_test.h"
 #include "tests/support/test_server.h"
 #include "tests/window/journeys/journey_model.h"
-#include "tests/window/store/store_test.h"
 
 #include <random>
 

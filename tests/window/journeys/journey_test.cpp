@@ -1,6 +1,6 @@
 #include "tests/window/journeys/journey.h"
 
-#include "tests/window/endurance/own_process.h"
+#include "tests/support/own_process.h"
 
 #include <algorithm>
 #include <cstdio>

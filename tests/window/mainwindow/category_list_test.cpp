@@ -1,6 +1,6 @@
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {

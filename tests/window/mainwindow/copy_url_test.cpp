@@ -1,5 +1,5 @@
+#include "tests/support/link_test.h"
 #include "tests/support/test_clock.h"
-#include "tests/window/mainwindow/link_test.h"
 
 #include <algorithm>
 #include <cstring>

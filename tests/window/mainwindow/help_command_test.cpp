@@ -1,5 +1,5 @@
 #include "shared/vendor.h"
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {

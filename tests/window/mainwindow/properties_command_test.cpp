@@ -1,5 +1,5 @@
 #include "platform/windows/topmost.h"
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {

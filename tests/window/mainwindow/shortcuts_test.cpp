@@ -1,7 +1,7 @@
 #include "store/site_operations.h"
 #include "tests/support/input.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 #include <algorithm>
 #include <tuple>

@@ -1,6 +1,6 @@
 #include "mainwindow/known_paths.h"
 #include "platform/base/scope_exit.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "shared/apply_font.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {

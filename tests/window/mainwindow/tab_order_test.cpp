@@ -1,6 +1,6 @@
 #include "store/site_operations.h"
 #include "tests/support/input.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "mainwindow/command_tables.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 
 #include <algorithm>
 #include <map>
@@ -35,13 +36,6 @@ inline void PrintTo(Shown shown, std::ostream* out)
     constexpr const char* names[] = {"main window", "site editor",  "properties", "import",   "search",
                                      "options",     "HTML options", "about box",  "input box"};
     *out << names[static_cast<std::size_t>(shown)];
-}
-
-inline std::wstring classOf(HWND window)
-{
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    return name;
 }
 
 inline bool isLabel(HWND window)

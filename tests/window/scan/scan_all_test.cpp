@@ -1,7 +1,7 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {

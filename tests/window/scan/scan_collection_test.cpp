@@ -1,4 +1,5 @@
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
+#include "tests/support/text_lines.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -64,15 +65,6 @@ class ScanCollection : public ScanTest {
     static std::size_t sitesIn(const std::string& bytes)
     {
         return static_cast<std::size_t>(std::ranges::count(bytes, '\n'));
-    }
-    static std::vector<std::string> linesOf(const std::string& bytes)
-    {
-        std::vector<std::string> lines;
-        for (std::size_t start = 0, end = 0; start < bytes.size(); start = end + 2) {
-            end = std::min(bytes.find("\r\n", start), bytes.size());
-            lines.push_back(bytes.substr(start, end - start));
-        }
-        return lines;
     }
 };
 

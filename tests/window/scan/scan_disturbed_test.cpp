@@ -1,7 +1,7 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
 #include "store/site_operations.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 #include "update/update_check.h"
 
 namespace vandrel::test {

@@ -1,6 +1,6 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "tests/support/input.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_parts.h"
 #include "tests/support/wine.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 

@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/recorder.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/recorder.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {

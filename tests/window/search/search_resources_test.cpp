@@ -1,5 +1,5 @@
-#include "tests/window/endurance/resources.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/resources.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {

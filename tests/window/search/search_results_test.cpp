@@ -1,5 +1,5 @@
 #include "tests/support/from_outside.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {

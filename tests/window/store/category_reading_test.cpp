@@ -1,5 +1,5 @@
 #include "mainwindow/command_tables.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,5 +1,5 @@
 #include "store/site_operations.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 #include <algorithm>
 #include <filesystem>

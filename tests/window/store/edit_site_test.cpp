@@ -1,6 +1,6 @@
 #include "mainwindow/command_tables.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {

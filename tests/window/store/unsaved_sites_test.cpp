@@ -1,5 +1,5 @@
 #include "platform/controls/status_bar.h"
-#include "tests/window/dialogs/site_editor.h"
+#include "tests/support/site_editor.h"
 #include "tests/window/store/category_operations.h"
 
 namespace vandrel::test {

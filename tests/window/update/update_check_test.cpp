@@ -2,9 +2,9 @@
 
 #include "platform/system/internet_transfer.h"
 #include "shared/vendor.h"
+#include "tests/support/link_test.h"
 #include "tests/support/meanwhile.h"
 #include "tests/support/test_server.h"
-#include "tests/window/mainwindow/link_test.h"
 #include "update/version_report.h"
 
 namespace vandrel::test {

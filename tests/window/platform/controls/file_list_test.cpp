@@ -3,6 +3,7 @@
 #include "tests/support/input.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <gtest/gtest.h>
 
@@ -138,7 +139,7 @@ TEST_F(FileListTest, ANameThatIsWiderThanTheListCanBeScrolledTo)
     const std::wstring wide = std::wstring(100, L'W') + L".url";
     make({wide});
     list.setPath(folder.path());
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(list.handle(), WM_GETFONT, 0, 0));
+    const HFONT font = fontHandleOf(list.handle());
     EXPECT_GE(SendMessageW(list.handle(), LB_GETHORIZONTALEXTENT, 0, 0), textSize(font, wide).cx);
     EXPECT_NE(GetWindowLongPtrW(list.handle(), GWL_STYLE) & WS_HSCROLL, 0);
     DeleteFileW(folder.file(wide).c_str());

@@ -4,6 +4,7 @@
 #include "tests/support/input.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <gtest/gtest.h>
 
@@ -201,7 +202,7 @@ TEST_F(FolderListTest, ANameThatIsWiderThanTheListCanBeScrolledTo)
     const std::wstring wide(120, L'W');
     make(wide);
     list.setPath(folder.path());
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(list.handle(), WM_GETFONT, 0, 0));
+    const HFONT font = fontHandleOf(list.handle());
     // Beside the text there are its picture and its depth.
     EXPECT_GT(SendMessageW(list.handle(), LB_GETHORIZONTALEXTENT, 0, 0), textSize(font, wide).cx);
 }

@@ -1,6 +1,6 @@
 #include "platform/base/runtime_error.h"
 #include "tests/support/list_clicks.h"
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,8 +1,8 @@
 #include "platform/files/left_behind.h"
 
 #include "platform/base/handle.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 #include "platform/files/file_layer.h"
 #include "platform/files/folder.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/held_file.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
 

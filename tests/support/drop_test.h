@@ -1,9 +1,9 @@
 #pragma once
 
 #include "mainwindow/command_tables.h"
-#include "tests/window/capture/dropped_object.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/dropped_object.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 

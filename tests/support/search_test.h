@@ -6,9 +6,9 @@
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 

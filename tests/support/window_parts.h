@@ -2,6 +2,7 @@
 
 #include "mainwindow/command_tables.h"
 #include "tests/support/main_window_test.h"
+#include "tests/support/window_facts.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -24,30 +25,16 @@ inline HWND splitterBar(const frmMain& main)
     return FindWindowExW(main.handle(), nullptr, L"Vandrel.SplitterBar", nullptr);
 }
 
-// The window's place in the client area of its parent, in pixels.
-inline RECT placeOf(HWND window)
+// The controls, and what they are made of that shows texts.
+inline std::vector<HWND> windowsWithTexts(frmMain& main)
 {
-    RECT area{};
-    GetWindowRect(window, &area);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&area), 2);
-    return area;
-}
-
-inline RECT outerPlace(HWND window)
-{
-    RECT area{};
-    GetWindowRect(window, &area);
-    return area;
-}
-
-inline int widthOf(const RECT& area) { return area.right - area.left; }
-inline int heightOf(const RECT& area) { return area.bottom - area.top; }
-
-inline RECT clientOf(HWND window)
-{
-    RECT area{};
-    GetClientRect(window, &area);
-    return area;
+    std::vector<HWND> all;
+    for (Control* const control : main.controls()) all.push_back(control->handle());
+    for (ListView* const list : {&main.workspace().lstCategory, &main.workspace().lstInfo}) {
+        all.push_back(reinterpret_cast<HWND>(SendMessageW(list->handle(), LVM_GETHEADER, 0, 0)));
+    }
+    all.push_back(FindWindowExW(main.searchPanel().cmbSearch.handle(), nullptr, L"Edit", nullptr));
+    return all;
 }
 
 inline int columnPixels(const ListView& list, int column)

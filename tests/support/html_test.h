@@ -3,7 +3,7 @@
 #include "mainwindow/command_tables.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 

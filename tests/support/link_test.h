@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tests/window/mainwindow/recorder.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/recorder.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 

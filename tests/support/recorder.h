@@ -1,57 +1,14 @@
 #pragma once
 
-#include "platform/system/registry.h"
 #include "platform/system/shell.h"
 #include "tests/support/answers.h"
+#include "tests/support/registry_value.h"
 #include "tests/support/temp_folder.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <optional>
+#include <string>
+#include <vector>
 
 namespace vandrel::test {
-
-// The default value of a registry key, until the end of the test; no value takes it away.
-class RegistryDefault {
-  public:
-    RegistryDefault(HKEY root, const std::wstring& path, const std::optional<std::wstring>& text)
-    {
-        DWORD disposition = 0;
-        EXPECT_EQ(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_,
-                                  &disposition),
-                  ERROR_SUCCESS);
-        DWORD bytes = 0;
-        if (RegQueryValueExW(key_, nullptr, nullptr, &type_, nullptr, &bytes) == ERROR_SUCCESS) {
-            before_.emplace(bytes, '\0');
-            RegQueryValueExW(key_, nullptr, nullptr, &type_, reinterpret_cast<BYTE*>(before_->data()),
-                             &bytes);
-        }
-        if (text) {
-            RegSetValueExW(key_, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text->c_str()),
-                           static_cast<DWORD>((text->size() + 1) * sizeof(wchar_t)));
-        } else {
-            RegDeleteValueW(key_, nullptr);
-        }
-    }
-    RegistryDefault(const RegistryDefault&) = delete;
-    RegistryDefault& operator=(const RegistryDefault&) = delete;
-    ~RegistryDefault()
-    {
-        if (before_) {
-            RegSetValueExW(key_, nullptr, 0, type_, reinterpret_cast<const BYTE*>(before_->data()),
-                           static_cast<DWORD>(before_->size()));
-        } else {
-            RegDeleteValueW(key_, nullptr);
-        }
-        RegCloseKey(key_);
-    }
-
-  private:
-    HKEY key_ = nullptr;
-    DWORD type_ = REG_SZ;
-    std::optional<std::string> before_;
-};
 
 // Takes the place of the web browser and writes down how it is started.
 class Recorder {
@@ -108,10 +65,10 @@ class Recorder {
 
     TempFolder folder_{L"record"};
     std::wstring program_;
-    RegistryDefault http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", opening(L"%1")};
-    RegistryDefault https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", opening(L"%1")};
-    RegistryDefault html_{HKEY_CLASSES_ROOT, L".html", L"VandrelTest.Page"};
-    RegistryDefault page_{HKEY_CLASSES_ROOT, L"VandrelTest.Page\\shell\\open\\command", opening(L"%1")};
+    RegistryValue http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", L"", opening(L"%1")};
+    RegistryValue https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", L"", opening(L"%1")};
+    RegistryValue html_{HKEY_CLASSES_ROOT, L".html", L"", L"VandrelTest.Page"};
+    RegistryValue page_{HKEY_CLASSES_ROOT, L"VandrelTest.Page\\shell\\open\\command", L"", opening(L"%1")};
 };
 
 } // namespace vandrel::test

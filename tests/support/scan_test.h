@@ -2,9 +2,9 @@
 
 #include "platform/controls/status_bar.h"
 #include "tests/support/meanwhile.h"
+#include "tests/support/store_test.h"
 #include "tests/support/test_server.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 
