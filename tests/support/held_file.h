@@ -9,8 +9,8 @@
 
 namespace vandrel::test {
 
-// A file that another program has open, for itself alone unless it shares it. What the program sleeps until
-// it is let go of takes no time.
+// A file that another program has open, exclusively unless `share` says otherwise. While it is held, the
+// program's sleep takes no time.
 class HeldFile {
   public:
     explicit HeldFile(const std::wstring& path, DWORD share = 0)
@@ -22,13 +22,13 @@ class HeldFile {
     HeldFile& operator=(const HeldFile&) = delete;
 
     void release() { file_.reset(); }
-    // Lets go of it as soon as the program has slept for so long.
+    // Releases the file as soon as the program has slept for this long.
     void releaseAfterSleeping(ULONGLONG milliseconds)
     {
         clock_.afterSleeping(milliseconds, [this] { release(); });
     }
     bool isReleased() const { return !file_; }
-    // How long the program has slept since it was held, in milliseconds.
+    // How long the program has slept since the file was opened, in milliseconds.
     ULONGLONG slept() const { return clock_.slept(); }
 
   private:

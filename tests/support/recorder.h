@@ -10,7 +10,7 @@
 
 namespace vandrel::test {
 
-// Takes the place of the web browser and writes down how it is started.
+// Takes the place of the web browser and records how it is started.
 class Recorder {
   public:
     Recorder() : program_(besideTheTests(L"recorder.exe"))
@@ -22,7 +22,7 @@ class Recorder {
     ~Recorder() { SetEnvironmentVariableW(L"VANDREL_RECORD", nullptr); }
 
     const std::wstring& program() const { return program_; }
-    // The command line that the shell makes to open an address or a file.
+    // The command line with which the shell opens an address or a file.
     std::wstring opening(const std::wstring& target) const
     {
         return L"\"" + program_ + L"\" \"" + target + L"\"";
@@ -42,13 +42,14 @@ class Recorder {
         }
         return all;
     }
-    // Waits for so many, and gives them.
+    // Waits until there are `count` of them, and returns them.
     std::vector<std::wstring> linesOf(std::size_t count) const
     {
         pumpUntil([&] { return lines().size() >= count; });
         return lines();
     }
-    // Whether nothing was started: what is started now is then the first that is written down.
+    // Whether nothing has been started so far. Starts something itself, which is then the first to be
+    // recorded.
     bool nothingWasStarted() const
     {
         shellOpen(nullptr, L"http://last.example/");

@@ -9,8 +9,8 @@
 
 namespace vandrel::test {
 
-// The program's clock for as long as it lives. Its time passes only when the program sleeps, which takes no
-// time, or when a test says so.
+// The program's clock as long as this object lives. Its time passes only when the program sleeps, which
+// returns at once, or when a test says so.
 class TestClock : public TickClock {
   public:
     TestClock() = default;
@@ -29,7 +29,7 @@ class TestClock : public TickClock {
     void pass(ULONGLONG milliseconds) { now_ += milliseconds; }
     // How long the program has slept, in milliseconds.
     ULONGLONG slept() const { return slept_; }
-    // Does `act` once, when the program has slept for so many milliseconds from now on.
+    // Calls `act` once, when the program has slept for this many milliseconds from now on.
     void afterSleeping(ULONGLONG milliseconds, std::function<void()> act)
     {
         actAfter_ = slept_ + milliseconds;

@@ -10,14 +10,14 @@
 #include <string>
 #include <vector>
 
-// What the tests of the main window look at and act on, beside the window's own objects.
+// What the tests of the main window look at and use besides the window's own objects.
 namespace vandrel::test {
 
 inline constexpr const char* threeSites = "Beta|http://b.example/|second|9/30/2002\r\n"
                                           "Alpha|http://c.example/|first|10/1/2002\r\n"
                                           "Gamma|http://a.example/|third|1/15/2003\r\n";
 
-// Pixels of a length in twips, to the nearest.
+// A length in twips, in pixels, rounded to the nearest.
 inline int px(const frmMain& main, double twips) { return static_cast<int>(twips * main.dpi() / 1440 + 0.5); }
 
 inline HWND splitterBar(const frmMain& main)
@@ -25,7 +25,7 @@ inline HWND splitterBar(const frmMain& main)
     return FindWindowExW(main.handle(), nullptr, L"Vandrel.SplitterBar", nullptr);
 }
 
-// The controls, and what they are made of that shows texts.
+// The controls, and those of their parts that show text.
 inline std::vector<HWND> windowsWithTexts(frmMain& main)
 {
     std::vector<HWND> all;
@@ -42,7 +42,8 @@ inline int columnPixels(const ListView& list, int column)
     return static_cast<int>(SendMessageW(list.handle(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
 }
 
-// No window is kept from drawing. Only one can be at a time, so another can be exactly when none is.
+// Whether no window is locked against drawing. Only one can be at a time, so locking one succeeds only when
+// none is.
 inline bool nothingIsFrozen(HWND window)
 {
     if (LockWindowUpdate(window) == 0) return false;
