@@ -23,7 +23,7 @@ namespace {
 // lines.
 class HostileTexts : public testing::Test {
   protected:
-    // One of the sound ones, changed, or anything.
+    // A sound text, a mutated one, or anything at all.
     std::wstring textLike(const std::vector<std::wstring>& sound)
     {
         if (hostile.oneIn(4)) return hostile.text(40);
