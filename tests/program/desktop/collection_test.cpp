@@ -17,7 +17,7 @@ std::wstring decoded(const std::string& bytes)
     return text;
 }
 
-// The lines that are sites.
+// Those lines that are sites.
 std::vector<std::string> recordsOf(const std::string& bytes)
 {
     std::vector<std::string> records = linesOf(bytes);
@@ -38,7 +38,7 @@ std::vector<std::wstring> fieldsOf(const std::string& record)
     return fields;
 }
 
-// The first line in which the two differ, for the failure message.
+// Where the two first differ, for the failure message.
 std::string difference(const std::string& now, const std::string& wanted)
 {
     const auto differs = std::ranges::mismatch(now, wanted);
@@ -48,7 +48,7 @@ std::string difference(const std::string& now, const std::string& wanted)
            wanted.substr(std::min(line, wanted.size()), 300) + ">";
 }
 
-// Real collections, which lie beside the project: thousands of sites with all that people write.
+// Real collections, which lie beside the project: thousands of sites with everything that people write.
 class Collection : public ProgramTest {
   protected:
     void copy(const std::wstring& name)
@@ -145,7 +145,7 @@ TEST_F(JapaneseCollection, EveryCategoryShowsEverySiteOfItsFile) { clickThroughA
 
 TEST_F(JapaneseCollection, AChangedSiteLeavesEveryOtherByteOfItsFile)
 {
-    changeOneSiteInEach(L"ソフトの表ポ予能"); // second bytes that are "|" or a backslash by themselves
+    changeOneSiteInEach(L"ソフトの表ポ予能"); // second bytes that are those of "|" and "\"
 }
 
 } // namespace

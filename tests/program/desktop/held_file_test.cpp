@@ -6,7 +6,7 @@
 namespace vandrel::test {
 namespace {
 
-// Another program has a category file open and lets nobody else near it.
+// Another program has a category file open exclusively.
 class HeldFile : public ProgramTest {
   protected:
     HeldFile() { folder.write(L"A.udb", before); }
@@ -46,7 +46,7 @@ TEST_F(HeldFile, ASaveWaitsUntilTheFileIsLetGoOf)
         program.type(L"New");
         program.key(VK_RETURN);
         EXPECT_SOON(program.dialogIsOpen(), false);
-        EXPECT_SOON(temporaryFiles(), 1U); // which takes its place once it is let go of
+        EXPECT_SOON(temporaryFiles(), 1U); // what is saved, waiting to replace the file
         EXPECT_EQ(contentOf(held), before);
     }
     EXPECT_SOON(folder.read(L"A.udb"), "New|http://||" + today() + "\r\n" + before);
@@ -54,7 +54,7 @@ TEST_F(HeldFile, ASaveWaitsUntilTheFileIsLetGoOf)
     EXPECT_EQ(categoryFiles(), Texts{L"A.udb"});
 }
 
-TEST_F(HeldFile, ASaveThatWaitsInVainTellsAndLeavesTheFileWholeAndTheChangeInTheList)
+TEST_F(HeldFile, ASaveThatWaitsInVainSaysSoAndKeepsTheFileAndTheChange)
 {
     start();
     {
@@ -88,14 +88,14 @@ TEST_F(HeldFile, ACategoryThatCouldNotBeReadShowsNothingAndIsNotOverwritten)
     }
     EXPECT_EQ(folder.read(L"B.udb"), "Other|http://o/||1/1/2001\r\n");
 
-    // Now it can be read, and takes the site behind its own.
+    // It can be read now, and gets the site after its own.
     program.click(program.categories(), L"A");
     EXPECT_SOON(program.column(0), Texts{L"Old"});
     program.click(program.categories(), L"B");
     EXPECT_SOON(program.column(0), (Texts{L"Other", L"New"}));
 }
 
-TEST_F(HeldFile, RemovingACategoryWhoseFileIsHeldTellsAndKeepsIt)
+TEST_F(HeldFile, RemovingACategoryWhoseFileIsHeldSaysSoAndKeepsIt)
 {
     start();
     const FileHandle held = hold(L"A.udb");
@@ -108,7 +108,7 @@ TEST_F(HeldFile, RemovingACategoryWhoseFileIsHeldTellsAndKeepsIt)
     EXPECT_EQ(categoryFiles(), Texts{L"A.udb"});
 }
 
-TEST_F(HeldFile, RenamingACategoryWhoseFileIsHeldTellsAndKeepsItsTitle)
+TEST_F(HeldFile, RenamingACategoryWhoseFileIsHeldSaysSoAndKeepsItsTitle)
 {
     start();
     const FileHandle held = hold(L"A.udb");

@@ -13,7 +13,7 @@ constexpr unsigned usualSeed = 20021116;
 constexpr unsigned actions = 20'000;
 constexpr unsigned betweenChecks = 200;
 
-// Overrides for a run by hand.
+// A setting for a run by hand.
 unsigned numberFrom(const wchar_t* variable, unsigned otherwise)
 {
     const auto text = environment(variable);
@@ -30,7 +30,7 @@ std::string sitesOf(char category)
     return lines.str();
 }
 
-// Every line is whole and has the four fields of a site.
+// Whether every line is whole and has the four fields of a site.
 bool isWholeCategory(const std::string& bytes)
 {
     std::size_t at = 0;
@@ -45,8 +45,8 @@ bool isWholeCategory(const std::string& bytes)
     return true;
 }
 
-// Nothing that is opened leaves this machine: a stand-in takes the place of browser and mailer, and
-// connections go to a proxy that is not there.
+// Nothing that is opened leaves this machine: a stand-in takes the place of the browser and the mail
+// program, and connections go to a proxy that does not exist.
 class RandomInput : public ShortcutTest {
   protected:
     RandomInput()
@@ -117,7 +117,7 @@ class RandomInput : public ShortcutTest {
                            nativePath(VANDREL_RECORDER)};
 };
 
-TEST_F(RandomInput, NeverEndsTheProgramNorStopsItNorLeavesHalfAFile)
+TEST_F(RandomInput, NeverCrashesOrHangsTheProgramOrLeavesHalfAFile)
 {
     const unsigned seed = numberFrom(L"VANDREL_SEED", usualSeed);
     const unsigned count = numberFrom(L"VANDREL_ACTIONS", actions);
