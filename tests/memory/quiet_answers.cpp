@@ -18,11 +18,11 @@ constexpr UINT tickMilliseconds = 10;
 constexpr int boxTextId = 0xFFFF;
 constexpr int nameField = 1148; // of the system's file dialog
 constexpr int importFiles = 103;
-constexpr int patience = 200; // looks at one dialog
+constexpr int mostLooks = 200; // at one dialog
 
 QuietAnswers* active = nullptr;
 
-// Those beside which the main window is used are the commands' own business.
+// Modeless windows are left to the commands.
 bool isModeless(wstring_view caption)
 {
     return caption == L"About Vandrel" || caption == L"Search All Categories";
@@ -47,8 +47,8 @@ HWND openDialog()
     return found;
 }
 
-// The system's message box: the program's dialogs keep an object with theirs, and the system's others have no
-// such text.
+// Whether it is a message box: the program's own dialogs keep an object with the window, and the system's
+// other dialogs have no such text.
 bool isBox(HWND dialog)
 {
     return GetDlgItem(dialog, boxTextId) != nullptr && GetDlgItem(dialog, nameField) == nullptr &&
@@ -57,7 +57,8 @@ bool isBox(HWND dialog)
            FindWindowExW(dialog, nullptr, WC_TREEVIEWW, nullptr) == nullptr;
 }
 
-// Wine does not always find a new folder the first time it is asked. Unlike selectFolder, this allocates nothing.
+// Unlike selectFolder, this allocates nothing, so the caller asks again when Wine does not find a new folder
+// at first.
 bool selectsFolder(HWND browser, wstring_view path)
 {
     SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.data()));
@@ -76,7 +77,7 @@ void append(wchar_t* texts, std::size_t room, const wchar_t* text)
     texts[at] = L'\0';
 }
 
-// As typing it over the selected whole does.
+// As typing it over the selected text does.
 void typeInto(HWND field, const wchar_t* text)
 {
     SendMessageW(field, EM_SETSEL, 0, -1);
@@ -112,7 +113,7 @@ void QuietAnswers::look()
     const HWND dialog = openDialog();
     if (dialog == nullptr) return;
     Seen& seen = seenOf(dialog);
-    if (seen.busy) return; // what was pressed in it is still at work
+    if (seen.busy) return; // what was pressed in it is still running
     seen.busy = true;
     ++seen.times;
     answer(dialog, seen);
@@ -152,14 +153,15 @@ void QuietAnswers::answer(HWND dialog, Seen& seen)
 {
     wchar_t caption[200]{};
     GetWindowTextW(dialog, caption, 200);
-    if (seen.times > patience) {
+    if (seen.times > mostLooks) {
         complain(L"does not close", caption);
         DestroyWindow(dialog);
         return;
     }
     const wstring_view kind = caption;
     const bool first = seen.times == 1;
-    // An import goes on without a text for which there was no memory, so it gets another try.
+    // When the text could not be typed for lack of memory, the import goes on without it, so it gets a
+    // second try.
     const bool again = kind == L"Site Description" && seen.times == 2;
     int button = first || again ? IDOK : IDCANCEL;
     if (isBox(dialog)) {
