@@ -39,7 +39,7 @@ TEST_F(AboutLook, TheTextsAreThese)
 TEST_F(AboutLook, ThePictureBehindTheTextHasTheStaticEdgeAndOneMore)
 {
     const AboutBox box = open();
-    // The system sets this bit by itself, as the other edges are.
+    // The system sets this bit itself, depending on the other edges.
     const auto style = GetWindowLongPtrW(box.info(), GWL_EXSTYLE) & ~LONG_PTR{WS_EX_WINDOWEDGE};
     EXPECT_EQ(style, (WS_EX_CONTROLPARENT | 0x20000) + 1);
 }
@@ -116,7 +116,7 @@ TEST_F(AboutLook, HasOneTabWhosePanelIsShown)
     EXPECT_STREQ(text, L"About");
 }
 
-TEST_F(AboutLook, DoTabBringsThePanelBack)
+TEST_F(AboutLook, DoTabShowsThePanelAgain)
 {
     const AboutBox box = open();
     ShowWindow(box.panel(), SW_HIDE);
@@ -183,7 +183,7 @@ TEST_F(AboutHover, AnywhereElseTheHighlightStays)
     }
 }
 
-TEST_F(AboutHover, TheLinksHaveTheHandAsTheirCursorAndThePictureHasNot)
+TEST_F(AboutHover, TheLinksHaveTheHandCursorAndThePictureHasNot)
 {
     const AboutBox box = open();
     const auto cursorOver = [](HWND window) {
@@ -220,7 +220,7 @@ TEST_F(AboutClosing, OkEnterEscAndTheCloseButtonClose)
     }
 }
 
-TEST_F(AboutClosing, TabGoesFromOkOverTheTabsToTheLinks)
+TEST_F(AboutClosing, TabGoesFromOkToTheTabsToTheLinks)
 {
     open();
     std::vector<int> stops;

@@ -17,7 +17,7 @@ class AboutCommand : public MainWindowTest {
         pump();
         return {main->aboutBox() == nullptr ? nullptr : main->aboutBox()->handle()};
     }
-    // Of this program's one instance.
+    // The open About boxes.
     std::vector<HWND> boxes()
     {
         std::vector<HWND> all;
@@ -31,7 +31,7 @@ class AboutCommand : public MainWindowTest {
             reinterpret_cast<LPARAM>(&all));
         return all;
     }
-    // Whether `above` lies before the other in the order of the windows.
+    // Whether `above` comes before `below` in the Z order.
     static bool isAbove(HWND above, HWND below)
     {
         for (HWND window = GetWindow(above, GW_HWNDNEXT); window != nullptr;
@@ -80,7 +80,7 @@ TEST_F(AboutCommand, ChosenAgainItIsTheSameWindowInFront)
     EXPECT_TRUE(IsWindowVisible(second.panel()));
 }
 
-TEST_F(AboutCommand, AfterClosingItIsLoadedAnew)
+TEST_F(AboutCommand, AfterClosingItIsLoadedAfresh)
 {
     start();
     for (int time = 0; time < 3; ++time) {
@@ -127,7 +127,7 @@ TEST_F(AboutCommand, TheDisplayFontDoesNotTouchIt)
     }
 }
 
-TEST_F(AboutCommand, AWindowKeptOnTopIsSoAgainRightAfterAndStaysBelowTheBox)
+TEST_F(AboutCommand, AWindowKeptOnTopIsTopmostAgainAtOnceButBelowTheBox)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     start();
@@ -141,7 +141,7 @@ TEST_F(AboutCommand, AWindowKeptOnTopIsSoAgainRightAfterAndStaysBelowTheBox)
     EXPECT_TRUE(isTopmost(main->handle()));
 }
 
-TEST_F(AboutCommand, OfAWindowKeptOnTopTheBoxHasTheKeyboardAllTheSame)
+TEST_F(AboutCommand, OverAWindowKeptOnTopTheBoxStillHasTheFocus)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     start();
@@ -159,7 +159,7 @@ TEST_F(AboutCommand, OfAWindowKeptOnTopTheBoxHasTheKeyboardAllTheSame)
     }
 }
 
-TEST_F(AboutCommand, AWindowNotKeptOnTopIsNotPutThere)
+TEST_F(AboutCommand, AWindowNotKeptOnTopStaysNormal)
 {
     start();
     const AboutBox box = open();

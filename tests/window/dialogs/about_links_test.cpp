@@ -33,7 +33,7 @@ TEST_F(AboutLinks, AClickOpensTheSiteOrAMessageToTheMakerAndLeavesTheBoxOpen)
     EXPECT_TRUE(IsWindowVisible(box.window));
 }
 
-TEST_F(AboutLinks, SpaceAndEnterDoAsAClick)
+TEST_F(AboutLinks, SpaceAndEnterActLikeAClick)
 {
     const AboutBox box = open();
     focus(box, about::site);

@@ -36,7 +36,7 @@ class EditorLook : public EditorTest, public testing::WithParamInterface<Look> {
         }
         return parts;
     }
-    // Where the ink of a text ends that is drawn at 0: a slanted letter reaches beyond the place it takes.
+    // How far the ink reaches of a text that is drawn at 0: a slanted letter extends beyond its own width.
     static int inkEnd(HFONT font, const std::wstring& text)
     {
         constexpr int width = 1500;
@@ -181,7 +181,7 @@ TEST_P(EditorLook, EachLabelStandsBesideItsField)
         GetWindowRect(GetDlgItem(dialog, field), &box);
         EXPECT_LE(label.right, box.left);
         EXPECT_LE(std::abs((label.top + label.bottom) - (box.top + box.bottom)), 2);
-        // The text before a field in the window's order is its name for a screen reader.
+        // To a screen reader, the label before a field in the window's order is its name.
         EXPECT_EQ(windowText(GetWindow(GetDlgItem(dialog, field), GW_HWNDPREV)), caption);
     }
 }

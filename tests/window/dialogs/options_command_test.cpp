@@ -12,7 +12,7 @@ class OptionsCommand : public MainWindowTest {
         folder.write(L"Work.udb", threeSites);
         start();
     }
-    // From the menu; `act` must close the dialog.
+    // Opens the dialog from the menu; `act` must close it.
     void open(const std::function<void(const OptionsDialog&)>& act)
     {
         Answers answers;
@@ -164,7 +164,7 @@ TEST_F(OptionsCommand, TheMainWindowTakesNoInputMeanwhile)
     EXPECT_TRUE(IsWindowEnabled(main->handle()));
 }
 
-TEST_F(OptionsCommand, NorDoesAnOpenAboutBoxWhoseFontStays)
+TEST_F(OptionsCommand, AnOpenAboutBoxTakesNoInputMeanwhileAndKeepsItsFont)
 {
     start();
     main->run(mnuAbout);
@@ -178,7 +178,7 @@ TEST_F(OptionsCommand, NorDoesAnOpenAboutBoxWhoseFontStays)
     EXPECT_EQ(fontOf(GetDlgItem(about, IDOK)).lfHeight, -MulDiv(8, static_cast<int>(main->dpi()), 72));
 }
 
-TEST_F(OptionsCommand, AWindowKeptOnTopIsNotMeanwhile)
+TEST_F(OptionsCommand, AWindowKeptOnTopIsNotTopmostMeanwhile)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     start();
@@ -192,7 +192,7 @@ TEST_F(OptionsCommand, AWindowKeptOnTopIsNotMeanwhile)
     }
 }
 
-TEST_F(OptionsCommand, AWindowNotKeptOnTopIsNotPutThere)
+TEST_F(OptionsCommand, AWindowNotKeptOnTopStaysNormal)
 {
     start();
     open([](const OptionsDialog& dialog) { press(dialog.window, IDOK); });
@@ -223,7 +223,7 @@ TEST_F(OptionsCommand, TheValuesReachThePreferencesWhenTheMainWindowCloses)
         EXPECT_EQ(preference(L"Options", key), text) << testing::PrintToString(std::wstring(key));
 }
 
-TEST_F(OptionsCommand, ASizeThatNoFontHasCanBeTakenBackInTheSameRun)
+TEST_F(OptionsCommand, AnImpossibleFontSizeCanBeCorrectedInTheSameRun)
 {
     startWithSites();
     take(L"0");

@@ -67,7 +67,7 @@ class OptionsLook : public OptionsTest {
                 const RECT two = placeOf(all[other]);
                 const bool pages = kindOf(all[i]) == kindOf(all[other]) &&
                                    kindOf(all[i]) == L"Vandrel.PictureBox" && EqualRect(&one, &two);
-                if (pages) continue; // of which one is seen
+                if (pages) continue; // only one of them is visible
                 EXPECT_FALSE(IntersectRect(&both, &one, &two))
                     << nameOf(all[i]) << " over " << nameOf(all[other]);
             }
@@ -75,7 +75,7 @@ class OptionsLook : public OptionsTest {
     }
 };
 
-TEST_F(OptionsLook, TheTextsAreTheseToTheLetter)
+TEST_F(OptionsLook, TheTextsAreExactlyThese)
 {
     state.font.name = L"Arial";
     const OptionsDialog dialog = open();

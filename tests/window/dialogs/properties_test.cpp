@@ -16,7 +16,7 @@ class Properties : public testing::Test {
     Properties() { owner.show(); }
     ~Properties() override { pump(); }
 
-    // Shown until the answer closes it.
+    // Shows it until the answer closes it.
     void show(std::function<void(HWND)> answer)
     {
         Answers answers;
@@ -97,7 +97,7 @@ TEST_F(Properties, ShowsAmpersandsAsTheyAre)
     EXPECT_NE(GetWindowLongPtrW(link, GWL_STYLE) & SS_NOPREFIX, 0) << "an ampersand would be an underline";
 }
 
-TEST_F(Properties, TheDescriptionHasAGreyBackgroundAndTheNameHasNot)
+TEST_F(Properties, TheDescriptionHasAGreyBackgroundButTheNameDoesNot)
 {
     const frmProperties dialog(owner.handle(), site);
     const HDC context = GetDC(dialog.handle());
@@ -191,7 +191,7 @@ TEST_F(Properties, EnterAndEscClose)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(Properties, WhatIsTypedIsGoneAndTheTextsHandedOverStay)
+TEST_F(Properties, WhatIsTypedIsDiscardedAndTheTextsHandedOverStay)
 {
     show([](HWND dialog) {
         for (const int box : {nameBox, descriptionBox}) {
@@ -236,7 +236,7 @@ TEST_F(Properties, SpaceAndEnterOnTheAddressOpenIt)
     });
 }
 
-TEST_F(Properties, TheAddressHasTheHandAsItsCursor)
+TEST_F(Properties, TheAddressHasTheHandCursor)
 {
     const frmProperties dialog(owner.handle(), site);
     const HWND link = GetDlgItem(dialog.handle(), address);
