@@ -46,7 +46,7 @@ TEST_F(BackupAllTest, CopiesTheFileOfEachCategoryByteForByteAndNothingElse)
     expectUntouched(folder);
 }
 
-TEST_F(BackupAllTest, CategoriesAreThoseOfTheList)
+TEST_F(BackupAllTest, TheCategoriesAreThoseInTheList)
 {
     startWithThree();
     folder.write(L"Later.udb", "not listed");
@@ -117,7 +117,7 @@ TEST_F(BackupAllTest, ChangesNothingElseInTheWindow)
     EXPECT_EQ(windowText(main->handle()), L"Vandrel - Arts");
 }
 
-// ---- the bar
+// ---- the progress bar
 
 TEST_F(BackupAllTest, TheBarShowsEachCategoryBeforeItIsCopied)
 {
@@ -157,7 +157,7 @@ TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
     EXPECT_EQ(lstInfo().gridLines(), before);
     expectThreeCopies();
     pump();
-    EXPECT_TRUE(typed); // it only had to wait
+    EXPECT_TRUE(typed); // it was only delayed
     EXPECT_NE(lstInfo().gridLines(), before);
 }
 
@@ -234,7 +234,7 @@ TEST_F(BackupAllTest, AFolderThatVanishedFails)
     EXPECT_EQ(GetFileAttributesW(gone.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(BackupAllTest, TheNextOneThatSucceedsTakesTheBarAway)
+TEST_F(BackupAllTest, TheNextBackupThatSucceedsHidesTheBar)
 {
     startWithThree();
     CreateDirectoryW(target.file(L"Arts.udb").c_str(), nullptr);

@@ -6,10 +6,10 @@
 namespace vandrel::test {
 namespace {
 
-// The folder browser, which both commands show.
+// The folder browser, which both backup commands show.
 class BackupBrowsing : public BackupTest, public testing::WithParamInterface<int> {
   protected:
-    // As the shell calls it.
+    // The shell's name for a special folder.
     static std::wstring nameOf(int place)
     {
         PIDLIST_ABSOLUTE id = nullptr;

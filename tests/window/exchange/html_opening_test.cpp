@@ -4,7 +4,7 @@
 namespace vandrel::test {
 namespace {
 
-// With a recorder in place of what opens pages.
+// With a recorder in place of the program that opens pages.
 class HtmlOpeningTest : public HtmlTest {
   protected:
     void startWithOne()
@@ -60,7 +60,7 @@ TEST_F(HtmlOpeningTest, AFailureOpensNothing)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(HtmlOpeningTest, AFileThatNothingOpensIsGeneratedAllTheSame)
+TEST_F(HtmlOpeningTest, AFileThatNothingOpensIsStillGenerated)
 {
     startWithOne();
     create(mnuCurrentCat, naming(target.file(L"page.vandrelunknown")), yes);

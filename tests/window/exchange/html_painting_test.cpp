@@ -6,7 +6,7 @@
 namespace vandrel::test {
 namespace {
 
-// While a page is made.
+// What the window does while a page is written.
 class HtmlPaintingTest : public HtmlTest {
   protected:
     void startWith(int categories)
@@ -17,7 +17,7 @@ class HtmlPaintingTest : public HtmlTest {
         start();
         clickCategory(L"C1");
     }
-    // Does something at each category, which lasts so long that the window gets a turn.
+    // Calls `act` at each category, and lets enough time pass for the window to be painted.
     MessageWatch atEachCategory(std::function<void()> act)
     {
         return {workspace().PB.handle(), PBM_SETPOS, [this, act = std::move(act)] {
@@ -67,7 +67,7 @@ TEST_F(HtmlPaintingTest, NoKeyClickOrCommandIsTakenMeanwhile)
         PostMessageW(main->handle(), WM_COMMAND, mnuGridlines, 0);
     });
     pageOf(mnuAllCats);
-    EXPECT_EQ(during, 1); // the command itself, as the test sends it
+    EXPECT_EQ(during, 1); // the command itself, which the test sends
 }
 
 TEST_F(HtmlPaintingTest, ARequestToQuitIsKeptForTheLoopOutside)

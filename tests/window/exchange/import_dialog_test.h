@@ -6,7 +6,7 @@ namespace vandrel::test {
 
 class ImportDialogTest : public ImportTest {
   protected:
-    // Opens the dialog, looks at it, and cancels it.
+    // Opens the dialog, calls `at` with it and cancels it.
     void look(const std::function<void(const ImportDialog&)>& at)
     {
         open([&](const ImportDialog& dialog) {

@@ -48,7 +48,7 @@ TEST_P(ImportDialogLook, NoControlOverlapsAnotherAndAllLieInTheWindow)
         GetClientRect(dialog.window, &client);
         const auto controls = childrenOf(dialog.window);
         for (std::size_t i = 0; i < controls.size(); ++i) {
-            // The progress bar stands in the place of the path and shows only while the path does not.
+            // The progress bar takes the place of the path, and only one of the two is visible.
             if (controls[i] == dialog.progressBar()) continue;
             const RECT area = placeOf(controls[i]);
             RECT both{};
@@ -66,7 +66,7 @@ TEST_P(ImportDialogLook, NoControlOverlapsAnotherAndAllLieInTheWindow)
     });
 }
 
-TEST_P(ImportDialogLook, TheProgressBarIsAsLargeAsThePathItStandsFor)
+TEST_P(ImportDialogLook, TheProgressBarIsAsLargeAsThePathThatItReplaces)
 {
     startInTheFont();
     look([&](const ImportDialog& dialog) {
