@@ -59,7 +59,7 @@ TEST_F(CategoryList, AnArrowKeyLoadsTheCategory)
     EXPECT_EQ(main->caption(), L"Vandrel - B");
 }
 
-TEST_F(CategoryList, TheSelectedCategoryAloneIsAnOpenFolder)
+TEST_F(CategoryList, OnlyTheSelectedCategoryIsAnOpenFolder)
 {
     startWithThree();
     EXPECT_EQ(images(), (std::vector<int>{4, 3, 3}));
@@ -107,7 +107,7 @@ TEST_F(CategoryList, AClickBelowTheLastCategoryChangesNothing)
     EXPECT_EQ(lstCategory().currentRow(), 1U);
 }
 
-TEST_F(CategoryList, TheFirstColumnClickSortsDescendingAndTheNextTurnsItRound)
+TEST_F(CategoryList, TheFirstColumnClickSortsDescendingAndTheNextReversesIt)
 {
     startWithThree();
     clickHeader(lstCategory(), 0);
@@ -127,7 +127,7 @@ TEST_F(CategoryList, SortingKeepsTheSelectedCategorySelectedAndOpen)
     EXPECT_EQ(lstInfo().count(), 2U);
 }
 
-TEST_F(CategoryList, ANewCategoryTakesItsSortedPlace)
+TEST_F(CategoryList, ANewCategoryGoesToItsSortedPlace)
 {
     startWithThree();
     clickHeader(lstCategory(), 0);

@@ -128,7 +128,7 @@ TEST_F(CopyingAnAddress, ChangesNeitherTheDateNorTheFile)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(CopyingAnAddress, TakesItAsItIs)
+TEST_F(CopyingAnAddress, CopiesItUnchanged)
 {
     folder.write(L"Work.udb", "A|  http://a/x y%20&\xE9 |text|\r\nB||text|\r\n");
     start();
@@ -140,7 +140,7 @@ TEST_F(CopyingAnAddress, TakesItAsItIs)
     }
 }
 
-TEST_F(CopyingAnAddress, OfSeveralSelectedSitesTakesTheCurrentOnesAlone)
+TEST_F(CopyingAnAddress, OfSeveralSelectedSitesCopiesOnlyTheCurrentOnes)
 {
     startWithSites();
     selectSites({0, 1, 2});

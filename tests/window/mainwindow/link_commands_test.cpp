@@ -114,7 +114,7 @@ TEST_F(LinkCommands, ThePopUpShowsTheProperties)
     EXPECT_ANSWERED(answers);
 }
 
-TEST_F(LinkCommands, F1LooksForTheHelpPage)
+TEST_F(LinkCommands, F1OpensTheHelpPage)
 {
     Answers answers;
     answers.expect(L"Error Opening Help", [](HWND box) { press(box, IDOK); });

@@ -44,7 +44,7 @@ TEST_F(StatusArea, StaysAtTheLowerEdgeAfterAResize)
     EXPECT_EQ(widthOf(placeOf(bar())), clientOf(main->handle()).right);
 }
 
-TEST_F(StatusArea, TheProgressBarLiesInItsFirstPanelUnseen)
+TEST_F(StatusArea, TheProgressBarIsHiddenInItsFirstPanel)
 {
     start();
     EXPECT_EQ(GetParent(progress()), bar());
