@@ -64,7 +64,7 @@ TEST_F(FileListTest, SortsNamesWhateverTheCaseOfTheirLetters)
     EXPECT_EQ(names(), (Names{L"A.url", L"\u00E4.url", L"b.url", L"B2.url", L"c.url", L"z.url"}));
 }
 
-TEST_F(FileListTest, AFolderThatIsNotThereHasNoFiles)
+TEST_F(FileListTest, AMissingFolderHasNoFiles)
 {
     make({L"a.url"});
     list.setPath(folder.path());
@@ -73,7 +73,7 @@ TEST_F(FileListTest, AFolderThatIsNotThereHasNoFiles)
     EXPECT_EQ(list.path(), folder.file(L"missing"));
 }
 
-TEST_F(FileListTest, NothingIsSelectedInAFolderThatIsShownAnew)
+TEST_F(FileListTest, NothingIsSelectedInANewlyShownFolder)
 {
     make({L"a.url", L"b.url"});
     list.setPath(folder.path());
@@ -106,7 +106,7 @@ TEST_F(FileListTest, AnArrowKeySelectsAndIsReported)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(FileListTest, ALetterLeadsToTheNameThatBeginsWithIt)
+TEST_F(FileListTest, ALetterSelectsTheNameThatBeginsWithIt)
 {
     make({L"apple.url", L"Banana.url", L"cherry.url"});
     list.setPath(folder.path());
@@ -147,7 +147,7 @@ TEST_F(FileListTest, ANameThatIsWiderThanTheListCanBeScrolledTo)
     EXPECT_EQ(SendMessageW(list.handle(), LB_GETHORIZONTALEXTENT, 0, 0), narrow);
 }
 
-TEST_F(FileListTest, ALargerFontWidensWhatIsScrolled)
+TEST_F(FileListTest, ALargerFontWidensTheScrolledArea)
 {
     make({std::wstring(100, L'W') + L".url"});
     list.setPath(folder.path());

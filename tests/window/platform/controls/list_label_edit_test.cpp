@@ -44,7 +44,7 @@ TEST_F(ListLabelEdit, StartsWithTheRowsTextInABoxThatHasTheFocus)
     EXPECT_EQ(begun, RowNumbers{1});
 }
 
-TEST_F(ListLabelEdit, IsNoClickOnTheRow)
+TEST_F(ListLabelEdit, IsNotAClickOnTheRow)
 {
     categories.editLabel(1);
     typeKey(field(), VK_RETURN);
@@ -95,7 +95,7 @@ TEST_F(ListLabelEdit, AnEmptyTextThatIsRefusedLeavesTheOldOne)
     accept = false;
     edit(L"");
     typeKey(field(), VK_RETURN);
-    // Wine takes an emptied box for a cancelled one and asks nobody; Windows hands the empty text over.
+    // Wine takes an emptied box for a cancelled edit and asks nobody; Windows passes the empty text on.
     EXPECT_EQ(ended, runsUnderWine() ? Names{} : Names{L"1 "});
     EXPECT_EQ(shownText(categories, 1), L"News");
 }
@@ -140,14 +140,14 @@ TEST_F(ListLabelEdit, TheRowIsScrolledIntoViewFirst)
     typeKey(field(), VK_ESCAPE);
 }
 
-TEST_F(ListLabelEdit, AListWithoutEditableLabelsStartsNone)
+TEST_F(ListLabelEdit, AListWithoutEditableLabelsStartsNoEdit)
 {
     fillNames(sites, {L"a"});
     sites.editLabel(0);
     EXPECT_FALSE(sites.editingLabel());
 }
 
-TEST_F(ListLabelEdit, AHeaderThatIsClickedTakesTheTextForTheRowThatWasEdited)
+TEST_F(ListLabelEdit, AClickOnAHeaderStoresTheTextInTheRowThatWasEdited)
 {
     categories.ColumnClick = [this](std::size_t) { categories.sortBy(0, SortOrder::descending); };
     edit(L"Papers");
@@ -165,8 +165,8 @@ TEST_F(ListLabelEdit, EndsBeforeRowsChangePlaces)
     EXPECT_EQ(shownColumn(categories), (Names{L"Work", L"News", L"Home"}));
 }
 
-// The row is another by the time its box has closed.
-TEST_F(ListLabelEdit, TheTextGoesToItsRowWhereverThatStandsWhenTheAnswerComes)
+// The row has another number by the time the message box is closed.
+TEST_F(ListLabelEdit, TheTextGoesToItsRowWhereverThatIsWhenTheAnswerComes)
 {
     categories.AfterLabelEdit = [this](std::size_t, const std::wstring&) {
         categories.insert(0, {L"Added"}, 1);

@@ -6,7 +6,7 @@ namespace {
 class ListPauses : public ListTest {
   protected:
     ListPauses() { fillNames(sites, {L"a", L"b", L"c", L"d", L"e"}); }
-    // A row at the end, as a search adds its hits.
+    // Appends a row, as a search adds its hits.
     void appendRow(const std::wstring& name)
     {
         const auto block = std::make_shared<std::wstring>(name);
@@ -16,7 +16,7 @@ class ListPauses : public ListTest {
     }
 };
 
-TEST_F(ListPauses, SeveralSelectedRowsStaySoWhileRowsAreAppended)
+TEST_F(ListPauses, SeveralSelectedRowsStaySelectedWhileRowsAreAppended)
 {
     selectRows(sites, {1, 3});
     focusRow(sites, 3);
@@ -78,7 +78,7 @@ TEST_F(ListPauses, OfSeveralTheFirstGoesAlongWhenRowsChangePlacesInThePause)
     EXPECT_EQ(selectedNames(sites), Names{L"d"});
 }
 
-TEST_F(ListPauses, OneSelectedRowStaysSo)
+TEST_F(ListPauses, OneSelectedRowStaysSelected)
 {
     sites.select(2);
     {

@@ -57,7 +57,7 @@ TEST_F(ListSelection, AllRowsCanBeSelectedAndUnselected)
     EXPECT_FALSE(sites.isSelected(1));
 }
 
-TEST_F(ListSelection, AnAddedRowTakesTheSelectionFromNobody)
+TEST_F(ListSelection, AnAddedRowLeavesTheSelectionAlone)
 {
     fillNames(sites, {L"b", L"d", L"f"});
     sites.sortBy(0, SortOrder::ascending);
@@ -131,7 +131,7 @@ TEST_F(ListSelection, WithNoRowSelectedNoneIsRemoved)
     EXPECT_EQ(shownColumn(sites), (Names{L"a", L"b"}));
 }
 
-TEST_F(ListSelection, RemovingTellsHowFarItHasCome)
+TEST_F(ListSelection, RemovingReportsItsProgress)
 {
     fillNames(sites, {L"a", L"b", L"c"});
     selectRows(sites, {1});
@@ -140,7 +140,7 @@ TEST_F(ListSelection, RemovingTellsHowFarItHasCome)
     EXPECT_EQ(told, (RowNumbers{1, 2, 3}));
 }
 
-TEST_F(ListSelection, TheProgramsOwnSelectingAnnouncesNoClick)
+TEST_F(ListSelection, SelectingByTheProgramAnnouncesNoClick)
 {
     fillNames(sites, {L"a", L"b", L"c"});
     sites.select(0);
@@ -169,7 +169,7 @@ TEST_F(ListSelection, ARowOfASingleSelectionListStaysSelectedThroughAddAndRemove
     EXPECT_EQ(nameOfCurrent(categories), L"Work");
 }
 
-TEST_F(ListSelection, ASingleSelectionListCannotBeSelectedWhole)
+TEST_F(ListSelection, ASingleSelectionListCannotHaveAllRowsSelected)
 {
     fillNames(categories, {L"a", L"b"});
     categories.select(1);

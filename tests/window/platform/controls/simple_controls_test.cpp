@@ -20,7 +20,7 @@ class SimpleControls : public testing::Test {
     TestWindow window;
 };
 
-TEST_F(SimpleControls, AButtonTellsThatItWasClicked)
+TEST_F(SimpleControls, AButtonReportsThatItWasClicked)
 {
     Button button(window.handle(), 1, L"Go");
     button.place(10, 10, 80, 30);
@@ -32,7 +32,7 @@ TEST_F(SimpleControls, AButtonTellsThatItWasClicked)
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(SimpleControls, ADisabledButtonIsPassedOverByTheMouseAndByTab)
+TEST_F(SimpleControls, ADisabledButtonIsSkippedByTheMouseAndByTab)
 {
     Button first(window.handle(), 1, L"Go");
     Button second(window.handle(), 2, L"Stop");
@@ -63,7 +63,7 @@ TEST_F(SimpleControls, AFailureOfAClickIsShownAndTheProgramGoesOn)
     EXPECT_ANSWERED(again);
 }
 
-TEST_F(SimpleControls, AButtonWithAPictureKeepsItsTextForReaders)
+TEST_F(SimpleControls, AButtonWithAPictureKeepsItsTextForScreenReaders)
 {
     Button button(window.handle(), 1, L"Search");
     IconHandle icon = loadIcon(L"search", 16);
@@ -164,7 +164,7 @@ class ProgressBars : public SimpleControls {
 
 TEST_F(ProgressBars, AreHiddenAtFirst) { EXPECT_FALSE(bar.visible()); }
 
-TEST_F(ProgressBars, ShowTheValueAsAPartOfTheMaximum)
+TEST_F(ProgressBars, ShowTheValueAsAFractionOfTheMaximum)
 {
     bar.setMaximum(200);
     bar.setValue(50);
@@ -183,7 +183,7 @@ TEST_F(ProgressBars, CountAnyNumberOfRows)
     EXPECT_EQ(position() * 2, SendMessageW(bar.handle(), PBM_GETRANGE, FALSE, 0));
 }
 
-TEST_F(ProgressBars, TellReadersTheRowsAndNotAShareOfThem)
+TEST_F(ProgressBars, ShowScreenReadersTheRowsAndNotAPercentage)
 {
     EXPECT_EQ(SendMessageW(bar.handle(), PBM_GETRANGE, TRUE, 0), 0);
     for (const int count : {1, 7, 1234}) {
@@ -247,7 +247,7 @@ TEST_F(ProgressBars, StartAgainFromNothing)
     EXPECT_EQ(position(), SendMessageW(bar.handle(), PBM_GETRANGE, FALSE, 0));
 }
 
-TEST_F(ProgressBars, AValueBeyondTheMaximumIsTheEndAndAMaximumOfNoneIsOne)
+TEST_F(ProgressBars, AValueBeyondTheMaximumIsTheEndAndAMaximumOfZeroIsOne)
 {
     bar.setMaximum(10);
     bar.setValue(25);

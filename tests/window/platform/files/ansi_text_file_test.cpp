@@ -52,7 +52,7 @@ TEST_F(TextFile, SixteenMegabytesAreReadAndWrittenEveryLetterInItsPlace)
     EXPECT_TRUE(textOf(L"Big.udb") == decodeAnsi(bytes));
 }
 
-TEST_F(TextFile, WritingPutsTheTextThereAsItIs)
+TEST_F(TextFile, WritingStoresTheTextUnchanged)
 {
     const std::string bytes("\xE9|\0\n\r\x1A", 6);
     save(L"Work.udb", decodeAnsi(bytes));
@@ -113,7 +113,7 @@ TEST_F(TextFile, StaysClosedAfterwards)
 {
     folder.write(L"Work.udb", "a|b\r\n");
     textOf(L"Work.udb");
-    { // nobody else could open it for itself alone
+    { // can be opened exclusively
         const HeldFile other(folder.file(L"Work.udb"));
     }
     save(L"Work.udb", L"c|d\r\n");

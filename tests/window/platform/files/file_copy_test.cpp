@@ -90,7 +90,7 @@ TEST_F(FileCopy, TwoBackslashesAreOne)
     EXPECT_EQ(target.names(), (Names{L"a.udb", L"b.udb"}));
 }
 
-TEST_F(FileCopy, TheRootOfADriveMayEndWithABackslashBeforeTheOneThatIsAdded)
+TEST_F(FileCopy, TheRootOfADriveMayEndWithABackslashBeforeTheAddedOne)
 {
     const FolderDrive drive(target.path());
     if (!drive.works()) GTEST_SKIP() << "no drive letter can be given to a folder";
@@ -281,7 +281,7 @@ TEST_F(PlainWrite, TakesThePlaceOfWhateverTheFileHeld)
     }
 }
 
-TEST_F(PlainWrite, WhatStopsItLeavesTheFileAsFarAsItWasWritten)
+TEST_F(PlainWrite, AFailureLeavesTheFileAsFarAsItWasWritten)
 {
     folder.write(L"a.htm", std::string(100, 'x'));
     FailingFiles files(2, ERROR_DISK_FULL);
@@ -299,7 +299,7 @@ TEST_F(PlainWrite, AFailureOfTheCloseCountsToo)
               error_number::diskFull);
 }
 
-TEST_F(PlainWrite, AFileThatCannotBeMadeIsToldByItsReason)
+TEST_F(PlainWrite, AFileThatCannotBeMadeIsAnErrorWithItsReason)
 {
     EXPECT_EQ(errorOf([&] { writeFile(folder.file(L"gone\\a.htm"), ""); }), error_number::pathNotFound);
     CreateDirectoryW(folder.file(L"dir.htm").c_str(), nullptr);

@@ -153,7 +153,7 @@ TEST_F(SaveTarget, AccessRightsAreKept)
     folder.write(L"Other.udb", "old");
     folder.write(L"Work.udb", "old");
     PSECURITY_DESCRIPTOR rights = nullptr;
-    // Everything to the owner, nothing to others.
+    // Everything for the administrators, nothing for anybody else.
     ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)", SDDL_REVISION_1,
                                                                      &rights, nullptr));
     ASSERT_TRUE(SetFileSecurityW(folder.file(L"Work.udb").c_str(), DACL_SECURITY_INFORMATION, rights));
@@ -194,11 +194,11 @@ TEST_F(SaveTarget, ANameAsLongAsNamesCanBeIsNoObstacle)
     EXPECT_EQ(save(name, "c|d\r\n"), 0);
     EXPECT_EQ(std::wstring_view(AnsiTextFile(folder.file(name)).read()), L"c|d\r\n");
     EXPECT_EQ(fileNamesIn(folder.path()), Names{name});
-    EXPECT_NE(save(L"n" + name), 0); // one letter more is an error; which one, differs between systems
+    EXPECT_NE(save(L"n" + name), 0); // one letter more is an error, though not the same on all systems
     EXPECT_EQ(fileNamesIn(folder.path()), Names{name});
 }
 
-TEST_F(SaveTarget, UnusualNamesStandForThemselves)
+TEST_F(SaveTarget, UnusualNamesAreTakenLiterally)
 {
     for (const wchar_t* const name : {L"trailing .udb", L"dot..udb", L" leading.udb", L"nul.udb",
                                       L"a&b %x%.udb", L"Ksi\u0105\u017Cki.udb"}) {
