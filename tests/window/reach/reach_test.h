@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <map>
 
-// How the windows of the program are used without a mouse, and what a screen reader says of them.
+// How the program's windows are used without a mouse, and what a screen reader says about them.
 namespace vandrel::test {
 
 using Names = std::vector<std::wstring>;
@@ -49,7 +49,7 @@ inline bool isFrame(HWND window)
            (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
-// Without a text it only holds other controls.
+// A static control without text only holds other controls.
 inline bool isPanel(HWND window)
 {
     return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0 && windowText(window).empty();
@@ -61,8 +61,8 @@ inline std::wstring withoutMarks(std::wstring text)
     return text;
 }
 
-// What a screen reader calls the control: its own text, or the label before it where its text is what it
-// holds.
+// What a screen reader calls the control: its own text, or the label before it when its text is its
+// content.
 inline std::wstring spokenName(HWND control)
 {
     const std::wstring kind = classOf(control);
@@ -73,14 +73,15 @@ inline std::wstring spokenName(HWND control)
     return withoutMarks(windowText(before));
 }
 
-// Of a control, also when a part of it is meant: the text box of a combo box, the header of a list.
+// The control that the window is a part of, as a text box is of a combo box and a header of a list;
+// otherwise the window itself.
 inline HWND wholeControl(HWND window)
 {
     const std::wstring parent = classOf(GetParent(window));
     return parent == WC_COMBOBOXW || parent == WC_LISTVIEWW ? GetParent(window) : window;
 }
 
-// Everything that can be seen in the window, parts of controls left out.
+// All visible controls in the window, without their parts.
 inline std::vector<HWND> visibleWithin(HWND window)
 {
     std::vector<HWND> all;
@@ -95,7 +96,7 @@ inline std::vector<HWND> visibleWithin(HWND window)
     return all;
 }
 
-// A key through the program's own message loop, with Shift held or not.
+// Presses a key, with Shift or without, through the program's own message loop.
 inline void typeIn(HWND window, WPARAM key, bool shift = false)
 {
     BYTE before[256]{};
@@ -108,7 +109,7 @@ inline void typeIn(HWND window, WPARAM key, bool shift = false)
     SetKeyboardState(before);
 }
 
-// Every window of the program, opened by its command of the main window.
+// Every window of the program, opened by its command in the main window.
 class ReachTest : public StoreTest {
   protected:
     ReachTest()
@@ -122,7 +123,7 @@ class ReachTest : public StoreTest {
         lstInfo().select(0);
     }
 
-    // Opens the window, looks at it, and closes it unless the looking does that.
+    // Opens the window, calls `look` with it, and closes it unless `look` does.
     void in(Shown shown, const std::function<void(HWND)>& look, bool closesItself = true)
     {
         SCOPED_TRACE(testing::PrintToString(shown));
@@ -166,7 +167,7 @@ class ReachTest : public StoreTest {
         EXPECT_ANSWERED(answers);
     }
 
-    // The controls that Tab leads to, from the first one on and back to it.
+    // The controls that Tab leads to, from the focused one until it comes round again.
     static Names stopsFromFocus(bool backwards)
     {
         Names stops;
