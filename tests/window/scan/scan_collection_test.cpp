@@ -9,9 +9,9 @@ namespace fs = std::filesystem;
 namespace vandrel::test {
 namespace {
 
-constexpr std::size_t mostSites = 110; // of a category that is taken
+constexpr std::size_t mostSites = 110; // in a category that is tested
 
-// The folder that lies beside the project as "shared"; none where it is absent.
+// The folder "shared" beside the project; none when it is missing.
 std::optional<fs::path> realCollection()
 {
     wchar_t program[MAX_PATH]{};
@@ -26,14 +26,14 @@ std::optional<fs::path> realCollection()
     return std::nullopt;
 }
 
-// Names as people have them, with addresses of the test's server.
+// Real names, with addresses on the test's server.
 class ScanCollection : public ScanTest {
   protected:
     struct Expected {
         std::vector<std::string> log;
         Images images;
     };
-    // Writes the category with other addresses, and says what the scan makes of it.
+    // Writes the category with addresses of known outcome, and returns what the scan must find.
     Expected rewrite(const std::wstring& file, const std::string& bytes)
     {
         const std::pair<std::string, bool> outcomes[] = {
