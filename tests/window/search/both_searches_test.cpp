@@ -22,7 +22,7 @@ class BothSearches : public SearchTest {
     }
 };
 
-TEST_F(BothSearches, TakeTheSameLettersForTheSame)
+TEST_F(BothSearches, TreatTheSameLettersAsEqual)
 {
     const std::pair<const wchar_t*, const wchar_t*> terms[] = {
         {L"MUSTERSTRASSE", L"Musterstra\u00DFe"},

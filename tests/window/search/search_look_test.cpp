@@ -49,7 +49,7 @@ class SearchLookTest : public SearchTest {
         SendMessageW(dialog(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
         return {limits.ptMinTrackSize.x, limits.ptMinTrackSize.y};
     }
-    // The frame around the results; it lies below the other one without a text.
+    // The frame around the results, the lower of the two without text.
     RECT resultsFrame()
     {
         RECT lowest{};
@@ -180,14 +180,14 @@ TEST_F(SearchSize, OneDirectionCanBeSmallAlone)
     EXPECT_EQ(heightOf(outerPlace(dialog())), px(4755));
 }
 
-TEST_F(SearchSize, LargerIsAsTheUserWants)
+TEST_F(SearchSize, AnyLargerSizeIsTheUsersChoice)
 {
     resize(px(7200) + 1, px(4755) + 1);
     EXPECT_EQ(widthOf(outerPlace(dialog())), px(7200) + 1);
     EXPECT_EQ(heightOf(outerPlace(dialog())), px(4755) + 1);
 }
 
-// Rounding to pixels may be off by one.
+// Rounding to pixels may put it off by one.
 TEST_F(SearchSize, TheResultsTakeTheHeightThatIsLeft)
 {
     for (const SIZE size : {SIZE{600, 400}, SIZE{700, 611}, SIZE{1100, 850}}) {

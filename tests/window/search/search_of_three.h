@@ -4,7 +4,7 @@
 
 namespace vandrel::test {
 
-// Twelve, three and seven sites: a search lets messages run three times.
+// Categories of twelve, three and seven sites. A search dispatches messages three times.
 class SearchOfThreeTest : public SearchTest {
   protected:
     SearchOfThreeTest()
