@@ -54,7 +54,7 @@ TEST(ApplyFont, BoldAndItalicAreTakenAwayAgain)
     }
 }
 
-TEST(ApplyFont, BoldAndItalicAreTwoThings)
+TEST(ApplyFont, BoldAndItalicAreIndependent)
 {
     TestForm form;
     ApplyFont(form, L"Arial", 0, 9, true, false);
@@ -65,7 +65,7 @@ TEST(ApplyFont, BoldAndItalicAreTwoThings)
     EXPECT_EQ(fontOf(form.label.handle()).lfItalic, TRUE);
 }
 
-TEST(ApplyFont, ColoursWhatHasATextColourAndPassesOverWhatHasNone)
+TEST(ApplyFont, ColoursOnlyWhatHasATextColour)
 {
     TestForm form;
     ApplyFont(form, L"Arial", RGB(1, 2, 250), 9, false, false);
@@ -94,7 +94,7 @@ TEST(ApplyFont, TakesTheDisplayFontOfTheOptionsAsOne)
     EXPECT_EQ(static_cast<COLORREF>(SendMessageW(form.list.handle(), LVM_GETTEXTCOLOR, 0, 0)), 0xFFU);
 }
 
-TEST(ApplyFont, TellsTheFormOnceWhenAllControlsHaveTheFont)
+TEST(ApplyFont, NotifiesTheFormOnceWhenAllControlsHaveTheFont)
 {
     TestForm form;
     ApplyFont(form, L"Arial", 0, 14, false, false);
@@ -111,7 +111,7 @@ TEST(ApplyFont, AFaceThatNoSystemHasOrThatIsTooLongRaisesNothing)
     EXPECT_NE(SendMessageW(form.label.handle(), WM_GETFONT, 0, 0), 0);
 }
 
-TEST(ApplyFont, AFormWithoutControlsIsToldAllTheSame)
+TEST(ApplyFont, AFormWithoutControlsIsNotifiedToo)
 {
     struct Bare : Form {
         std::vector<Control*> controls() override { return {}; }
