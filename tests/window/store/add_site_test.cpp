@@ -87,7 +87,7 @@ TEST_F(AddingASite, ResetsTheNewNameAndUrlButNotTheDescription)
     EXPECT_EQ(workspace().site.newSiteDescription, L"one");
 }
 
-TEST_F(AddingASite, NothingOfTheSiteBeforeComesBackInTheEditor)
+TEST_F(AddingASite, NothingOfThePreviousSiteComesBackInTheEditor)
 {
     folder.write(L"Work.udb", "");
     start();
@@ -99,7 +99,7 @@ TEST_F(AddingASite, NothingOfTheSiteBeforeComesBackInTheEditor)
     EXPECT_EQ(sites(), (Lines{L"|http://||11/16/2002", L"A|http://a/|one|11/16/2002"}));
 }
 
-TEST_F(AddingASite, EmptyFieldsAreTaken)
+TEST_F(AddingASite, EmptyFieldsAreAccepted)
 {
     folder.write(L"Work.udb", "");
     start();

@@ -34,7 +34,7 @@ TEST_F(NoCategories, AddingASiteStillOpensTheEditorAndThenAsksForACategory)
     EXPECT_EQ(sites(), Lines{L"A|http://a/|one|11/16/2002"});
 }
 
-TEST_F(NoCategories, TheOneThatIsMadeIsSelectedAndShownAsOpen)
+TEST_F(NoCategories, TheNewCategoryIsSelectedAndShownAsOpen)
 {
     start();
     Answers answers;

@@ -92,7 +92,7 @@ TEST_F(SavingFault, AFolderInThePlaceOfTheFileIsRefused)
     EXPECT_EQ(lstInfo().text(0, 2), L"changed");
 }
 
-TEST_F(SavingFault, AFolderThatIsGoneIsAPathNotFound)
+TEST_F(SavingFault, AMissingFolderIsPathNotFound)
 {
     startWithAChange();
     workspace().dataFolder = folder.file(L"gone");
@@ -119,7 +119,7 @@ TEST_F(SavingFault, TheUserGetsTheRunTimeErrorBoxAndTheProgramGoesOn)
     EXPECT_EQ(folder.read(L"Work.udb"), "B|b|y|2\r\n");
 }
 
-// ---- a file that was there but could not be read
+// ---- a file that exists but could not be read
 
 TEST_F(SavingFault, ACategoryThatCouldNotBeReadIsNotOverwrittenUntilItIsReadAgain)
 {
