@@ -1,9 +1,9 @@
 # shellcheck shell=bash
-# To be sourced by the scripts that run Windows programs: where Wine is, which folder plays the part of the
-# Windows installation ("prefix"), and a display that nobody else types on.
-# The prefixes lie in build/, so the developer's own Wine settings are never touched:
+# Sourced by the scripts that run Windows programs: where Wine is, which folder serves as the Windows
+# installation ("prefix"), and a display that nobody else types on.
+# The prefixes are in build/, so the developer's own Wine settings are never touched:
 #   build/wineprefix-base   as Wine made it, never used itself
-#   build/wineprefix        the tests' one, a copy of the base
+#   build/wineprefix        the tests' own, a copy of the base
 #   build/wineprefix-NAME   others (VANDREL_PREFIX=NAME), likewise copies
 
 vandrel_root=$(dirname -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")")
@@ -18,7 +18,8 @@ for wine64_candidate in /usr/lib/wine/wine64 /usr/lib/*/wine/wine64 /usr/bin/win
     fi
 done
 wineserver=
-for wine64_candidate in /usr/lib/wine/wineserver64 /usr/lib/*/wine/wineserver64 /usr/lib/*/wine/wineserver /usr/bin/wineserver; do
+for wine64_candidate in /usr/lib/wine/wineserver64 /usr/lib/*/wine/wineserver64 \
+    /usr/lib/*/wine/wineserver /usr/bin/wineserver; do
     if [[ -x $wine64_candidate ]]; then
         wineserver=$wine64_candidate
         break
@@ -30,28 +31,30 @@ VANDREL_PREFIX=${VANDREL_PREFIX-}
 WINEPREFIX=$vandrel_root/build/wineprefix${VANDREL_PREFIX:+-$VANDREL_PREFIX}
 WINEARCH=win64
 WINEDEBUG=${WINEDEBUG--all}
-# No .NET, no HTML engine, no menu entries in the developer's desktop, and a crash ends the program at once
+# No .NET, no HTML engine and no menu entries on the developer's desktop. A crash ends the program at once
 # instead of starting a debugger that waits for ever.
 WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winedbg.exe=d"
-# The locale decides the ANSI code page, the form of dates and how names on the disk are read: C.UTF-8 is code
-# page 1252, 11/16/2002 and any letter (plain C would take the eighth bit off every letter of a file name).
+# The locale decides the ANSI code page, the format of dates and how file names are read: C.UTF-8 means code
+# page 1252, 11/16/2002 and any letter (plain C would clear the eighth bit of every byte of a file name).
 LC_ALL=${VANDREL_LC:-C.UTF-8}
-# Tests without a window (prefix "files") leave the first processor to those with one.
+# Tests without a window (prefix "files") leave the first processor to those with windows.
 [[ $VANDREL_PREFIX != files || -z ${VANDREL_CPU-} ]] || VANDREL_CPU=1
 export VANDREL_PREFIX WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LC_ALL
 
-# A Windows program asks the Wine server for nearly everything, and waits for the answer. On one processor that is a
-# switch of tasks; on two, each has to be woken up, which takes far longer. VANDREL_CPU says on which of the
-# processors at hand, counted from 0, the server of a prefix and its programs run; empty: on any.
+# A Windows program asks the Wine server for nearly everything and waits for the answer. On one processor that
+# is a task switch; on two, each has to be woken up, which takes far longer. VANDREL_CPU says on which of the
+# available processors, counted from 0, the server of a prefix and its programs run; empty: on any.
 wine_on_cpu() {
     [[ -n ${VANDREL_CPU-} ]] || { "$@"; return; }
     local ranges range cpus=()
     IFS=, read -ra ranges <<<"$(sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status)"
-    for range in "${ranges[@]}"; do mapfile -t -O "${#cpus[@]}" cpus < <(seq "${range%-*}" "${range#*-}"); done
+    for range in "${ranges[@]}"; do
+        mapfile -t -O "${#cpus[@]}" cpus < <(seq "${range%-*}" "${range#*-}")
+    done
     taskset -c "${cpus[VANDREL_CPU % ${#cpus[@]}]}" "$@"
 }
 
-# wait_until SECONDS COMMAND... : try the command until it succeeds, at most so long
+# wait_until SECONDS COMMAND... : tries the command until it succeeds, at most for that long
 wait_until() {
     local deadline=$((SECONDS + $1))
     shift
@@ -61,29 +64,31 @@ wait_until() {
     done
 }
 
-# Ends every Wine program of our prefix.
+# Ends every Wine program in our prefix.
 wine_stop() {
     [[ -d $WINEPREFIX ]] || return 0
     timeout -k 5 20 "$wineserver" -k >/dev/null 2>&1 || true
     timeout -k 5 20 "$wineserver" -w >/dev/null 2>&1 || true
 }
 
-# A server that outlives each program by two minutes: the next program starts in 0.04 s instead of 0.5 s.
-# Wine's own processes are started here, with their output cut off from ours: a program that started them would
-# hand them its output, and whoever reads that (ctest does) would wait until they end.
+# A server that outlives each program by two minutes, so the next one starts in 0.04 s instead of 0.5 s.
+# Wine's own processes are started here, with their output cut off from ours: a program that started them
+# would pass them its output, and whoever reads that (ctest does) would wait until they end.
 wine_server_start() {
     (
         flock 9
-        wine_on_cpu timeout -k 5 20 "$wineserver" -p120 </dev/null >/dev/null 2>&1 9>&- || exit 0 # there is one already
+        # It fails when there is one already.
+        wine_on_cpu timeout -k 5 20 "$wineserver" -p120 </dev/null >/dev/null 2>&1 9>&- || exit 0
         if [[ -n ${DISPLAY-} ]]; then
-            wine_on_cpu timeout -k 5 60 "$wine64" rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1 9>&- || true
+            wine_on_cpu timeout -k 5 60 "$wine64" rundll32 user32.dll,GetDesktopWindow \
+                </dev/null >/dev/null 2>&1 9>&- || true
         else
             wine_on_cpu timeout -k 5 60 "$wine64" cmd /c exit </dev/null >/dev/null 2>&1 9>&- || true
         fi
     ) 9>"$vandrel_root/build/wineprefix.lock"
 }
 
-# Makes the prefix when it is not there. Two callers do not collide: the second waits for the first.
+# Makes the prefix if it is missing. Two callers do not collide: the second waits for the first.
 wine_prefix() {
     [[ -e $WINEPREFIX/.ready ]] && return
     if [[ -z $wine64 || -z $wineserver ]]; then
@@ -102,13 +107,13 @@ wine_prefix_base() {
     [[ -e $base/.ready ]] && return
     rm -rf -- "$base"
     mkdir -p "$base/home"
-    # HOME is set so that "Documents" and its like do not become links to the developer's own.
+    # HOME is set so that "Documents" and the like do not become links to the developer's own.
     if ! HOME=$base/home WINEPREFIX=$base timeout -k 5 240 "$wine64" wineboot -i </dev/null >"$log" 2>&1; then
-        vandrel_say "Wine could not set itself up (wineboot -i failed or took over 240 s); see build/wineprefix.log"
+        vandrel_say "wineboot -i failed or took over 240 s; see build/wineprefix.log"
         WINEPREFIX=$base wine_stop
         return 1
     fi
-    # The registry is on disk when the server has ended; left alone it ends within seconds.
+    # The registry is on disk once the server has ended, which takes it a few seconds.
     WINEPREFIX=$base timeout -k 5 60 "$wineserver" -w </dev/null >/dev/null 2>&1 || WINEPREFIX=$base wine_stop
     local link
     for link in "$base"/drive_c/users/*/*; do
@@ -117,7 +122,7 @@ wine_prefix_base() {
     touch "$base/.ready"
 }
 
-# Windows' own files (700 MB, which no program changes) are shared by hard links, all else is copied.
+# Windows' own files (700 MB, which no program changes) are hard links; everything else is copied.
 wine_prefix_copy() {
     local base=$vandrel_root/build/wineprefix-base new=$WINEPREFIX.new
     [[ -e $WINEPREFIX/.ready ]] && return
@@ -128,7 +133,7 @@ wine_prefix_copy() {
     mv -- "$new" "$WINEPREFIX"
 }
 
-# As Wine made it: no setting of an earlier run is left.
+# Makes the prefix again as Wine made it, without any setting of an earlier run.
 wine_prefix_fresh() {
     wine_stop
     rm -rf -- "$WINEPREFIX"
@@ -151,7 +156,7 @@ display_start() {
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
     [[ ${VANDREL_KEEP_DISPLAY-} == 1 ]] || with_us=(setpriv --pdeathsig TERM --)
-    # Xvfb takes the first free number itself and writes it down when it is ready.
+    # Xvfb picks the first free number itself and writes it to the file when it is ready.
     setsid "${with_us[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset \
         </dev/null >"$state/xvfb.log" 2>&1 3>"$state/number" &
     display_pids=("$!")
@@ -163,8 +168,9 @@ display_start() {
     number=$(<"$state/number")
     export DISPLAY=:$number
     unset WAYLAND_DISPLAY XAUTHORITY
-    setsid "${with_us[@]}" env HOME="$state" XDG_CONFIG_HOME="$state" XDG_CACHE_HOME="$state" XDG_DATA_HOME="$state" \
-        openbox --sm-disable --config-file "$vandrel_root/scripts/openbox.xml" </dev/null >"$state/openbox.log" 2>&1 &
+    setsid "${with_us[@]}" env HOME="$state" XDG_CONFIG_HOME="$state" XDG_CACHE_HOME="$state" \
+        XDG_DATA_HOME="$state" openbox --sm-disable --config-file "$vandrel_root/scripts/openbox.xml" \
+        </dev/null >"$state/openbox.log" 2>&1 &
     display_pids=("$!" "${display_pids[@]}")
     if ! wait_until 20 display_is_managed; then
         tail -n 5 "$state/openbox.log" >&2 || true
@@ -188,7 +194,7 @@ display_stop() {
 }
 display_is_gone() { ! kill -0 "$1"; }
 
-# A picture of the display, once two in a row are alike (at most about five seconds).
+# A picture of the display, taken once two in a row are the same (after about five seconds at most).
 display_picture() { # FILE
     local last='' now try
     for ((try = 0; try < 25; try++)); do
