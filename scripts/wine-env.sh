@@ -18,7 +18,8 @@ for wine64_candidate in /usr/lib/wine/wine64 /usr/lib/*/wine/wine64 /usr/bin/win
     fi
 done
 wineserver=
-for wine64_candidate in /usr/lib/wine/wineserver64 /usr/lib/*/wine/wineserver64 /usr/lib/*/wine/wineserver /usr/bin/wineserver; do
+for wine64_candidate in /usr/lib/wine/wineserver64 /usr/lib/*/wine/wineserver64 \
+    /usr/lib/*/wine/wineserver /usr/bin/wineserver; do
     if [[ -x $wine64_candidate ]]; then
         wineserver=$wine64_candidate
         break
@@ -36,7 +37,7 @@ WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=;winedbg.exe=d"
 # The locale decides the ANSI code page, the date format and how file names are read: C.UTF-8 means code page 1252,
 # 11/16/2002 and any letter (plain C would strip the eighth bit from every letter of a file name).
 LC_ALL=${VANDREL_LC:-C.UTF-8}
-# Tests without a window (prefix "files") leave the first processor to those with one.
+# Tests without a window (prefix "files") leave the first processor to those with windows.
 [[ $VANDREL_PREFIX != files || -z ${VANDREL_CPU-} ]] || VANDREL_CPU=1
 export VANDREL_PREFIX WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LC_ALL
 
@@ -47,7 +48,9 @@ wine_on_cpu() {
     [[ -n ${VANDREL_CPU-} ]] || { "$@"; return; }
     local ranges range cpus=()
     IFS=, read -ra ranges <<<"$(sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status)"
-    for range in "${ranges[@]}"; do mapfile -t -O "${#cpus[@]}" cpus < <(seq "${range%-*}" "${range#*-}"); done
+    for range in "${ranges[@]}"; do
+        mapfile -t -O "${#cpus[@]}" cpus < <(seq "${range%-*}" "${range#*-}")
+    done
     taskset -c "${cpus[VANDREL_CPU % ${#cpus[@]}]}" "$@"
 }
 
@@ -61,7 +64,7 @@ wait_until() {
     done
 }
 
-# Ends every Wine program of our prefix.
+# Ends every Wine program in our prefix.
 wine_stop() {
     [[ -d $WINEPREFIX ]] || return 0
     timeout -k 5 20 "$wineserver" -k >/dev/null 2>&1 || true
@@ -74,9 +77,11 @@ wine_stop() {
 wine_server_start() {
     (
         flock 9
-        wine_on_cpu timeout -k 5 20 "$wineserver" -p120 </dev/null >/dev/null 2>&1 9>&- || exit 0 # there is one already
+        # It fails when there is one already.
+        wine_on_cpu timeout -k 5 20 "$wineserver" -p120 </dev/null >/dev/null 2>&1 9>&- || exit 0
         if [[ -n ${DISPLAY-} ]]; then
-            wine_on_cpu timeout -k 5 60 "$wine64" rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1 9>&- || true
+            wine_on_cpu timeout -k 5 60 "$wine64" rundll32 user32.dll,GetDesktopWindow \
+                </dev/null >/dev/null 2>&1 9>&- || true
         else
             wine_on_cpu timeout -k 5 60 "$wine64" cmd /c exit </dev/null >/dev/null 2>&1 9>&- || true
         fi
@@ -102,9 +107,9 @@ wine_prefix_base() {
     [[ -e $base/.ready ]] && return
     rm -rf -- "$base"
     mkdir -p "$base/home"
-    # HOME is set so that "Documents" and its like do not become links to the developer's own.
+    # HOME is set so that "Documents" and the like do not become links to the developer's own.
     if ! HOME=$base/home WINEPREFIX=$base timeout -k 5 240 "$wine64" wineboot -i </dev/null >"$log" 2>&1; then
-        vandrel_say "Wine could not set itself up (wineboot -i failed or took over 240 s); see build/wineprefix.log"
+        vandrel_say "wineboot -i failed or took over 240 s; see build/wineprefix.log"
         WINEPREFIX=$base wine_stop
         return 1
     fi
@@ -163,8 +168,9 @@ display_start() {
     number=$(<"$state/number")
     export DISPLAY=:$number
     unset WAYLAND_DISPLAY XAUTHORITY
-    setsid "${with_us[@]}" env HOME="$state" XDG_CONFIG_HOME="$state" XDG_CACHE_HOME="$state" XDG_DATA_HOME="$state" \
-        openbox --sm-disable --config-file "$vandrel_root/scripts/openbox.xml" </dev/null >"$state/openbox.log" 2>&1 &
+    setsid "${with_us[@]}" env HOME="$state" XDG_CONFIG_HOME="$state" XDG_CACHE_HOME="$state" \
+        XDG_DATA_HOME="$state" openbox --sm-disable --config-file "$vandrel_root/scripts/openbox.xml" \
+        </dev/null >"$state/openbox.log" 2>&1 &
     display_pids=("$!" "${display_pids[@]}")
     if ! wait_until 20 display_is_managed; then
         tail -n 5 "$state/openbox.log" >&2 || true
@@ -188,7 +194,7 @@ display_stop() {
 }
 display_is_gone() { ! kill -0 "$1"; }
 
-# A picture of the display, once two in a row are alike (at most about five seconds).
+# A picture of the display, taken once two in a row are the same (after about five seconds at most).
 display_picture() { # FILE
     local last='' now try
     for ((try = 0; try < 25; try++)); do

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Includes of the product point one way: down the rooms, between the files of a room without a circle, and never from one
-# room of commands to another.
+# Includes of the product point one way: down the folders, never from one folder of commands to another, and
+# within a folder without a circle. The tests of a folder include those of no other: what they share is in
+# tests/support.
 set -euo pipefail
 cd -- "$(dirname -- "$(dirname -- "$(readlink -f -- "$0")")")/src"
 
@@ -9,22 +10,39 @@ includes=$(grep -rE '^#include "' --include='*.h' --include='*.cpp' . |
 
 awk '
     BEGIN {
-        rooms = "platform/base platform/text platform/files platform/controls platform/windows platform/system " \
-                "model shared dialogs store capture,exchange,scan,search,update mainwindow ."
-        floors = split(rooms, floor, " ")
+        folders = "platform/base platform/text platform/files platform/controls platform/windows " \
+            "platform/system model shared dialogs store capture,exchange,scan,search,update mainwindow ."
+        floors = split(folders, floor, " ")
         for (i = 1; i <= floors; ++i) {
-            beside = split(floor[i], room, ",")
-            for (k = 1; k <= beside; ++k) height[room[k]] = i
+            beside = split(floor[i], folder, ",")
+            for (k = 1; k <= beside; ++k) height[folder[k]] = i
         }
     }
-    function roomOf(file) { return sub(/\/[^\/]*$/, "", file) ? file : "." }
+    function folderOf(file) { return sub(/\/[^\/]*$/, "", file) ? file : "." }
     {
-        from = roomOf($1)
-        to = roomOf($2)
-        if (!(from in height) || !(to in height)) { print $1 " or " $2 ": no such room"; wrong = 1 }
+        from = folderOf($1)
+        to = folderOf($2)
+        if (!(from in height) || !(to in height)) { print $1 " or " $2 ": no such folder"; wrong = 1 }
         else if (from != to && height[to] >= height[from]) { print $1 " includes " $2; wrong = 1 }
     }
     END { exit wrong }
 ' <<<"$includes"
 
 awk '$1 != $2' <<<"$includes" | tsort >/dev/null
+
+cd ../tests
+grep -rE '^#include "tests/' --include='*.h' --include='*.cpp' . |
+    sed -E 's|^\./||; s|^([^:]*):#include "tests/([^"]*)"|\1 \2|' |
+    awk '
+        function folderOf(file) { return sub(/\/[^\/]*$/, "", file) ? file : "." }
+        {
+            to = folderOf($2)
+            above = folderOf($1)
+            if (to == above || to == "support") next
+            # The shared part of its own kind of tests, as program/support is for program/desktop.
+            if (to == folderOf(above) "/support" && above != "support") next
+            print "tests/" $1 " includes tests/" $2
+            wrong = 1
+        }
+        END { exit wrong }
+    '

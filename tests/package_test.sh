@@ -46,7 +46,8 @@ pictures=$(grep -o 'pictures/[a-z0-9-]*\.png' help/help.html)
 for picture in $pictures; do
     [[ -s $here/$picture ]] || fail "the manual refers to $picture, which is not in the zip"
 done
-[[ $(basename -- "$zip") == "Vandrel-$(tr -d '[:space:]' <"$built/version.txt").zip" ]] || fail "its name is $zip"
+version=$(tr -d '[:space:]' <"$built/version.txt")
+[[ $(basename -- "$zip") == "Vandrel-$version.zip" ]] || fail "its name is $zip"
 
 : >"$here/Links.udb" # without a category it asks for one first
 scripts/wine-run --timeout 60 "$here/Vandrel.exe" </dev/null >/dev/null 2>&1 7>&- &

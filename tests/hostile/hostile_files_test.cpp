@@ -4,7 +4,7 @@
 #include "platform/files/ansi_text_writer.h"
 #include "platform/files/file_layer.h"
 #include "platform/text/ansi_text.h"
-#include "tests/core/hostile/hostile_text.h"
+#include "tests/support/hostile_text.h"
 #include "tests/support/temp_folder.h"
 
 #include <windows.h>
@@ -16,7 +16,7 @@ namespace {
 
 using Site = std::array<std::wstring, RowTable::maxColumns>;
 
-// Category files of any bytes, in the code page of this run: 1252, and 932 under a Japanese locale.
+// Category files of random bytes, in the code page of this run: 1252, or 932 under a Japanese locale.
 class HostileFiles : public testing::Test {
   protected:
     std::string line()
@@ -46,7 +46,7 @@ class HostileFiles : public testing::Test {
         }
         return sites;
     }
-    // As the program saves what it has read.
+    // Saves as the program saves what it has read.
     void save() const
     {
         const DecodedText text = AnsiTextFile(path()).read();
@@ -61,7 +61,7 @@ class HostileFiles : public testing::Test {
         };
         AnsiTextFile(path()).write(compose, systemFiles());
     }
-    // A byte that spelled nothing is kept, unless it would now make a letter with the byte behind it.
+    // A byte that was no letter is kept, unless it would now form a letter with the byte after it.
     static bool sameField(const std::wstring& first, const std::wstring& second)
     {
         return std::ranges::equal(first, second, [](wchar_t before, wchar_t after) {
@@ -83,7 +83,7 @@ TEST_F(HostileFiles, AreReadBackAsTheyWereSaved)
         std::string bytes;
         for (std::size_t lines = hostile.below(hostile.oneIn(50) ? 4000 : 60); lines > 0; --lines)
             bytes += line() + (hostile.oneIn(20) ? "\n" : "\r\n");
-        if (hostile.oneIn(3)) bytes += line(); // without an end
+        if (hostile.oneIn(3)) bytes += line(); // without a line end
         folder.write(L"Any.udb", bytes);
         const auto first = load();
         records += first.size() + 1;

@@ -1,19 +1,19 @@
 #include "exchange/shortcut_name.h"
-#include "tests/core/hostile/hostile_text.h"
-#include "tests/window/capture/drop_test.h"
-#include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/drop_test.h"
+#include "tests/support/hostile_text.h"
+#include "tests/support/import_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
 
-// What reaches the main window from outside, as nobody means it.
+// Random input that reaches the main window from outside.
 class HostileDrops : public DropTest {
   protected:
     HostileText hostile;
 };
 
-// Any text may be dropped and taken over: it becomes one site, and stays one.
+// Any text may be dropped and accepted: it becomes one site and remains one.
 TEST_F(HostileDrops, BecomeOneSiteEach)
 {
     startWithOneSite();
@@ -27,7 +27,7 @@ TEST_F(HostileDrops, BecomeOneSiteEach)
         const std::size_t before = lstInfo().count();
         dropAndAnswer(link, pressing(IDOK));
         ASSERT_EQ(lstInfo().count(), before + 1);
-        // A name with a semicolon in front makes a comment of its line, which the form of the files says.
+        // A name that begins with a semicolon makes its line a comment; that is the file format.
         for (std::size_t row = 0; row < lstInfo().count(); ++row) {
             if (lstInfo().text(row).starts_with(L';')) siteRows().setText(row, 0, L"x");
         }
@@ -41,7 +41,7 @@ TEST_F(HostileDrops, BecomeOneSiteEach)
 
 class HostileShortcuts : public ImportTest {
   protected:
-    // Bytes around one sound entry that names the file's own mark.
+    // Random bytes around one sound entry, which names the file's own mark.
     std::string shortcut(const std::string& mark)
     {
         std::string bytes;
@@ -113,10 +113,10 @@ class HostileRegistry : public MainWindowTest {
         const DWORD types[] = {REG_SZ,     REG_SZ,    REG_SZ,       REG_EXPAND_SZ,
                                REG_BINARY, REG_DWORD, REG_MULTI_SZ, 4711};
         const auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+        // It may end in the middle of a letter.
+        const DWORD end = size == 0 ? 0 : size - static_cast<DWORD>(hostile.below(3));
         RegSetKeyValueW(HKEY_CURRENT_USER, (root + application_ + L"\\" + section).c_str(), name,
-                        types[hostile.below(std::size(types))], text.c_str(),
-                        size == 0 ? 0
-                                  : size - static_cast<DWORD>(hostile.below(3))); // may end within a letter
+                        types[hostile.below(std::size(types))], text.c_str(), end);
     }
 
     HostileText hostile;
@@ -140,7 +140,7 @@ TEST_F(HostileRegistry, LeavesAWindowThatCanBeUsed)
             setAny(L"Options", name);
         }
         load();
-        const RECT area = outerPlace(main->handle()); // before a window manager has its say
+        const RECT area = outerPlace(main->handle()); // before the window manager interferes
         main->show(SW_SHOW);
         pump();
         EXPECT_EQ(lstInfo().count(), 3U);
@@ -153,7 +153,7 @@ TEST_F(HostileRegistry, LeavesAWindowThatCanBeUsed)
         const OptionsState options = main->workspace().options;
         stop();
         pump();
-        start(); // on what it has written itself
+        start(); // with what it has written itself
         EXPECT_TRUE(main->workspace().options == options);
         forget();
         EXPECT_FALSE(HasFailure()) << "seed " << hostile.usedSeed() << ", start " << tried;

@@ -35,7 +35,7 @@ void Collection::reset()
     forgetWindow();
     escaped = false;
     typed = {.folder = target.path().c_str()};
-    SetCurrentDirectoryW(folder.path().c_str()); // a rename is relative to it
+    SetCurrentDirectoryW(folder.path().c_str()); // renaming uses paths relative to it
     empty(folder);
     empty(shortcuts);
     empty(target);
@@ -83,7 +83,7 @@ void Collection::stop()
 void Collection::forgetWindow()
 {
     main_.reset();
-    pump(); // the request to quit that closing leaves behind, and what came for windows that are gone
+    pump(); // takes the quit message, and messages for windows that are gone
 }
 
 void Collection::choose(int entry)

@@ -11,10 +11,10 @@
 
 namespace vandrel::test {
 
-// The files of a folder with their bytes.
+// The files of a folder: names and bytes.
 using Files = std::map<std::wstring, std::string>;
 
-// The real main window on a small collection, which is made anew for each run of a command.
+// The real main window on a small collection, which is made afresh for each run of a command.
 class Collection {
   public:
     Collection();
@@ -22,33 +22,32 @@ class Collection {
     Collection& operator=(const Collection&) = delete;
     ~Collection();
 
-    // The files and preferences as at the beginning of each run, and no window.
+    // Restores the files and preferences for the next run, and leaves no window.
     void reset();
-    // Makes the window and loads it, as the program does; what is thrown is shown. False when no window came
-    // about.
+    // Creates the window and loads it as the program does, showing what is thrown. False when there is no
+    // window.
     bool start();
     void stop();
 
     frmMain& main() { return *main_; }
     bool running() const { return main_ != nullptr && main_->handle() != nullptr; }
-    // No window any more, or one that was closed.
+    // Drops a window that no longer exists or was closed.
     void forgetWindow();
     Workspace& workspace() { return main_->workspace(); }
-    // The command through the window.
+    // Sends the command through the window.
     void choose(int entry);
-    // Runs it as something that a window asks for.
+    // Runs it as the handler of a window's event.
     template <typename Action> void asEvent(Action action);
-    // Messages that are waiting, through the program's own loop.
+    // Dispatches the waiting messages through the program's own loop.
     void dispatch();
 
-    // What a save dialog is told: a file of that name in the target folder.
+    // Sets the answer to a save dialog: a file of this name in the target folder.
     void nameFile(const wchar_t* name);
 
-    // What is in the folder of the categories, and whether something was left behind that is no file of the
-    // program's.
+    // The files in the data folder, and whether anything else was left behind there.
     Files files() const;
     std::wstring leftBehind() const;
-    // Of the last scan.
+    // Whether the last scan logged a failure.
     bool logSaysFailed() const;
 
     TempFolder folder;
@@ -56,7 +55,7 @@ class Collection {
     TempFolder target{L"target"};
     Typed typed;
     std::wstring server;     // "http://127.0.0.1:1234"
-    bool withServer = false; // the sites are there
+    bool withServer = false; // the sites answer
     bool escaped = false;    // an error left the program's message loop
     SettingsStore store;
 

@@ -49,7 +49,7 @@ std::wstring joined(const Lines& lines)
     return text + L"}";
 }
 
-// Name and address of every site of all files.
+// The name and address of every site in all files.
 Lines sitesIn(const Files& files)
 {
     Lines sites;
@@ -135,9 +135,9 @@ std::wstring CommandRun::failing(unsigned n, failing_new::How how, failing_new::
         told_ = command_.silent || !usualBoxes_.starts_with(answers.boxes());
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed.")) told_ = true;
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed!")) told_ = true;
-        if (c_.logSaysFailed()) told_ = true; // a site that is checked is told by its picture and its line
+        if (c_.logSaysFailed()) told_ = true; // a failed check shows in the site's picture and in the log
         if (!told_ && !(c_.running() || !command_.makesWindow)) complain(L"no window, and nothing was told");
-        // A category that cannot be read shows empty, without a word.
+        // A category that cannot be read is shown empty, without a message.
         else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable())
             complain(L"has not done it, and nothing was told");
     }
@@ -154,7 +154,7 @@ std::wstring CommandRun::failing(unsigned n, failing_new::How how, failing_new::
     return wrong_;
 }
 
-// ---- what is there
+// ---- what the run has left
 
 CommandRun::Lines CommandRun::shownSites()
 {
@@ -200,7 +200,7 @@ void CommandRun::clickTitle(const wchar_t* title)
     }
 }
 
-// ---- what it must be like
+// ---- what must be true of it
 
 void CommandRun::checkFiles()
 {
@@ -246,7 +246,7 @@ void CommandRun::checkLists()
         complain(L"shows the sites " + joined(shown) + L" for " + joined(linesOf(title)));
 }
 
-// No title is given. Categories that could not be listed are listed now.
+// Gives no title. Categories that could not be listed before are listed now.
 void CommandRun::askForCategory()
 {
     const Typed typed{.line = L""};
@@ -270,7 +270,7 @@ void CommandRun::addAnother()
     if (shownSites() != linesOf(title)) complain(L"adds, and shows " + joined(shownSites()));
 }
 
-// All is saved, so nothing is asked.
+// Everything is saved, so no question comes.
 void CommandRun::visit(const wchar_t* title)
 {
     const Typed typed;

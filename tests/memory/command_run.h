@@ -8,18 +8,20 @@
 
 namespace vandrel::test {
 
-// Runs one command again and again, each time with another allocation failing, and looks at what it leaves.
+// Runs one command again and again, each time with a different allocation failing, and checks what it
+// leaves.
 class CommandRun {
   public:
     CommandRun(Collection& collection, const Command& command);
 
-    // Runs it with nothing failing, to know what it does. What is wrong with that; empty when nothing is.
+    // Runs it without failures, to learn what it does. Returns what is wrong with that; empty when nothing
+    // is.
     std::wstring learn(failing_new::Where where);
-    // The allocations of that run.
+    // The number of allocations in that run.
     unsigned usual() const { return usual_; }
 
-    // What is wrong after the n-th allocation failed; empty when nothing is. `reached` says whether there was
-    // one.
+    // Runs it with the n-th allocation failing. Returns what is wrong then, empty when nothing is;
+    // `reached` says whether there was an n-th.
     std::wstring failing(unsigned n, failing_new::How how, failing_new::Where where, bool& reached);
 
   private:

@@ -5,7 +5,7 @@
 #include "store/category_selection.h"
 #include "store/save_items.h"
 #include "store/site_operations.h"
-#include "tests/window/capture/dropped_object.h"
+#include "tests/support/dropped_object.h"
 #include "update/update_check.h"
 
 #include <commctrl.h>
@@ -13,14 +13,14 @@
 namespace vandrel::test {
 namespace {
 
-constexpr int searchTerm = 101; // of the search window
+constexpr int searchTerm = 101; // the search window's
 constexpr int importAllButton = 104;
 
 void nothing(Collection&) {}
 
 template <const wchar_t* const& name> void naming(Collection& c)
 {
-    c.typed.question = IDNO; // a page is not opened
+    c.typed.question = IDNO; // the page is not opened
     c.nameFile(name);
 }
 constexpr const wchar_t* page = L"made.htm";
@@ -35,7 +35,7 @@ HWND searchWindow(Collection& c)
     return c.main().searchWindow() != nullptr ? c.main().searchWindow()->handle() : nullptr;
 }
 
-// Messages run as long as the search does.
+// The search dispatches messages as long as it runs.
 void search(Collection& c)
 {
     SendDlgItemMessageW(searchWindow(c), searchTerm, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"PAGE"));
@@ -58,7 +58,7 @@ void clickColumn(Collection& c)
     click.hdr = {c.workspace().lstInfo.handle(), 0, LVN_COLUMNCLICK};
     click.iItem = -1;
     SendMessageW(c.main().handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
-    c.dispatch(); // the list sorts by a message of its own
+    c.dispatch(); // the list sorts in response to a posted message
 }
 
 void pressKey(HWND list, int key) { SendMessageW(list, WM_KEYDOWN, static_cast<WPARAM>(key), 1); }
@@ -141,7 +141,7 @@ constexpr Command all[] = {
     {"Options", nothing, choosing<mnuOptions>, nullptr},
     {"Properties", nothing, choosing<mnuProperties>, nullptr},
     {"About", nothing, choosing<mnuAbout>, [](Collection& c) { return c.main().aboutBox() != nullptr; }},
-    // Whatever goes wrong with a drop is not told, but for data that holds no text.
+    // A drop fails without a message, unless its data holds no text.
     {"Drop", [](Collection&) { dropped().withAnsi("http://dropped.example/~-~A page that was dropped"); },
      drop, nullptr, false, false, false, true},
     {"StartUp", nothing, [](Collection& c) { c.start(); },

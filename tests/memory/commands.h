@@ -10,16 +10,16 @@ namespace vandrel::test {
 // One thing that the user does.
 struct Command {
     const char* name;
-    // Before anything fails: the window is there, and the category of three sites is shown with its first one
+    // Called before anything fails. The window exists and shows the category of three sites, with the first
     // selected.
     void (*prepare)(Collection&);
     void (*act)(Collection&);
-    // Whether it has done what it is there for, beside what it does to files. Null when it only does that.
+    // Whether it has done its work, apart from changes to files. Null when it only changes files.
     bool (*done)(Collection&);
     bool needsServer = false;
-    bool makesWindow = false; // the command is the start of the program
-    bool savesOften = false;  // so a file may be as it was in between
-    bool silent = false;      // its failures are not told
+    bool makesWindow = false; // the command is the program's start
+    bool savesOften = false;  // so a file may be left in a state in between
+    bool silent = false;      // it fails without a message
 };
 
 std::span<const Command> commands();

@@ -1,16 +1,16 @@
 #include "dialogs/frm_input.h"
 #include "tests/memory/quiet_answers.h"
 #include "tests/support/failing_new.h"
+#include "tests/support/site_editor.h"
 #include "tests/support/test_window.h"
-#include "tests/window/dialogs/site_editor.h"
 
 #include <gtest/gtest.h>
 
 namespace vandrel::test {
 namespace {
 
-// Presses OK with the n-th allocation failing, and cancels what is still open. Whether there was so late an
-// allocation.
+// Presses OK with the n-th allocation failing, and cancels what is still open. Returns whether there was an
+// n-th.
 bool pressOk(unsigned n, SiteHandOff& site)
 {
     TestWindow owner;
@@ -28,7 +28,7 @@ bool pressOk(unsigned n, SiteHandOff& site)
     return failing_new::failed();
 }
 
-TEST(EditorMemory, AnOkThatFailedIsNone)
+TEST(EditorMemory, AFailedOkCountsAsNone)
 {
     for (const bool edit : {false, true}) {
         for (unsigned n = 1;; ++n) {

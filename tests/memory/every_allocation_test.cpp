@@ -1,6 +1,6 @@
 #include "tests/memory/command_run.h"
+#include "tests/support/own_process.h"
 #include "tests/support/test_server.h"
-#include "tests/window/endurance/own_process.h"
 
 #include <gtest/gtest.h>
 
@@ -16,18 +16,18 @@ using failing_new::Where;
 
 constexpr const wchar_t* taskVariable = L"VANDREL_MEMORY_TASK";
 constexpr const wchar_t* wholeVariable = L"VANDREL_MEMORY";
-constexpr DWORD limitMilliseconds = 60'000; // of one run, on a machine that does other work, too
+constexpr DWORD limitMilliseconds = 60'000; // for one run, on a machine that does other work too
 
 std::wstring wide(const std::string& bytes) { return {bytes.begin(), bytes.end()}; }
 std::string narrow(const std::wstring& text) { return {text.begin(), text.end()}; }
 
-// What a process of its own is told.
+// The task of a second process.
 struct Task {
-    std::size_t command = 0; // by its place among all
-    bool sample = false;     // this and all behind it, a few runs each
+    std::size_t command = 0; // its index
+    bool sample = false;     // this command and all after it, a few runs each
     How how = How::once;
     Where where = Where::thisThread;
-    unsigned first = 1; // allocation to fail
+    unsigned first = 1; // the first allocation to fail
     unsigned seed = 0;
     std::string server = "-";
 
@@ -51,7 +51,7 @@ struct Task {
     }
 };
 
-// ---- the process of its own
+// ---- the second process
 
 void say(const char* what, std::size_t command, unsigned n, const std::wstring& text = {})
 {
@@ -64,7 +64,7 @@ void sayWrong(std::size_t command, unsigned n, const std::wstring& wrong)
     if (!wrong.empty()) say("wrong", command, n, wrong);
 }
 
-// A window is made for each run, which takes longer than all else: they share what they can.
+// Creating a window for each run takes longer than anything else, so the runs share what they can.
 struct Trial {
     explicit Trial(const Task& task) { collection.server = task.server == "-" ? L"" : wide(task.server); }
 
@@ -76,7 +76,7 @@ struct Trial {
         sayWrong(number, 0, run->learn(where));
         say("usual", number, run->usual());
     }
-    // Whether there was so late an allocation.
+    // Returns whether there was an n-th allocation.
     bool fail(std::size_t number, unsigned n, How how, Where where)
     {
         bool reached = false;
@@ -117,11 +117,11 @@ void runTask(const std::wstring& told)
     say("through", 0, 0);
 }
 
-// ---- the process that tells it
+// ---- the process that starts it
 
-// What such a process has said.
+// What the second process has reported.
 struct Said {
-    std::size_t command = 0; // of the last run that was begun
+    std::size_t command = 0; // of the last run begun
     unsigned n = 0;
     unsigned usual = 0;
     unsigned runs = 0;
@@ -159,7 +159,7 @@ class EveryAllocation : public testing::TestWithParam<std::size_t> {
   protected:
     EveryAllocation() { server_.put("/update/VDVer.txt", "0.0.1"); }
 
-    // Runs the task; a process that crashes or hangs is followed by another one, which `next` leads on.
+    // Runs the task. When a process crashes or hangs, another one continues where `next` says.
     template <typename Next> Said runAll(Task task, Next next)
     {
         task.server = narrow(server_.root());
@@ -179,20 +179,20 @@ class EveryAllocation : public testing::TestWithParam<std::size_t> {
         }
         return all;
     }
-    // All runs of the command in one manner.
+    // All runs of the command with this kind of failure.
     void tryEach(How how, Where where)
     {
         const Said all = runAll({.command = GetParam(), .how = how, .where = where},
                                 [](Task& task, const Said& said) {
                                     task.first = said.n + 1;
-                                    return said.n > 0; // else it crashes with nothing failing
+                                    return said.n > 0; // otherwise it crashes with nothing failing
                                 });
         std::printf("%s, %s%s: %u allocations, %u runs\n", commands()[GetParam()].name,
                     how == How::once ? "one failure" : "failures from then on",
                     where == Where::thisThread ? "" : " on the other thread", all.usual, all.runs);
         EXPECT_TRUE(all.wrong.empty()) << all.wrong;
     }
-    // In this process when it is one of its own, else in such ones, when all runs are wanted.
+    // Runs the task if this is a second process; starts second processes if all runs are wanted.
     void tryOrRun(How how)
     {
         if (const auto told = environmentText(taskVariable)) {
@@ -210,7 +210,7 @@ class EveryAllocation : public testing::TestWithParam<std::size_t> {
         const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
         return std::string(test->test_suite_name()) + "." + test->name();
     }
-    // Until the process has ended; false when nothing came from it for too long.
+    // Waits for the end of the process. False when it has reported nothing for too long.
     static bool waitFor(const OwnProcess& process)
     {
         std::size_t heard = 0;
@@ -227,7 +227,7 @@ class EveryAllocation : public testing::TestWithParam<std::size_t> {
 
 TEST_P(EveryAllocation, MayFailAlone) { tryOrRun(How::once); }
 
-TEST_P(EveryAllocation, MayFailWithAllBehindIt) { tryOrRun(How::forGood); }
+TEST_P(EveryAllocation, MayFailWithAllThatFollow) { tryOrRun(How::forGood); }
 
 INSTANTIATE_TEST_SUITE_P(Of, EveryAllocation, testing::Range<std::size_t>(0, commands().size()),
                          [](const auto& chosen) { return std::string(commands()[chosen.param].name); });

@@ -1,6 +1,7 @@
 #include "tests/memory/quiet_answers.h"
 
-#include "tests/window/dialogs/site_editor.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/site_editor.h"
 
 #include <commctrl.h>
 #include <shlobj.h>
@@ -17,11 +18,11 @@ constexpr UINT tickMilliseconds = 10;
 constexpr int boxTextId = 0xFFFF;
 constexpr int nameField = 1148; // of the system's file dialog
 constexpr int importFiles = 103;
-constexpr int patience = 200; // looks at one dialog
+constexpr int mostLooks = 200; // at one dialog
 
 QuietAnswers* active = nullptr;
 
-// Those beside which the main window is used are the commands' own business.
+// Modeless windows are left to the commands.
 bool isModeless(wstring_view caption)
 {
     return caption == L"About Vandrel" || caption == L"Search All Categories";
@@ -46,8 +47,8 @@ HWND openDialog()
     return found;
 }
 
-// The system's message box: the program's dialogs keep an object with theirs, and the system's others have no
-// such text.
+// Whether it is a message box: the program's own dialogs keep an object with the window, and the system's
+// other dialogs have no such text.
 bool isBox(HWND dialog)
 {
     return GetDlgItem(dialog, boxTextId) != nullptr && GetDlgItem(dialog, nameField) == nullptr &&
@@ -56,18 +57,13 @@ bool isBox(HWND dialog)
            FindWindowExW(dialog, nullptr, WC_TREEVIEWW, nullptr) == nullptr;
 }
 
-// Wine does not always find a new folder at the first time of asking.
+// Unlike selectFolder, this allocates nothing, so the caller asks again when Wine does not find a new folder
+// at first.
 bool selectsFolder(HWND browser, wstring_view path)
 {
     SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.data()));
-    const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
     wchar_t text[MAX_PATH]{};
-    TVITEMW item{};
-    item.mask = TVIF_TEXT;
-    item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-    item.pszText = text;
-    item.cchTextMax = MAX_PATH;
-    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    readFolder(browser, TVGN_CARET, text);
     return _wcsicmp(text, path.data() + path.rfind(L'\\') + 1) == 0;
 }
 
@@ -81,7 +77,7 @@ void append(wchar_t* texts, std::size_t room, const wchar_t* text)
     texts[at] = L'\0';
 }
 
-// As typing it over the selected whole does.
+// As typing it over the selected text does.
 void typeInto(HWND field, const wchar_t* text)
 {
     SendMessageW(field, EM_SETSEL, 0, -1);
@@ -117,7 +113,7 @@ void QuietAnswers::look()
     const HWND dialog = openDialog();
     if (dialog == nullptr) return;
     Seen& seen = seenOf(dialog);
-    if (seen.busy) return; // what was pressed in it is still at work
+    if (seen.busy) return; // what was pressed in it is still running
     seen.busy = true;
     ++seen.times;
     answer(dialog, seen);
@@ -157,14 +153,15 @@ void QuietAnswers::answer(HWND dialog, Seen& seen)
 {
     wchar_t caption[200]{};
     GetWindowTextW(dialog, caption, 200);
-    if (seen.times > patience) {
+    if (seen.times > mostLooks) {
         complain(L"does not close", caption);
         DestroyWindow(dialog);
         return;
     }
     const wstring_view kind = caption;
     const bool first = seen.times == 1;
-    // An import goes on without a text for which there was no memory, so it gets another try.
+    // When the text could not be typed for lack of memory, the import goes on without it, so it gets a
+    // second try.
     const bool again = kind == L"Site Description" && seen.times == 2;
     int button = first || again ? IDOK : IDCANCEL;
     if (isBox(dialog)) {

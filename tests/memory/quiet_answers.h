@@ -6,21 +6,21 @@
 
 namespace vandrel::test {
 
-// What is typed and chosen in the dialogs of one command; all texts live as long as the answers do.
+// What is typed and chosen in the dialogs of one command. All texts must outlive the answers.
 struct Typed {
     const wchar_t* name = L"Added";
     const wchar_t* address = L"http://m.example/";
     const wchar_t* description = L"written by a test that has no memory";
     const wchar_t* line = L"A text for the input box";
-    const wchar_t* file = L""; // of a save dialog, whole
+    const wchar_t* file = L""; // the whole path, for a save dialog
     const wchar_t* folder = L"";
     int importButton = IDOK;
     int question = IDYES; // how questions are answered
 };
 
-// Answers every dialog and box of this thread from inside its own loop, again and again until it is closed: a
-// dialog in which the answer failed is cancelled. Allocates nothing, since it works while every allocation
-// counts.
+// Answers every dialog and message box of this thread from inside its own loop until it is closed. A dialog
+// in which the answer failed is cancelled. Allocates nothing, because it works while allocations are
+// counted.
 class QuietAnswers {
   public:
     explicit QuietAnswers(const Typed& typed);
@@ -28,13 +28,13 @@ class QuietAnswers {
     QuietAnswers& operator=(const QuietAnswers&) = delete;
     ~QuietAnswers();
 
-    // Whether the box of error 7 came.
+    // Whether the message box of error 7 came.
     bool toldOutOfMemory() const { return outOfMemory_; }
-    // Whether some other box or dialog with that text came. It may be the end of the text.
+    // Whether this is part of what a message box showed.
     bool told(const wchar_t* text) const;
-    // All boxes, one behind the other, as far as there is room.
+    // The texts of all message boxes, one after another, cut where the buffer ends.
     const wchar_t* boxes() const { return boxes_; }
-    // A dialog that nobody expected, or that did not close; empty when there was none.
+    // Names a dialog that was not expected or did not close; empty when there was none.
     const wchar_t* complaint() const { return complaint_; }
 
   private:

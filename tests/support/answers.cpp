@@ -6,12 +6,12 @@ namespace vandrel::test {
 namespace {
 
 constexpr UINT tickMilliseconds = 10;
-constexpr ULONGLONG patienceMilliseconds = 3000;
+constexpr ULONGLONG dismissAfterMilliseconds = 3000;
 constexpr int boxTextId = 0xFFFF;
 
-Answers* active = nullptr; // tests run one after the other
+Answers* active = nullptr; // tests run one at a time
 
-// The dialog of this thread that waits for an answer: the one in front of the others.
+// The dialog of this thread that is waiting for an answer: the frontmost one.
 HWND openDialog()
 {
     HWND found = nullptr;
@@ -29,7 +29,7 @@ HWND openDialog()
     return found;
 }
 
-// Message boxes show CR LF as they got it; some systems give it back as LF.
+// Message boxes are given CR LF; some systems return it as LF.
 std::wstring withoutReturns(std::wstring text)
 {
     std::erase(text, L'\r');
@@ -134,29 +134,29 @@ void Answers::look()
 {
     const HWND dialog = openDialog();
     if (dialog == nullptr) {
-        patience_ = 0;
+        dismissAt_ = 0;
         return;
     }
-    // A dialog that cannot be cancelled is busy, and takes no answer yet.
+    // A dialog that cannot be cancelled now is busy and takes no answer yet.
     const HWND cancel = GetDlgItem(dialog, IDCANCEL);
     if (cancel != nullptr && IsWindowEnabled(cancel) == 0) {
-        patience_ = 0;
+        dismissAt_ = 0;
         return;
     }
     if (next_ < steps_.size() && windowText(dialog) == steps_[next_].caption) {
-        patience_ = 0;
+        dismissAt_ = 0;
         const auto answer = steps_[next_++].answer;
         answer(dialog);
         return;
     }
-    if (patience_ == 0) patience_ = GetTickCount64() + patienceMilliseconds;
-    if (GetTickCount64() < patience_) return;
+    if (dismissAt_ == 0) dismissAt_ = GetTickCount64() + dismissAfterMilliseconds;
+    if (GetTickCount64() < dismissAt_) return;
     complaint_ += L"an unexpected dialog <" + windowText(dialog) + L"> ";
     const HWND text = GetDlgItem(dialog, boxTextId);
     if (text != nullptr) complaint_ += L"<" + windowText(text) + L"> ";
     PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-    patience_ = 0;
+    dismissAt_ = 0;
 }
 
 } // namespace vandrel::test

@@ -8,17 +8,17 @@
 
 namespace vandrel::test {
 
-// Runs the messages of this thread until `condition` holds; false when it does not within the limit.
+// Dispatches this thread's messages until `condition` holds. False when it does not hold within the limit.
 bool pumpUntil(const std::function<bool()>& condition, DWORD limitMilliseconds = 10'000);
-// Runs the messages that are waiting.
+// Dispatches the messages that are waiting.
 void pump();
 
 std::wstring windowText(HWND window);
-// A control of a window by the text it shows, or by its id.
+// The child window that shows the text; null when there is none.
 HWND childWithText(HWND window, const std::wstring& text);
 
-// Answers the windows that the code under test opens and waits for, one after the other, from inside their
-// own loops. Make it before the call that opens them; check done() after it.
+// Answers the windows that the code under test opens and waits for, one after another, from inside their
+// own message loops. Create it before the call that opens them and check done() afterwards.
 class Answers {
   public:
     Answers();
@@ -26,18 +26,17 @@ class Answers {
     Answers& operator=(const Answers&) = delete;
     ~Answers();
 
-    // When a dialog of this caption is shown, `answer` gets its window. It must close the window, or lead to
-    // it.
+    // When a dialog with this caption is shown, `answer` is called with its window. It must close the
+    // window or do something that closes it.
     Answers& expect(const std::wstring& caption, std::function<void(HWND dialog)> answer);
-    // A message box with this caption and text, closed with the button (IDOK, IDYES, IDNO ...). Also checks
-    // that its icon is the system's for `icon` (MB_ICONHAND, MB_ICONQUESTION, MB_ICONEXCLAMATION,
-    // MB_ICONASTERISK).
+    // A message box with this caption and text, closed with the button (IDOK, IDYES, IDNO ...). Its icon
+    // must be the system's for `icon` (MB_ICONHAND, MB_ICONQUESTION, MB_ICONEXCLAMATION, MB_ICONASTERISK).
     Answers& expectBox(const std::wstring& caption, const std::wstring& text, int button, UINT icon);
     // The input box: types the text and presses OK, or cancels.
     Answers& expectInput(const std::wstring& caption, const std::wstring& prompt, const std::wstring& text);
     Answers& cancelInput(const std::wstring& caption);
 
-    // All were asked for, and nothing else is open.
+    // Every expected window came.
     bool done() const { return next_ == steps_.size(); }
     // What went wrong, for the failure message.
     const std::wstring& complaint() const { return complaint_; }
@@ -54,7 +53,7 @@ class Answers {
     std::size_t next_ = 0;
     std::wstring complaint_;
     UINT_PTR timer_ = 0;
-    ULONGLONG patience_ = 0; // when an unexpected dialog is dismissed, so that a wrong test ends
+    ULONGLONG dismissAt_ = 0; // when an unexpected dialog is closed, so that a failing test ends
 };
 
 // Presses a button of a dialog as a click does.

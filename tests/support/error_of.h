@@ -4,7 +4,7 @@
 
 namespace vandrel::test {
 
-// The number of the error that the action ends with, 0 when it succeeds.
+// The number of the RuntimeError that the action raises; 0 when it succeeds.
 template <typename Action> int errorOf(Action action)
 {
     try {

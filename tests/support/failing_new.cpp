@@ -49,7 +49,7 @@ unsigned counted() { return count; }
 
 bool failed() { return hasFailed; }
 
-// Null when there is no memory, or when there is said to be none.
+// Null when memory has run out, or is meant to have run out.
 static void* take(std::size_t size) noexcept
 {
     return mustFail() ? nullptr : std::malloc(size != 0 ? size : 1);

@@ -1,23 +1,23 @@
 #pragma once
 
-// The whole program's operator new, which fails when it is told to. This is why these tests are a program of
-// their own.
+// Replaces operator new for the whole program, so that it fails on demand. This is why these tests are a
+// program of their own.
 namespace vandrel::test::failing_new {
 
 enum class How {
     once,    // the n-th allocation alone
-    forGood, // and all that come behind it
+    forGood, // and all that follow it
 };
 enum class Where {
     thisThread,
     otherThreads, // of which there is one at most: the transfer's
 };
 
-// From now on allocations count, and the n-th of them fails; none when n is 0.
+// Counts allocations from now on and makes the n-th fail; none when n is 0.
 void arm(unsigned n, How how, Where where);
 void disarm();
 
-// Since arm().
+// How many allocations there have been since arm().
 unsigned counted();
 bool failed();
 

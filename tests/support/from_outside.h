@@ -10,9 +10,9 @@
 
 namespace vandrel::test {
 
-// Puts a text into a box without the keyboard and from another thread, as screen readers, dictation and
-// automation do. Meanwhile this thread answers what is sent to its windows and nothing else, so no timer of
-// the test comes between.
+// Sets the text of a box from another thread and without the keyboard, as screen readers, dictation and
+// automation do. Meanwhile this thread answers only messages that are sent to its windows, so no timer of
+// the test interferes.
 inline void setTextFromOutside(HWND box, const std::wstring& text)
 {
     auto sent = std::async(std::launch::async, [&] {

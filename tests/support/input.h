@@ -8,7 +8,7 @@
 #include <array>
 #include <vector>
 
-// Keys and mouse buttons as messages, through the queue, as the user's come.
+// Keys and mouse buttons as messages through the queue, as they come from the user.
 namespace vandrel::test {
 
 // Keys that are down while messages are posted and answered: VK_CONTROL, VK_SHIFT, VK_MENU.
@@ -40,7 +40,7 @@ inline std::vector<int> controlAndShift(bool control, bool shift)
     return keys;
 }
 
-// Presses a key where the focus is, and lets the program's own message loop deal with it.
+// Presses a key in the window that has the focus, and lets the program's own message loop deal with it.
 inline void pressKey(WORD key, bool control = false, bool shift = false)
 {
     const HeldKeys held(controlAndShift(control, shift));
@@ -48,7 +48,7 @@ inline void pressKey(WORD key, bool control = false, bool shift = false)
     MessageLoop::current().dispatchPending();
 }
 
-// Presses a key and lets it go, in a window that has a message loop of its own or none.
+// Presses and releases a key in a window that has a message loop of its own, or none.
 inline void typeKey(HWND window, int key)
 {
     PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
@@ -56,8 +56,8 @@ inline void typeKey(HWND window, int key)
     pump();
 }
 
-// `held`: MK_CONTROL, MK_SHIFT. Posted, since a list that has got the press waits for what the mouse does
-// next.
+// `held`: MK_CONTROL, MK_SHIFT. Posted, because a list that has received the press waits for what the mouse
+// does next.
 inline void clickAt(HWND window, POINT point, WPARAM held = 0)
 {
     const LPARAM place = MAKELPARAM(point.x, point.y);

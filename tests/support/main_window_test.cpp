@@ -21,7 +21,7 @@ MainWindowTest::MainWindowTest() : store(L""), application_(ownApplication())
 MainWindowTest::~MainWindowTest()
 {
     main.reset();
-    pump(); // the request to quit that closing leaves behind
+    pump(); // takes the quit message that closing has posted
     RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\VB and VBA Program Settings\\" + application_).c_str());
 }
 

@@ -8,13 +8,13 @@
 
 namespace vandrel::test {
 
-// The real main window in this process, on a data folder and preferences of its own.
+// The real main window in this process, with a data folder and preferences of its own.
 class MainWindowTest : public testing::Test {
   protected:
     MainWindowTest();
     ~MainWindowTest() override;
 
-    // Makes the window and loads it. Write category files and preferences before.
+    // Creates the window and loads it. Write category files and preferences first.
     void start(const std::wstring& commandLine = L"");
     // Closes it as the user does, so that the preferences are written.
     void stop();
@@ -26,7 +26,7 @@ class MainWindowTest : public testing::Test {
     ListView& lstInfo() { return main->workspace().lstInfo; }
     RowTable& categoryRows() { return main->workspace().categories; }
     RowTable& siteRows() { return main->workspace().shown.sites; }
-    // Selects a row as a click on it does.
+    // Selects the row, as a click on it does.
     void clickCategory(const std::wstring& title);
     std::vector<std::wstring> column(ListView& list, std::size_t column = 0);
 

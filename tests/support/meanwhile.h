@@ -8,7 +8,7 @@
 
 namespace vandrel::test {
 
-// While the code under test waits and lets messages run: does something once, as soon as `when` holds.
+// Does something once, as soon as `when` holds, while the code under test waits and dispatches messages.
 class Meanwhile {
   public:
     Meanwhile(std::function<bool()> when, std::function<void()> then)
@@ -25,7 +25,7 @@ class Meanwhile {
     }
 
     bool happened() const { return happened_; }
-    // How often messages ran.
+    // How often messages have been dispatched.
     int ticks() const { return ticks_; }
 
   private:

@@ -8,7 +8,7 @@
 
 namespace vandrel::test {
 
-// Takes down the menu commands that reach a window, instead of the window.
+// Records the menu commands that reach a window, and keeps them from it.
 class CommandRecorder {
   public:
     explicit CommandRecorder(HWND window) : window_(window)
@@ -33,7 +33,7 @@ class CommandRecorder {
     HWND window_;
 };
 
-// Looks on whenever a message reaches a window, before the window does.
+// Calls `look` whenever the message reaches the window, before the window sees it.
 class MessageWatch {
   public:
     MessageWatch(HWND window, UINT message, std::function<void()> look)

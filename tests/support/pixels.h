@@ -6,7 +6,7 @@
 
 namespace vandrel::test {
 
-// The pixels that the screen shows of a window's client area, 0x00RRGGBB.
+// The pixels of a window's client area as the screen shows them, 0x00RRGGBB.
 inline std::vector<DWORD> pixelsOf(HWND window)
 {
     RECT area{};

@@ -19,7 +19,7 @@ TempFolder::TempFolder(const std::wstring& name)
     GetTempPathW(MAX_PATH, base);
     path_ = std::wstring(base) + name + L"-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
             std::to_wstring(++counter);
-    remove(); // a killed run with the same process number may have left one
+    remove(); // a killed run with the same process id may have left one
     fs::create_directories(path_);
 }
 

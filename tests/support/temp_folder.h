@@ -5,7 +5,7 @@
 
 namespace vandrel::test {
 
-// A folder of its own for one test, removed with all that is in it.
+// A temporary folder for one test, removed with everything in it.
 class TempFolder {
   public:
     explicit TempFolder(const std::wstring& name = L"vandrel");
@@ -15,11 +15,11 @@ class TempFolder {
 
     const std::wstring& path() const { return path_; }
     std::wstring file(const std::wstring& name) const { return path_ + L"\\" + name; }
-    // Bytes as they are, past the code under test.
+    // Exact bytes, without the code under test.
     void write(const std::wstring& name, const std::string& bytes) const;
     std::string read(const std::wstring& name) const;
     bool has(const std::wstring& name) const;
-    // Sorted, folders not counted.
+    // The names of the files, sorted; folders are left out.
     std::vector<std::wstring> names() const;
 
   private:

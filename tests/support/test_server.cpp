@@ -35,7 +35,7 @@ std::string bytesOf(const Reply& reply)
     return bytes + reply.body;
 }
 
-// What stands behind that name in the header of a request; empty when it is not there.
+// The value of this field in a request's header; empty when it is missing.
 std::string headerOf(const std::string& request, const std::string& name)
 {
     const std::string before = "\r\n" + name + ": ";
@@ -68,7 +68,7 @@ class TestServer::Server {
         WSADATA data{};
         WSAStartup(MAKEWORD(2, 2), &data);
         listener_ = boundSocket(address_);
-        deaf_ = boundSocket(deafAddress_); // bound and not listening: nobody else gets the port
+        deaf_ = boundSocket(deafAddress_); // bound but not listening, so that nobody else gets the port
         listen(listener_, SOMAXCONN);
         threads_.emplace_back([this] { acceptAll(); });
     }
@@ -96,7 +96,7 @@ class TestServer::Server {
     unsigned short port() const { return ntohs(address_.sin_port); }
     unsigned short deafPort() const { return ntohs(deafAddress_.sin_port); }
 
-    mutable std::mutex guard; // of what follows
+    mutable std::mutex guard; // for the members below
     std::condition_variable changed;
     std::map<std::string, Reply> replies;
     std::map<std::string, std::vector<std::string>> cookiesSet;
@@ -127,7 +127,7 @@ class TestServer::Server {
             });
         }
     }
-    // Looks now and then: not every system wakes a call that waits when its socket is shut down.
+    // Polls: not every system wakes a waiting call when its socket is shut down.
     bool waitFor(SOCKET socket, short what)
     {
         while (true) {
@@ -179,7 +179,7 @@ class TestServer::Server {
             if (!answer(socket, path.substr(0, path.find('?')), cookies)) return;
         }
     }
-    // Whether the connection is good for another request.
+    // Returns whether the connection can take another request.
     bool answer(SOCKET socket, const std::string& path, const std::string& cookies)
     {
         if (path == "/closed") return false;
@@ -220,7 +220,7 @@ class TestServer::Server {
         const auto found = replies.find(path);
         return found == replies.end() ? Reply{404, "no such page"} : found->second;
     }
-    // Until the client goes away.
+    // Waits until the client closes the connection.
     bool waitForEnd(SOCKET socket)
     {
         char part[256];
@@ -256,8 +256,8 @@ class TestServer::Server {
             whole = sendAll(socket, part);
             std::unique_lock lock(guard);
             bytesSent += part.size();
-            // As slowly as a network: Wine empties a connection that it closes as long as more is there at
-            // once.
+            // No faster than a network: before Wine closes a connection, it reads on for as long as more
+            // data is there at once.
             if (bytesSent % pauseEvery == 0) changed.wait_for(lock, pause, [this] { return stopping_; });
         }
         const std::lock_guard lock(guard);
@@ -269,7 +269,7 @@ class TestServer::Server {
     sockaddr_in deafAddress_{};
     SOCKET listener_ = INVALID_SOCKET;
     SOCKET deaf_ = INVALID_SOCKET;
-    bool stopping_ = false; // with `guard`, as is what follows
+    bool stopping_ = false; // guarded by `guard`, as are the members below
     std::list<std::thread> threads_;
 };
 

@@ -4,7 +4,7 @@
 
 namespace vandrel::test {
 
-// A top-level window for controls under test. It hands their notifications back to them, as every parent
+// A top-level window for controls under test. It passes their notifications back to them, as every parent
 // does.
 class TestWindow : public Window {
   public:

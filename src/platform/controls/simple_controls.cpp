@@ -1,5 +1,7 @@
 #include "platform/controls/simple_controls.h"
 
+#include "platform/base/tick_clock.h"
+
 #include <commctrl.h>
 
 #include <algorithm>
@@ -205,7 +207,7 @@ void ProgressBar::setValue(std::size_t value)
     if (position == shown_) return;
     const bool aHundredth = position < shown_ ||
                             position - shown_ >= std::max<std::size_t>(maximum_ / 100, 1);
-    const ULONGLONG now = GetTickCount64();
+    const ULONGLONG now = tickClock().now();
     if (!aHundredth && position != maximum_ && now < nextTime_) return;
     shown_ = position;
     nextTime_ = now + progressMilliseconds;

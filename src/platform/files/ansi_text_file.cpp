@@ -2,6 +2,7 @@
 
 #include "platform/base/handle.h"
 #include "platform/base/system_error.h"
+#include "platform/base/tick_clock.h"
 #include "platform/files/ansi_text_writer.h"
 #include "platform/files/file_layer.h"
 #include "platform/text/ansi_text.h"
@@ -11,20 +12,20 @@
 namespace vandrel {
 namespace {
 
-constexpr ULONGLONG patienceMilliseconds = 500;
+constexpr ULONGLONG retryMilliseconds = 500;
 constexpr DWORD pauseMilliseconds = 25;
 constexpr std::size_t mostAtOnce = 64U << 20; // bytes
 
 FileHandle openForReading(const std::wstring& path)
 {
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const ULONGLONG deadline = GetTickCount64() + patienceMilliseconds;
+    const RetryTime time(retryMilliseconds, pauseMilliseconds);
     while (true) {
         FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
         if (file) return file;
-        if (GetLastError() != ERROR_SHARING_VIOLATION || GetTickCount64() >= deadline) raiseLastError();
-        Sleep(pauseMilliseconds);
+        if (GetLastError() != ERROR_SHARING_VIOLATION || time.isOver()) raiseLastError();
+        time.pause();
     }
 }
 

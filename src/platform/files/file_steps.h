@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/tick_clock.h"
 #include "platform/files/file_layer.h"
 
 namespace vandrel {
@@ -16,21 +17,21 @@ bool isHeld(const std::wstring& path);
 
 // Tries for about two seconds, until `attempt` succeeds or what stops it is no reason that `passes` by
 // itself. False leaves the reason in the last error. Needs no memory.
-template <typename Attempt, typename Passes> bool withPatience(Attempt attempt, Passes passes)
+template <typename Attempt, typename Passes> bool retryWhile(Attempt attempt, Passes passes)
 {
-    constexpr ULONGLONG patienceMilliseconds = 2000;
+    constexpr ULONGLONG retryMilliseconds = 2000;
     constexpr DWORD pauseMilliseconds = 25;
-    const ULONGLONG deadline = GetTickCount64() + patienceMilliseconds;
+    const RetryTime time(retryMilliseconds, pauseMilliseconds);
     while (!attempt()) {
         const DWORD reason = GetLastError();
-        const bool again = passes(reason) && GetTickCount64() < deadline;
+        const bool again = passes(reason) && !time.isOver();
         SetLastError(reason);
         if (!again) return false;
-        Sleep(pauseMilliseconds);
+        time.pause();
     }
     return true;
 }
-template <typename Attempt> bool withPatience(Attempt attempt) { return withPatience(attempt, meansHeld); }
+template <typename Attempt> bool retryWhileHeld(Attempt attempt) { return retryWhile(attempt, meansHeld); }
 
 // A move over a file would go past its read-only mark, and so would some systems that write into it. Throws
 // RuntimeError (75).

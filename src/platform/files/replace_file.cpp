@@ -49,25 +49,24 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContent
     return written && closed;
 }
 
-bool writeSiblingPatiently(FileLayer& files, const std::wstring& sibling, const WriteContents& contents)
+bool writeSiblingWithRetries(FileLayer& files, const std::wstring& sibling, const WriteContents& contents)
 {
-    return withPatience([&] { return writeSibling(files, sibling, contents); },
-                        [&](DWORD reason) {
-                            return meansHeld(reason) ||
-                                   (reason == ERROR_ACCESS_DENIED && isPlainFile(sibling));
-                        });
+    return retryWhile([&] { return writeSibling(files, sibling, contents); },
+                      [&](DWORD reason) {
+                          return meansHeld(reason) || (reason == ERROR_ACCESS_DENIED && isPlainFile(sibling));
+                      });
 }
 
 // Replacing a file that is open elsewhere is refused as a lack of access, too. One that nobody has open is
 // tried a few times more: whoever had it open may have let go of it between the refusal and the question.
-bool replacePatiently(FileLayer& files, const std::wstring& sibling, const std::wstring& target)
+bool replaceWithRetries(FileLayer& files, const std::wstring& sibling, const std::wstring& target)
 {
     int moreAttempts = 3;
     const auto passes = [&](DWORD reason) {
         if (reason != ERROR_ACCESS_DENIED) return meansHeld(reason);
         return isPlainFile(target) && (isHeld(target) || moreAttempts-- > 0);
     };
-    if (withPatience([&] { return files.replace(sibling, target); }, passes)) return true;
+    if (retryWhile([&] { return files.replace(sibling, target); }, passes)) return true;
     if (GetLastError() == ERROR_ACCESS_DENIED && isHeld(target)) SetLastError(ERROR_SHARING_VIOLATION);
     return false;
 }
@@ -75,11 +74,11 @@ bool replacePatiently(FileLayer& files, const std::wstring& sibling, const std::
 bool replaceBySibling(FileLayer& files, const std::wstring& target, const std::wstring& sibling,
                       const WriteContents& contents)
 {
-    if (!writeSiblingPatiently(files, sibling, contents)) return false;
+    if (!writeSiblingWithRetries(files, sibling, contents)) return false;
     // What cannot be copied, because the user may not or the file system has no such thing, the folder has
     // given.
-    withPatience([&] { return files.copyIdentity(target, sibling); });
-    return replacePatiently(files, sibling, target);
+    retryWhileHeld([&] { return files.copyIdentity(target, sibling); });
+    return replaceWithRetries(files, sibling, target);
 }
 
 } // namespace
@@ -114,7 +113,7 @@ void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files
     if (isSameFile(source, target)) throw RuntimeError(error_number::permissionDenied);
     requireReplaceable(target);
     const std::wstring sibling = temporaryFileBeside(target);
-    if (files.copy(source, sibling) && replacePatiently(files, sibling, target)) return;
+    if (files.copy(source, sibling) && replaceWithRetries(files, sibling, target)) return;
     const DWORD reason = GetLastError();
     files.clearAttributes(sibling); // it may be a copy of a read-only file
     files.remove(sibling);

@@ -28,7 +28,7 @@ class OpenFile {
             file_ = files_.openForChange(path);
             return file_ != INVALID_HANDLE_VALUE;
         };
-        if (!withPatience(open)) raiseLastError();
+        if (!retryWhileHeld(open)) raiseLastError();
     }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;

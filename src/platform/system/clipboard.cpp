@@ -3,25 +3,24 @@
 #include "platform/base/handle.h"
 #include "platform/base/runtime_error.h"
 #include "platform/base/scope_exit.h"
+#include "platform/base/tick_clock.h"
 
 #include <cstring>
 
 namespace vandrel {
 namespace {
 
-constexpr DWORD patienceMilliseconds = 500;
+constexpr ULONGLONG retryMilliseconds = 500;
 constexpr DWORD pauseMilliseconds = 10;
 
 using MemoryHandle = UniqueHandle<HGLOBAL, GlobalFree, nullHandle<HGLOBAL>>;
 
 void openClipboard(HWND owner)
 {
-    const ULONGLONG start = GetTickCount64();
+    const RetryTime time(retryMilliseconds, pauseMilliseconds);
     while (OpenClipboard(owner) == 0) {
-        if (GetTickCount64() - start >= patienceMilliseconds) {
-            throw RuntimeError(error_number::clipboardBusy);
-        }
-        Sleep(pauseMilliseconds);
+        if (time.isOver()) throw RuntimeError(error_number::clipboardBusy);
+        time.pause();
     }
 }
 

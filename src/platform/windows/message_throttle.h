@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "platform/base/tick_clock.h"
 
 #include <algorithm>
 
@@ -27,16 +27,16 @@ class MessageThrottle {
     {}
     // The first one after `first` milliseconds: work that is done sooner is done in one go.
     MessageThrottle(ULONGLONG milliseconds, ULONGLONG first)
-        : milliseconds_(milliseconds), next_(GetTickCount64() + first)
+        : milliseconds_(milliseconds), next_(tickClock().now() + first)
     {}
 
-    bool due() const { return GetTickCount64() >= next_; }
+    bool due() const { return tickClock().now() >= next_; }
     // Runs `turn`, and waits the longer for the next one the longer it takes; see pauseAfter.
     template <typename Turn> void take(Turn turn)
     {
-        const ULONGLONG start = GetTickCount64();
+        const ULONGLONG start = tickClock().now();
         turn();
-        const ULONGLONG end = GetTickCount64();
+        const ULONGLONG end = tickClock().now();
         next_ = end + pauseAfter(end - start, milliseconds_);
     }
 

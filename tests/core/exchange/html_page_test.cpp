@@ -16,7 +16,7 @@ OptionsState optionsWith(const std::wstring& font, const std::wstring& width, in
     return options;
 }
 
-// What is added to a page that was begun and taken already.
+// What `add` adds to a page whose beginning has been taken already.
 template <typename Add> std::wstring added(Add add)
 {
     HtmlPage page(OptionsState{});
@@ -102,7 +102,7 @@ TEST(HtmlPage, EndsWithTheMakersSiteAndNoLineEnd)
               L"<a href=\"http://maker.example\">Brisan Software</a></font></center></font>");
 }
 
-TEST(HtmlPage, WhatWasTakenDoesNotComeAgain)
+TEST(HtmlPage, WhatHasBeenTakenIsNotReturnedAgain)
 {
     const auto addTo = [](HtmlPage& page, int from, int count) {
         for (int site = from; site < from + count; ++site) page.addSite(std::to_wstring(site), L"u", L"d");

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t longest = 120;
 
-// The two units that spell one rare letter.
+// The surrogate pair of one rare letter.
 std::wstring pairOfUnits() { return {static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0xDE00)}; }
 std::wstring firstHalf() { return {static_cast<wchar_t>(0xD83D)}; }
 std::wstring secondHalf() { return {static_cast<wchar_t>(0xDE00)}; }
@@ -24,9 +24,9 @@ int errorOfName(std::wstring_view fileName)
     return 0;
 }
 
-// ---- from the file to the site
+// ---- the site's name from the file's
 
-TEST(SiteNameOf, IsWhatStandsBeforeTheExtension)
+TEST(SiteNameOf, IsThePartBeforeTheExtension)
 {
     EXPECT_EQ(siteNameOf(L"News.url"), L"News");
     EXPECT_EQ(siteNameOf(L"NEWS.URL"), L"NEWS");
@@ -53,7 +53,7 @@ TEST(SiteNameOf, WithoutADotIsAnInvalidCall)
     EXPECT_EQ(errorOfName(L"a.url"), 0);
 }
 
-// ---- from the site to the file
+// ---- the file's name from the site's
 
 TEST(FileNameFor, LeavesANameThatIsAllowedAsItIs)
 {
@@ -160,7 +160,7 @@ TEST(FileNameFor, PutsADashForHalfALetter)
     EXPECT_EQ(fileNameFor(firstHalf() + pairOfUnits()), L"-" + pairOfUnits());
 }
 
-// ---- the path that the user named
+// ---- the path that the user typed
 
 TEST(ShortcutPath, GetsTheExtensionThatWasLeftOut)
 {
@@ -176,7 +176,7 @@ TEST(ShortcutPath, IsLeftAloneWhenItHasTheExtensionInWhateverCase)
     }
 }
 
-TEST(ShortcutPath, TakesLettersThatMerelyEndANameForNoExtension)
+TEST(ShortcutPath, DoesNotMistakeTheLastLettersOfANameForAnExtension)
 {
     EXPECT_EQ(shortcutPath(L"C:\\curl"), L"C:\\curl.url");
     EXPECT_EQ(shortcutPath(L"C:\\News.url.txt"), L"C:\\News.url.txt.url");

@@ -13,7 +13,7 @@ TEST(ShortcutValue, IsTheOneThatWasWritten)
     EXPECT_TRUE(readsBack(L"", L""));
 }
 
-TEST(ShortcutValue, IsAnotherWhereNothingOrTheOldOneIsRead)
+TEST(ShortcutValue, DiffersWhenNothingOrTheOldOneIsRead)
 {
     EXPECT_FALSE(readsBack(L"http://a/", L""));
     EXPECT_FALSE(readsBack(L"", L"http://old/"));

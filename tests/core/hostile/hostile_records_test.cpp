@@ -1,7 +1,7 @@
-#include "hostile/hostile_text.h"
 #include "model/site_lines.h"
 #include "model/site_record.h"
 #include "print.h"
+#include "tests/support/hostile_text.h"
 
 #include <gtest/gtest.h>
 
@@ -15,8 +15,8 @@ namespace {
 
 using Record = std::array<std::wstring, RowTable::maxColumns>;
 
-// Private letters, which no text has by chance: which line of its file a text was in, and which piece of the
-// line.
+// Private-use characters, which no text has by chance. They mark the line of the file that a text was in,
+// and the piece of that line.
 constexpr wchar_t firstLineMark = 0xE000;
 constexpr wchar_t lastLineMark = 0xF8FE;
 constexpr std::size_t mostLines = lastLineMark - firstLineMark;
@@ -27,7 +27,7 @@ constexpr std::size_t mostPieces = lastPieceMark - firstPieceMark;
 bool isLineMark(wchar_t unit) { return unit >= firstLineMark && unit <= lastLineMark; }
 bool isPieceMark(wchar_t unit) { return unit >= firstPieceMark && unit <= lastPieceMark; }
 
-// As a category is opened.
+// Reads as opening a category does.
 RowTable loaded(const std::wstring& text)
 {
     const auto block = std::make_shared<const std::wstring>(text);
@@ -40,7 +40,7 @@ RowTable loaded(const std::wstring& text)
     return list;
 }
 
-// As it is saved.
+// Writes as saving a category does.
 std::wstring saved(const RowTable& list)
 {
     std::wstring text;
@@ -49,7 +49,7 @@ std::wstring saved(const RowTable& list)
     return text;
 }
 
-// The same, as plainly as it can be written down.
+// The same in the plainest possible way.
 std::wstring plainlySaved(const RowTable& list)
 {
     std::wstring text;
@@ -65,7 +65,7 @@ std::wstring plainlySaved(const RowTable& list)
 
 class HostileRecords : public testing::Test {
   protected:
-    // Every piece of a line carries the marks of the line and of its place in it.
+    // Every piece of a line carries the marks of the line and of the piece.
     std::wstring line(std::size_t number)
     {
         std::wstring made;
@@ -92,8 +92,8 @@ class HostileRecords : public testing::Test {
                         std::min(made.size(), hostile.below(3))); // cut at or within the last end
         return made;
     }
-    // What an edited or an added site may hold: all but what separates, which the program's other rules are
-    // about.
+    // What an edited or added site may hold: anything but separators, which other rules of the program deal
+    // with.
     std::wstring typed()
     {
         std::wstring text = hostile.text(20);
@@ -137,7 +137,7 @@ class HostileRecords : public testing::Test {
         }
         return testing::AssertionSuccess();
     }
-    // Every field holds the text of one line alone, and that of one piece where no lone line end joins two
+    // Every field holds text of only one line, and of only one piece unless a lone line end joins two
     // lines.
     static testing::AssertionResult apart(const RowTable& list)
     {
@@ -198,7 +198,8 @@ TEST_F(HostileRecords, AreReadBackAsTheyWereSaved)
     std::printf("%zu records in %zu files\n", records, files);
 }
 
-// Without marks, so with no rule about which letter stands where: whole files of anything, and mutated ones.
+// Without marks, and so without rules about which letter stands where: files of anything at all, and
+// mutated ones.
 TEST_F(HostileRecords, OfAnyTextAreReadBackAsTheyWereSaved)
 {
     const std::size_t wanted = hostileCount(150'000) / 3;

@@ -1,5 +1,4 @@
 #include "exchange/shortcut_name.h"
-#include "hostile/hostile_text.h"
 #include "model/category_title.h"
 #include "model/incoming_link.h"
 #include "model/site_date.h"
@@ -8,6 +7,7 @@
 #include "platform/base/runtime_error.h"
 #include "platform/text/number_text.h"
 #include "shared/options_state.h"
+#include "tests/support/hostile_text.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ namespace {
 // lines.
 class HostileTexts : public testing::Test {
   protected:
-    // One of the sound ones, changed, or anything.
+    // A sound text, a mutated one, or anything at all.
     std::wstring textLike(const std::vector<std::wstring>& sound)
     {
         if (hostile.oneIn(4)) return hostile.text(40);

@@ -52,7 +52,7 @@ TEST(MainLayout, AHeightBelow5685SnapsBack)
     EXPECT_EQ(layout.outerHeight, 5685_twips);
 }
 
-TEST(MainLayout, AWindowOfNoSizeGetsTheSmallest)
+TEST(MainLayout, AWindowWithoutASizeGetsTheSmallest)
 {
     MainLayout layout;
     keepSmallestSize(layout);
@@ -125,7 +125,7 @@ TEST(MainLayout, ANarrowerWindowShrinksOnlyTheDescriptionColumn)
     EXPECT_EQ(columnsAt(8270_twips), (Columns{2160_twips, 2880_twips, 0_twips, 500_twips}));
 }
 
-TEST(MainLayout, ADescriptionColumnOfLessThanNothingIsNothingWide)
+TEST(MainLayout, ADescriptionColumnOfNegativeWidthHasNoWidth)
 {
     for (const Twips clientWidth : {8269_twips, 3000_twips}) {
         EXPECT_EQ(laidOut(clientWidth, 8000_twips).infoColumns,
@@ -133,7 +133,7 @@ TEST(MainLayout, ADescriptionColumnOfLessThanNothingIsNothingWide)
     }
 }
 
-TEST(MainLayout, AnyColumnOfLessThanNothingClosesTheDescriptionColumn)
+TEST(MainLayout, AnyColumnOfNegativeWidthClosesTheDescriptionColumn)
 {
     const Twips less{-1};
     EXPECT_EQ(laidOut(12000_twips, 8000_twips, {less, 2880_twips, 0_twips, 0_twips}).infoColumns,
@@ -166,7 +166,7 @@ TEST(MainLayout, AResizeNeverMovesLeftEdgesOrTheCategoryList)
     }
 }
 
-TEST(MainLayout, NothingIsSmallerThanNothing)
+TEST(MainLayout, NoLengthIsNegative)
 {
     const MainLayout layout = laidOut(2459_twips, 899_twips);
     EXPECT_EQ(layout.infoWidth, 0_twips);

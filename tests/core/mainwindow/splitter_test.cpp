@@ -60,7 +60,7 @@ TEST_F(Splitter, TheDateColumnIsNotCountedInADrag)
     EXPECT_EQ(layout.infoColumns, (Columns{2160_twips, 2880_twips, 4230_twips, 500_twips}));
 }
 
-TEST_F(Splitter, TheDescriptionColumnGoesByTheWidthBeforeTheDrag)
+TEST_F(Splitter, TheDescriptionColumnDependsOnTheWidthBeforeTheDrag)
 {
     dragTo(3000); // the site list was 9540 wide and is 8940 now
     EXPECT_EQ(layout.infoColumns[2], 4230_twips);
@@ -134,7 +134,7 @@ TEST_F(Splitter, TheBarLeavesTheWindowOnTheRight)
     EXPECT_EQ(layout.infoWidth, 0_twips);
 }
 
-TEST_F(Splitter, ADescriptionColumnOfLessThanNothingIsNothingWide)
+TEST_F(Splitter, ADescriptionColumnOfNegativeWidthHasNoWidth)
 {
     dragTo(12500);
     dragTo(12000);

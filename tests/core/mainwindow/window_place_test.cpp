@@ -13,7 +13,7 @@ struct Monitor {
     unsigned dpi;
 };
 
-// One at 96 DPI in the middle, one at 144 on either side of it. The system's DPI is that of any of them.
+// One at 96 DPI in the middle and one at 144 on either side. The system's DPI may be that of any of them.
 constexpr std::array monitors{Monitor{-2560, 0, 144}, Monitor{0, 1920, 96}, Monitor{1920, 4480, 144}};
 
 unsigned dpiAt(int left)
@@ -62,7 +62,7 @@ TEST(WindowPlaces, ComeBackToThePixelFromEveryMonitor)
     }
 }
 
-TEST(WindowPlaces, AreCountedByTheSystemsDpiAndSizesByTheWindows)
+TEST(WindowPlaces, AreMeasuredInTheSystemsDpiAndSizesInTheWindows)
 {
     const StoredPlace place = placeToStore({2000, -300}, {1200, 900}, 96, 144);
     EXPECT_EQ(place.left, 30'000_twips);
@@ -71,7 +71,7 @@ TEST(WindowPlaces, AreCountedByTheSystemsDpiAndSizesByTheWindows)
     EXPECT_EQ(place.height, 9000_twips);
 }
 
-TEST(WindowPlaces, OfASingleMonitorAreCountedByItsDpiAlone)
+TEST(WindowPlaces, OnASingleMonitorAreMeasuredInItsDpiAlone)
 {
     for (const unsigned dpi : {96U, 144U}) {
         const StoredPlace place = placeToStore({100, 50}, {800, 600}, dpi, dpi);

@@ -26,7 +26,7 @@ TEST(CategoryTitle, KeepsItsCaseAndItsBlanks)
 
 TEST(CategoryTitle, MayBeEmpty) { EXPECT_EQ(titleOfFile(L".udb"), L""); }
 
-TEST(CategoryTitle, AFileWithAnotherExtensionIsNoCategory)
+TEST(CategoryTitle, AFileWithAnotherExtensionIsNotACategory)
 {
     for (const auto* name : {L"Notes.txt", L"Work.udbx", L"Work.udb.bak", L"Work.ud", L"Work", L"udb",
                              L"Workudb", L"", L"Work.udb ", L"scanned.log"}) {
@@ -34,7 +34,7 @@ TEST(CategoryTitle, AFileWithAnotherExtensionIsNoCategory)
     }
 }
 
-TEST(CategoryTitle, TheExtensionIsComparedToTheLetter)
+TEST(CategoryTitle, TheExtensionIsComparedExactly)
 {
     EXPECT_EQ(titleOfFile(L"Old.UDB"), std::nullopt);
     EXPECT_EQ(titleOfFile(L"Old.Udb"), std::nullopt);
@@ -82,7 +82,7 @@ TEST(CategoryTitle, IsBlankWithNothingButBlanks)
     EXPECT_FALSE(isBlank(L" a "));
 }
 
-TEST(CategoryTitle, OnlyTheBlankItselfIsBlank)
+TEST(CategoryTitle, OnlySpacesCountAsBlank)
 {
     EXPECT_FALSE(isBlank(L"\t"));
     EXPECT_FALSE(isBlank(L" \r\n"));

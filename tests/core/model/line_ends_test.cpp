@@ -13,7 +13,7 @@ TEST(LineEnds, EachOfThemIsOneBlank)
     EXPECT_TRUE(withoutLineEnds(L"\n\r\n\r") == L"   ") << "LF, CR LF, CR";
 }
 
-TEST(LineEnds, WhatHasNoneStaysAsItIs)
+TEST(LineEnds, TextsWithoutOneStayAsTheyAre)
 {
     EXPECT_TRUE(withoutLineEnds(L"") == L"");
     EXPECT_TRUE(withoutLineEnds(L" a|b\t;\u00fc ") == L" a|b\t;\u00fc ");

@@ -7,7 +7,7 @@
 namespace vandrel {
 namespace {
 
-// Rows that look into a text of their own.
+// Rows that are views into a text of their own.
 struct Batch {
     explicit Batch(const Names& names)
     {

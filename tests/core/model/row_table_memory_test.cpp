@@ -11,7 +11,7 @@
 namespace vandrel::test {
 namespace {
 
-// Texts that find no room within a string itself.
+// Texts too long to be kept inside the string object itself.
 std::wstring longText(const wchar_t* mark) { return std::wstring(mark) + L" and what makes it a long text"; }
 
 Strings site(const wchar_t* name, const wchar_t* url)
@@ -31,8 +31,8 @@ Content contentOf(const RowTable& list)
     return content;
 }
 
-// Does something to three sites, over and over, with one allocation after the other failing. The list is as
-// before then, and everything can still be done with it.
+// Applies the change to three sites again and again, with the next allocation failing each time. After each
+// failure the list is as before and still works.
 void expectAllOrNothing(const std::function<void(RowTable&)>& change)
 {
     bool failed = true;
@@ -100,8 +100,8 @@ TEST(RowTableMemory, SortsOrLeavesTheListAsItWas)
     expectAllOrNothing([](RowTable& list) { list.setSorted(true); });
 }
 
-// A sort that failed must not count as done: the next one would do nothing.
-TEST(RowTableMemory, ASortThatFailedIsMadeUpFor)
+// A failed sort must not count as done, or the next one would do nothing.
+TEST(RowTableMemory, AFailedSortIsMadeUpForByTheNext)
 {
     bool failed = true;
     for (unsigned n = 1; failed; ++n) {
@@ -119,7 +119,7 @@ TEST(RowTableMemory, ASortThatFailedIsMadeUpFor)
     }
 }
 
-// Rows that stand in order stay known as such only if they are there.
+// Rows may be taken for sorted only if they were really added.
 TEST(RowTableMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
 {
     bool failed = true;

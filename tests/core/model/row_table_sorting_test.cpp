@@ -19,7 +19,7 @@ TEST(RowTableSorting, AddWhileSortedGoesToItsPlace)
     EXPECT_EQ(names(list), (Names{L"", L"a", L"b", L"c", L"d", L"e"}));
 }
 
-TEST(RowTableSorting, AddWhileSortedGoesBehindItsEquals)
+TEST(RowTableSorting, AddWhileSortedGoesAfterItsEquals)
 {
     for (const SortOrder order : {SortOrder::ascending, SortOrder::descending}) {
         RowTable list = filled({{L"first", L"m"}, {L"low", L"a"}, {L"high", L"z"}, {L"second", L"m"}});
@@ -31,7 +31,7 @@ TEST(RowTableSorting, AddWhileSortedGoesBehindItsEquals)
     }
 }
 
-TEST(RowTableSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
+TEST(RowTableSorting, TheOneUnsortedRowGoesAfterItsEqualsWhereverItIs)
 {
     using Site = std::pair<std::wstring, std::wstring>;
     for (const SortOrder order : {SortOrder::ascending, SortOrder::descending}) {
@@ -48,7 +48,7 @@ TEST(RowTableSorting, TheOneRowOutOfOrderGoesBehindItsEqualsWhereverItStands)
             list.sortBy(urlColumn, order);
             Names wanted = up ? Names{L"low", L"first", L"second", L"high"}
                               : Names{L"high", L"first", L"second", L"low"};
-            // Among its equals it stays where it stood.
+            // Among equal rows it keeps its place.
             const std::size_t among = place <= 1 ? 1 : place == 2 ? 2 : 3;
             wanted.insert(wanted.begin() + static_cast<std::ptrdiff_t>(among), L"new");
             EXPECT_EQ(names(list), wanted) << place;
@@ -105,7 +105,7 @@ TEST(RowTableSorting, SortByTakesKeyAndOrderAndSwitchesSortingOn)
     EXPECT_EQ(names(list), (Names{L"b", L"c", L"a"}));
 }
 
-TEST(RowTableSorting, RowsThatStandInOrderAreNotMoved)
+TEST(RowTableSorting, RowsThatAreInOrderAreNotMoved)
 {
     RowTable list = filled({{L"a", L"1"}, {L"a", L"2"}, {L"b", L"3"}});
     list.setSorted(true);
@@ -175,7 +175,7 @@ TEST(RowTableSorting, AgreeWithAStableSortThroughAnyChanges)
             list.remove(model.size() / 2);
             model.erase(model.begin() + static_cast<std::ptrdiff_t>(model.size() / 2));
             break;
-        case 4: // leaves the rows out of order until they are sorted the next time
+        case 4: // leaves the rows unsorted until the next sort
             for (int change = 0; change < 3 && !model.empty(); ++change) {
                 const std::size_t row = random() % model.size();
                 const std::size_t number = random() % RowTable::maxColumns;

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-// Rows written as plain texts, for the tests of lists.
+// Rows written as plain text, for the tests of lists.
 namespace vandrel {
 
 using Strings = std::array<std::wstring, RowTable::maxColumns>;

@@ -6,7 +6,7 @@
 
 namespace vandrel {
 
-// gtest prints a date by it.
+// For failure messages.
 void PrintTo(const SiteDate& date, std::ostream* stream)
 {
     *stream << date.year << '-' << date.month << '-' << date.day;
@@ -43,7 +43,7 @@ TEST(DateOrderOfAPattern, IsMonthDayYearWhenAPartIsMissing)
     }
 }
 
-TEST(DateOrderOfAPattern, TakesAMonthForNoMinute)
+TEST(DateOrderOfAPattern, DoesNotMistakeMinutesForAMonth)
 {
     EXPECT_EQ(dateOrderOf(L"dd.mm.yyyy"), monthDayYear)
         << "small m is the minute; no month is in the pattern";
@@ -57,7 +57,7 @@ TEST(DateOfNumbers, ReadsThemInTheOrderOfTheLocale)
     EXPECT_EQ(dateOfNumbers(L"2002-16-11", yearDayMonth), november16);
 }
 
-TEST(DateOfNumbers, OfWhichEachCouldBeTheMonthFollowsTheLocale)
+TEST(DateOfNumbers, WhereEitherCouldBeTheMonthFollowsTheLocale)
 {
     EXPECT_EQ(dateOfNumbers(L"5/6/2002", monthDayYear), (SiteDate{2002, 5, 6}));
     EXPECT_EQ(dateOfNumbers(L"5/6/2002", dayMonthYear), (SiteDate{2002, 6, 5}));
@@ -125,7 +125,7 @@ TEST(DateOfNumbers, KnowsTheLengthOfEveryMonth)
     }
 }
 
-TEST(DateOfNumbers, ThatAreNoDayInAnyOrderAreNoDate)
+TEST(DateOfNumbers, ThatAreNotADayInAnyOrderAreNotADate)
 {
     for (const DateOrder& order : allOrders) {
         for (const wchar_t* const text : {L"13/32/2002", L"31/31/2002", L"0/1/2002", L"1/0/2002", L"0/0/0",
@@ -151,7 +151,7 @@ TEST(DateOfNumbers, MayEndWithASeparatorAndBeginWithBlanks)
     EXPECT_EQ(dateOfNumbers(L"  11/16/2002  ", monthDayYear), november16);
 }
 
-TEST(DateOfNumbers, MayBePaddedWithNoughts)
+TEST(DateOfNumbers, MayBePaddedWithZeroes)
 {
     EXPECT_EQ(dateOfNumbers(L"01/02/2003", monthDayYear), (SiteDate{2003, 1, 2}));
     EXPECT_EQ(dateOfNumbers(L"001/02/2003", monthDayYear), MaybeDate());
@@ -166,7 +166,7 @@ TEST(DateOfNumbers, IsThreeOfThemNoMoreAndNoLess)
     }
 }
 
-TEST(DateOfNumbers, OfAnyLengthDoNoHarm)
+TEST(DateOfNumbers, OfAnyLengthAreHarmless)
 {
     for (const std::size_t digits : {5U, 9U, 10U, 11U, 19U, 20U, 100'000U}) {
         const std::wstring number(digits, L'9');
@@ -179,7 +179,7 @@ TEST(DateOfNumbers, OfAnyLengthDoNoHarm)
     }
 }
 
-TEST(DateOfNumbers, InATextThatIsNoDateAreNone)
+TEST(DateOfNumbers, InATextThatIsNotADateAreIgnored)
 {
     for (const wchar_t* const text : {L"",
                                       L" ",

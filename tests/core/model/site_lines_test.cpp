@@ -13,7 +13,7 @@ namespace {
 using Rows = std::vector<RowTable::Row>;
 using Pieces = std::vector<std::wstring_view>;
 
-// The rows look into the text.
+// The rows are views into the text.
 Rows rowsOf(std::wstring_view text)
 {
     Rows rows;
@@ -91,7 +91,7 @@ TEST(SiteLines, WhatTheLineHeldBesideTheFieldsIsNotTaken)
               L"short|http://a/||\r\nlong|2|3|4\r\nalone|2|3|4\r\nnext|2||\r\nend|without|an|end\r\n");
 }
 
-TEST(SiteLines, FieldsThatOnlyTouchAreNotTakenForAFile)
+TEST(SiteLines, FieldsThatMerelyAdjoinAreNotMistakenForAFile)
 {
     const std::wstring other = L"abcdefgh";
     RowTable::Row row;

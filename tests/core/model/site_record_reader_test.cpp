@@ -23,7 +23,7 @@ Sites sitesOf(std::wstring_view text)
     return sites;
 }
 
-// What the reader promises, written down as slowly and plainly as it can be.
+// What the reader promises, in the slowest and plainest code possible.
 Sites plainlyRead(std::wstring_view text)
 {
     Sites sites;
@@ -79,7 +79,7 @@ TEST(SiteRecordReader, TheLastLineNeedsNoEnd)
     EXPECT_EQ(sitesOf(L"A|B\r\n;note"), (Sites{{L"A", L"B", L"", L""}}));
 }
 
-TEST(SiteRecordReader, AfterTheLastSiteThereIsNoneForGood)
+TEST(SiteRecordReader, AfterTheLastSiteThereAreNoMore)
 {
     SiteRecordReader reader(L"A|B\r\nrest");
     EXPECT_NE(reader.next(), std::nullopt);
@@ -109,7 +109,7 @@ TEST(SiteRecordReader, ALoneCarriageReturnIsPartOfItsField)
     EXPECT_EQ(sitesOf(L"A|B\n\rC"), (Sites{{L"A", L"B\n\rC", L"", L""}}));
 }
 
-TEST(SiteRecordReader, NothingBehindTheTextIsRead)
+TEST(SiteRecordReader, NothingBeyondTheTextIsRead)
 {
     const std::wstring_view text = L"A|B\r\nC|D";
     EXPECT_EQ(sitesOf(text.substr(0, 4)), (Sites{{L"A", L"B\r", L"", L""}}));

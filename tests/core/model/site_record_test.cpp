@@ -17,7 +17,7 @@ TEST(SiteRecord, HasFourFieldsInTheOrderNameUrlDescriptionDate)
     EXPECT_EQ(site->date, L"11/16/2002");
 }
 
-TEST(SiteRecord, ACommentIsNoSite)
+TEST(SiteRecord, ACommentIsNotASite)
 {
     EXPECT_EQ(siteOfLine(L";note"), std::nullopt);
     EXPECT_EQ(siteOfLine(L";"), std::nullopt);
@@ -31,7 +31,7 @@ TEST(SiteRecord, OnlyTheFirstCharacterMakesAComment)
     EXPECT_EQ(siteOfLine(L"|;b"), (SiteRecord{L"", L";b", L"", L""}));
 }
 
-TEST(SiteRecord, ALineWithoutASeparatorIsNoSite)
+TEST(SiteRecord, ALineWithoutASeparatorIsNotASite)
 {
     EXPECT_EQ(siteOfLine(L"plain text"), std::nullopt);
     EXPECT_EQ(siteOfLine(L""), std::nullopt);
@@ -87,7 +87,7 @@ TEST(SiteRecord, AnyCharacterMayStandInAField)
               (SiteRecord{L"\u00E9\u20AC", L"\u00FF\t\v\f", L"", L""}));
 }
 
-TEST(SiteRecord, FieldsLookIntoTheLine)
+TEST(SiteRecord, FieldsAreViewsIntoTheLine)
 {
     const std::wstring line = L"News|http://news.example/|Daily|11/16/2002";
     const auto site = siteOfLine(line);

@@ -13,21 +13,21 @@ TEST(ScanReport, ALineOfTheLogIsNameAddressAndOutcome)
     EXPECT_EQ(scanLogLine(L"News", L"http://news.example/", false), L"News - http://news.example/ - Failed");
 }
 
-TEST(ScanReport, ALineTakesNameAndAddressAsTheyStand)
+TEST(ScanReport, ALineHasNameAndAddressUnchanged)
 {
     EXPECT_EQ(scanLogLine(L"", L"", true), L" -  - Success");
     EXPECT_EQ(scanLogLine(L"a - b", L"c - Failed", true), L"a - b - c - Failed - Success");
     EXPECT_EQ(scanLogLine(L" x ", L"\u00E4\u20AC", false), L" x  - \u00E4\u20AC - Failed");
 }
 
-TEST(ScanReport, WithoutAFailureNothingIsTold)
+TEST(ScanReport, WithoutAFailureThereIsNoMessage)
 {
     EXPECT_FALSE(scanSummary(0, 0));
     EXPECT_FALSE(scanSummary(0, 1));
     EXPECT_FALSE(scanSummary(0, 2'000'000));
 }
 
-TEST(ScanReport, OneOfSeveralIsToldInTheSingular)
+TEST(ScanReport, OneOfSeveralIsReportedInTheSingular)
 {
     for (const std::size_t count : {2U, 3U, 2'000'000U}) {
         const auto summary = scanSummary(1, count);
@@ -46,7 +46,7 @@ TEST(ScanReport, OneOfSeveralIsToldInTheSingular)
     }
 }
 
-TEST(ScanReport, MoreAreToldInThePlural)
+TEST(ScanReport, MoreAreReportedInThePlural)
 {
     const std::pair<std::int32_t, const wchar_t*> counts[] = {
         {2, L"2"},
@@ -70,7 +70,7 @@ TEST(ScanReport, MoreAreToldInThePlural)
     }
 }
 
-TEST(ScanReport, AllOfThemAreToldAsAMatterOfTheConnection)
+TEST(ScanReport, AllOfThemAreBlamedOnTheConnection)
 {
     for (const std::int32_t count : {1, 2, 3, 2'000'000}) {
         const auto summary = scanSummary(count, static_cast<std::size_t>(count));

@@ -89,7 +89,7 @@ TEST_F(Hits, ManyShareTheTextOfTheCategoryAndKeepItAlive)
     EXPECT_FALSE(ownerLives());
 }
 
-TEST_F(Hits, AreGoneOnceTheyWereTaken)
+TEST_F(Hits, AreGoneOnceTheyHaveBeenTaken)
 {
     EXPECT_TRUE(hits->empty());
     add(0, 90);

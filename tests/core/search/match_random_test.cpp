@@ -15,8 +15,8 @@ struct Place {
     std::size_t end;
 };
 
-// What the matcher is measured by: the text is written out with every letter folded and expanded, and the
-// term is looked for wherever a letter of the text begins, up to where one ends.
+// What the matcher is compared with: the text is written out with every letter folded and expanded, and the
+// term is searched for from wherever a letter of the text begins to wherever one ends.
 std::vector<Place> placesOf(std::wstring_view term, std::wstring_view text, const CaseFolding* folding)
 {
     std::wstring written;
@@ -42,7 +42,7 @@ std::vector<Place> placesOf(std::wstring_view term, std::wstring_view text, cons
 class MatchRandom : public testing::TestWithParam<const wchar_t*> {
   protected:
     static constexpr unsigned seed = 20021116;
-    static constexpr int cases = 4000; // for each alphabet
+    static constexpr int cases = 4000; // per alphabet
 
     std::size_t number(std::size_t below) { return random_() % below; }
     std::wstring word(std::size_t length)
@@ -52,7 +52,7 @@ class MatchRandom : public testing::TestWithParam<const wchar_t*> {
         while (text.size() < length) text += letters[number(letters.size())];
         return text;
     }
-    // Of 0 to 40 units, and now and then of 300; some end with the term, some with a part of it.
+    // From 0 to 40 code units, now and then 300. Some texts end with the term, some with a part of it.
     std::wstring textFor(const std::wstring& term)
     {
         std::wstring text = word(number(20) == 0 ? 300 : number(41));
@@ -91,8 +91,8 @@ TEST_P(MatchRandom, FindsATermExactlyWhereItOccurs)
     EXPECT_GT(2 * cases - found, cases / 50) << "the texts hold the terms too often";
 }
 
-// What lies behind a candidate that lies behind an occurrence is never looked at.
-TEST_P(MatchRandom, NoCandidateLiesBehindAnOccurrence)
+// An occurrence before the candidate would never be found.
+TEST_P(MatchRandom, TheCandidateNeverLiesPastAnOccurrence)
 {
     for (int i = 0; i < cases; ++i) {
         const std::wstring term = termOf(word(number(41)));
@@ -106,7 +106,7 @@ TEST_P(MatchRandom, NoCandidateLiesBehindAnOccurrence)
             for (const Place& place : placesOf(term, text.view(), mode)) {
                 if (place.begin < from) continue;
                 const std::wstring_view occurrence = text.view().substr(place.begin, place.end - place.begin);
-                // Within an occurrence it may point to the letter that counts as several.
+                // It may point into an occurrence, to the letter that expands to several.
                 const bool expands = mode != nullptr && std::ranges::any_of(occurrence, [&](wchar_t unit) {
                                          return mode->expansionOf(unit) != nullptr;
                                      });

@@ -69,7 +69,7 @@ TEST_F(Match, AnOccurrenceMayBeTheWholeTextItsBeginningOrItsEnd)
     }
 }
 
-TEST_F(Match, HalfAnOccurrenceAtTheEndIsNone)
+TEST_F(Match, HalfAnOccurrenceAtTheEndDoesNotCount)
 {
     for (const std::size_t before : {0U, 5U, 6U, 7U, 8U, 13U}) {
         EXPECT_FALSE(finds(L"term", std::wstring(before, L'.') + L"ter"));
@@ -77,7 +77,7 @@ TEST_F(Match, HalfAnOccurrenceAtTheEndIsNone)
     }
 }
 
-TEST_F(Match, TheRightEndsWithAnotherMiddleAreNoOccurrence)
+TEST_F(Match, TheRightEndsAroundAnotherMiddleDoNotMatch)
 {
     EXPECT_FALSE(finds(L"abcde", L"abxde abcxe axcde"));
     EXPECT_TRUE(finds(L"abcde", L"abxde abcxe axcde abcde"));

@@ -9,7 +9,7 @@
 namespace vandrel {
 namespace {
 
-// Sites that lie behind each other in one text, as they do in a file.
+// Sites that follow each other in one text, as in a file.
 class SiteSequences : public testing::TestWithParam<SearchSection> {
   protected:
     static constexpr unsigned seed = 41;
@@ -48,7 +48,7 @@ class SiteSequences : public testing::TestWithParam<SearchSection> {
         }
     }
     std::wstring_view block() const { return exact_->view(); }
-    // Whatever is asked about, in whatever order, the answers are the matcher's own.
+    // Whichever sites are asked about, in whatever order, the answers are those of the matcher.
     void compare(const std::vector<SiteTexts>& asked)
     {
         for (int i = 0; i < 25; ++i) {
@@ -126,7 +126,7 @@ TEST_P(SiteSequences, AnswerAsTheMatcherDoesWithoutABlock)
     for (const SiteTexts& site : sites) EXPECT_EQ(sequence.matches(site), matcher.matches(site));
 }
 
-TEST_P(SiteSequences, AnotherBlockBeginsAnew)
+TEST_P(SiteSequences, AnotherBlockStartsAfresh)
 {
     const std::wstring first = L"aa";
     const std::wstring second = L"xxxxab";

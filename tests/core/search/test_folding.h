@@ -8,7 +8,7 @@
 
 namespace vandrel {
 
-// A small world of letters: "A" is "a", twelve letters are all "z", and "q" and "p" each count as several.
+// A small alphabet: "A" folds to "a", twelve letters fold to "z", and "q" and "p" each expand to several.
 inline CaseFolding testFolding()
 {
     CaseFolding folding;
@@ -21,7 +21,7 @@ inline CaseFolding testFolding()
     return folding;
 }
 
-// Units in memory that ends where they end, so that reading beyond them is found out.
+// Code units in memory that ends where they end, so that reading beyond them is detected.
 class ExactText {
   public:
     explicit ExactText(std::wstring_view text) : units_(text.begin(), text.end()) { units_.shrink_to_fit(); }

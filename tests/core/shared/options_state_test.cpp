@@ -79,7 +79,7 @@ TEST(OptionsState, OnlyItsNineKeysAreRead)
     EXPECT_EQ(keys, expected);
 }
 
-TEST(OptionsState, ANameOrWidthOfNoughtGivesTheDefault)
+TEST(OptionsState, ANameOrWidthOfZeroGivesTheDefault)
 {
     const OptionsState options = optionsOf({{L"FontName", L"0"}, {L"HTMLFont", L"0"}, {L"HTMLTWidth", L"0"}});
     EXPECT_EQ(options.font.name, L"Arial");
@@ -95,7 +95,7 @@ TEST(OptionsState, OtherTextsAreKeptAsTheyAre)
     EXPECT_EQ(optionsOf({{L"HTMLTWidth", L"wide"}}).htmlTableWidth, L"wide");
 }
 
-TEST(OptionsState, AFontSizeOfNoughtGivesEight)
+TEST(OptionsState, AFontSizeOfZeroGivesEight)
 {
     for (const auto* text : {L"0", L"", L"abc", L"0.5", L"-0"}) {
         EXPECT_EQ(optionsOf({{L"FontSize", text}}).font.size, 8) << text;
@@ -137,7 +137,7 @@ TEST(OptionsState, TheBorderIsAnyShortInteger)
     EXPECT_EQ(optionsOf({{L"HTMLBorder", L"none"}}).htmlBorder, 0);
 }
 
-TEST(OptionsState, AFlagIsOnUnlessItIsNought)
+TEST(OptionsState, AFlagIsOnUnlessItIsZero)
 {
     for (const auto* on : {L"1", L"-1", L"2", L"99999"}) {
         EXPECT_TRUE(optionsOf({{L"FontBold", on}}).font.bold) << on;
@@ -156,7 +156,7 @@ TEST(OptionsState, IsWrittenInAFixedOrder)
     EXPECT_EQ(written({{L"Tahoma", 255, 10, true, true}, L"Verdana", L"600", 3, true}), allSet);
 }
 
-TEST(OptionsState, NoughtsAndOffFlagsAreWrittenToo)
+TEST(OptionsState, ZeroesAndFlagsThatAreOffAreWrittenToo)
 {
     const std::vector<std::pair<std::wstring, std::wstring>> expected = {
         {L"FontName", L"Arial"}, {L"FontColor", L"0"},  {L"FontSize", L"8"},

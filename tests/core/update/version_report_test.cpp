@@ -30,7 +30,7 @@ TEST(VersionReport, AnotherVersionIsOfferedWithBothNumbers)
               L"Would you like to download the update?");
 }
 
-TEST(VersionReport, TheOtherVersionStandsThereAsItWasReceived)
+TEST(VersionReport, TheOtherVersionIsShownAsItWasReceived)
 {
     EXPECT_EQ(newVersionText(L"1.3.0", L"1.3.0\r\n"),
               L"There is an update to this program.\r\n"
@@ -44,7 +44,7 @@ TEST(VersionReport, TheOtherVersionStandsThereAsItWasReceived)
                                              L"Would you like to download the update?");
 }
 
-TEST(VersionReport, WhoeverDeclinesIsToldWhereToFindItLater)
+TEST(VersionReport, DecliningShowsWhereToFindItLater)
 {
     EXPECT_STREQ(declinedTitle, L"Failed to update");
     EXPECT_EQ(declinedText(), L"You have chosen not to update this program. Just choose Check For Updates\r\n"

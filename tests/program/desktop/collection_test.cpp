@@ -1,5 +1,6 @@
 #include "tests/program/support/program_files.h"
 #include "tests/program/support/program_test.h"
+#include "tests/support/text_lines.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -16,18 +17,7 @@ std::wstring decoded(const std::string& bytes)
     return text;
 }
 
-std::vector<std::string> linesOf(const std::string& bytes)
-{
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start < bytes.size();) {
-        const std::size_t end = std::min(bytes.find("\r\n", start), bytes.size());
-        lines.push_back(bytes.substr(start, end - start));
-        start = end + 2;
-    }
-    return lines;
-}
-
-// The lines that are sites.
+// Those lines that are sites.
 std::vector<std::string> recordsOf(const std::string& bytes)
 {
     std::vector<std::string> records = linesOf(bytes);
@@ -48,7 +38,7 @@ std::vector<std::wstring> fieldsOf(const std::string& record)
     return fields;
 }
 
-// The first line in which the two differ, for the failure message.
+// Where the two first differ, for the failure message.
 std::string difference(const std::string& now, const std::string& wanted)
 {
     const auto differs = std::ranges::mismatch(now, wanted);
@@ -58,7 +48,7 @@ std::string difference(const std::string& now, const std::string& wanted)
            wanted.substr(std::min(line, wanted.size()), 300) + ">";
 }
 
-// Real collections, which lie beside the project: thousands of sites with all that people write.
+// Real collections, which lie beside the project: thousands of sites with everything that people write.
 class Collection : public ProgramTest {
   protected:
     void copy(const std::wstring& name)
@@ -155,7 +145,7 @@ TEST_F(JapaneseCollection, EveryCategoryShowsEverySiteOfItsFile) { clickThroughA
 
 TEST_F(JapaneseCollection, AChangedSiteLeavesEveryOtherByteOfItsFile)
 {
-    changeOneSiteInEach(L"ソフトの表ポ予能"); // second bytes that are "|" or a backslash by themselves
+    changeOneSiteInEach(L"ソフトの表ポ予能"); // second bytes that are those of "|" and "\"
 }
 
 } // namespace

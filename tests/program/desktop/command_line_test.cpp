@@ -9,7 +9,7 @@ class CommandLine : public ProgramTest {
         std::wstring name, address;
         bool operator==(const Link&) const = default;
     };
-    // What the site editor shows; the name box has the keyboard first.
+    // What the site editor shows. The name box has the focus at first.
     Link editorShows() const
     {
         program.dialog(L"Add Site...");
@@ -37,7 +37,7 @@ TEST_F(CommandLine, ALinkWithANameFillsBothBoxesOfTheEditorAndGoesToTheFirstCate
     EXPECT_SOON(folder.read(file), before + "A page|http://x/||" + today() + "\r\n");
 }
 
-TEST_F(CommandLine, BlanksAndQuotesAreTakenAsTheyStand)
+TEST_F(CommandLine, BlanksAndQuotesAreKept)
 {
     start(L"\"http://x/a b\"  c");
     const Link shown = editorShows();

@@ -17,7 +17,7 @@ class DataFolder : public ProgramTest {
     void worksIn(const std::wstring& path) const
     {
         ProgramDriver there(path);
-        // No current directory may be as long as a data folder may be.
+        // A current directory cannot be as long as a data folder can.
         there.startFrom(folder.path());
         there.addCategory(L"Work");
         there.openCategory(L"Work");
@@ -46,7 +46,7 @@ TEST_F(DataFolder, MayHaveLettersOutsideTheCodePageInItsPath)
     worksIn(path);
 }
 
-// The system's usual calls cannot remove what lies so deep.
+// The usual system calls cannot remove anything this deep.
 void removeDeepFolder(const std::wstring& path)
 {
     for (const wchar_t* const name : {L"Work.udb", L"Vandrel.exe"})
@@ -66,7 +66,7 @@ TEST_F(DataFolder, MayHaveAPathOfThreeHundredCharacters)
     worksIn(path);
 }
 
-TEST_F(DataFolder, IsWhereTheProgramLiesAndNotWhereItWasStartedFrom)
+TEST_F(DataFolder, IsTheProgramsFolderAndNotTheOneItWasStartedFrom)
 {
     folder.write(L"A.udb", "One|http://1/||\r\n");
     const std::wstring elsewhere = folder.file(L"elsewhere");
@@ -90,7 +90,7 @@ TEST_F(DataFolder, OnlyFilesThatEndInUdbAreCategories)
 
 TEST_F(DataFolder, MayHoldTenThousandCategories)
 {
-    // Under Wine each new file costs a look through the whole folder, so there the folder comes made.
+    // Under Wine every new file costs a search of the whole folder, so there the folder is made beforehand.
     const auto made = environment(L"VANDREL_MANY_CATEGORIES");
     const std::wstring path = made ? nativePath(std::string(made->begin(), made->end())) : folder.path();
     for (int i = 10'000; !made && i < 20'000; ++i) folder.write(L"C" + std::to_wstring(i) + L".udb", "");

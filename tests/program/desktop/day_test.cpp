@@ -17,7 +17,7 @@ class DayInLargeItalics : public DayWithTheProgram {
     }
 };
 
-// The program learns the resolution when it starts. The test itself sees pixels as they are.
+// The program asks for the resolution when it starts; the test itself works in plain pixels.
 class DayAt144Dpi : public DayWithTheProgram {
   protected:
     ~DayAt144Dpi() override

@@ -6,7 +6,7 @@
 namespace vandrel::test {
 namespace {
 
-// Another program that drags one thing to one point.
+// Another program, which drags one thing to one point.
 class Dragged {
   public:
     Dragged(const std::wstring& form, const std::wstring& text, POINT point)
@@ -34,7 +34,7 @@ class Dragged {
         CloseHandle(process_);
     }
 
-    // What the other program was told; nothing while it still waits to be told.
+    // What the other program was told about its drag; empty as long as it has been told nothing.
     std::string answer() const { return folder_.has(answerFile) ? folder_.read(answerFile) : std::string(); }
 
   private:
@@ -55,7 +55,7 @@ class DragAndDrop : public ProgramTest {
         EXPECT_SOON(program.siteCount(), 1);
     }
 
-    // A point of the list that no other window covers.
+    // A point of the list that nothing covers.
     static POINT pointIn(HWND list)
     {
         RECT area{};
@@ -85,13 +85,13 @@ class DragAndDrop : public ProgramTest {
     }
     using Fields = std::array<std::wstring, 2>;
 
-    // Drops where nothing may be dropped, and waits until the other program knows.
+    // Drops on the list, which must refuse it, and waits until the other program knows.
     void expectRefused(HWND list) const
     {
         const Dragged dragged(L"unicode", L"http://dropped.example/", pointIn(list));
         EXPECT_SOON(dragged.answer(), std::string("returned none"));
     }
-    // Nothing was added, and a drop that was let through would have left the address for the next new site.
+    // Nothing was added. A drop that had got through would have left its address to the next new site.
     void expectNothingAdded() const
     {
         EXPECT_EQ(program.siteCount(), 1);
@@ -141,7 +141,7 @@ TEST_F(DragAndDrop, ALinkGoesToTheCategoryThatIsShown)
     EXPECT_EQ(folder.read(L"A.udb"), oldSite);
 }
 
-TEST_F(DragAndDrop, TextInItsAnsiFormIsTakenAsItIs)
+TEST_F(DragAndDrop, TextInTheAnsiFormatIsKeptAsItIs)
 {
     startWithOneSite();
     const Dragged dragged(L"ansi", L" Übung, no address ", pointIn(program.sites()));
@@ -177,7 +177,7 @@ TEST_F(DragAndDrop, WithoutCategoriesTheEditorOpensAndSavingSaysWhatIsMissing)
               L"There are no categories. Please make a category before adding a site.");
 }
 
-TEST_F(DragAndDrop, AFileIsAnsweredWithAMessageAndNothingIsAdded)
+TEST_F(DragAndDrop, AFileBringsAMessageAndNothingIsAdded)
 {
     startWithOneSite();
     const Dragged dragged(L"files", folder.file(L"Work.udb"), pointIn(program.sites()));
@@ -215,7 +215,7 @@ TEST_F(DragAndDrop, NothingIsTakenWhileTheEditorIsOpen)
 TEST_F(DragAndDrop, ALinkIsTakenWhileTheSearchWindowIsOpen)
 {
     startWithOneSite();
-    // So large that the search window, which opens over its middle, leaves the corners free.
+    // Large enough that the search window, which opens over its middle, leaves the corners free.
     SetWindowPos(program.window(), nullptr, 0, 0, 1200, 900, SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_TRUE(soon([&] {
         RECT area{};

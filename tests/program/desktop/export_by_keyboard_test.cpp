@@ -10,7 +10,7 @@ std::string exported(const std::string& url)
     return "[DEFAULT]\r\nBaseURL=" + url + "\r\n[InternetShortcut]\r\nURL=" + url + "\r\n";
 }
 
-// An address of exactly so many letters.
+// An address of exactly this length.
 std::string longAddress(std::size_t length)
 {
     std::string url = "http://long.example/";
@@ -21,7 +21,7 @@ std::string longAddress(std::size_t length)
 
 class ExportByKeyboard : public ShortcutTest {
   protected:
-    // With one site, which is selected and has the keyboard.
+    // Starts with one site, which is selected and has the focus.
     void startWith(const std::string& name, const std::string& url)
     {
         folder.write(L"Work.udb", name + "|" + url + "|about|1/1/2001\r\n");
@@ -43,8 +43,8 @@ class ExportByKeyboard : public ShortcutTest {
         program.key(VK_RETURN);
         program.back();
     }
-    // Ctrl+I, the file by arrow keys, Enter, no description; what is then the address of the only site of
-    // "Zoo".
+    // Ctrl+I, the file by arrow keys, Enter, no description. Returns the address of the only site of "Zoo"
+    // after that.
     std::string importedAddress(const std::wstring& file)
     {
         program.click(program.categories(), L"Zoo");
@@ -85,7 +85,7 @@ TEST_F(ExportByKeyboard, CtrlEProposesTheNameOfTheSiteAndEscWritesNothing)
     EXPECT_EQ(program.focus(), program.sites());
 }
 
-TEST_F(ExportByKeyboard, ATypedPathAndEnterWriteTheFileWithoutAnotherWord)
+TEST_F(ExportByKeyboard, ATypedPathAndEnterWriteTheFileWithoutAMessage)
 {
     startWith("News", "http://news.example/");
     exportTo(favorites.file(L"Link.url"));
@@ -95,7 +95,7 @@ TEST_F(ExportByKeyboard, ATypedPathAndEnterWriteTheFileWithoutAnotherWord)
     EXPECT_EQ(program.focus(), program.sites());
 }
 
-TEST_F(ExportByKeyboard, AFileThatIsThereKeepsWhatElseItHolds)
+TEST_F(ExportByKeyboard, AnExistingFileKeepsItsOtherContent)
 {
     favorites.write(L"Link.url",
                     "[Other]\r\nKey=1\r\n[InternetShortcut]\r\nURL=http://old/\r\nIconIndex=2\r\n");

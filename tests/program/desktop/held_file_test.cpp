@@ -1,10 +1,12 @@
 #include "platform/base/handle.h"
 #include "tests/program/support/program_test.h"
 
+#include <algorithm>
+
 namespace vandrel::test {
 namespace {
 
-// Another program has a category file open and lets nobody else near it.
+// Another program has a category file open exclusively.
 class HeldFile : public ProgramTest {
   protected:
     HeldFile() { folder.write(L"A.udb", before); }
@@ -24,11 +26,17 @@ class HeldFile : public ProgramTest {
         ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
         return bytes.substr(0, count);
     }
+    std::size_t temporaryFiles() const
+    {
+        const auto names = folder.names();
+        return static_cast<std::size_t>(
+            std::ranges::count_if(names, [](const std::wstring& name) { return name.ends_with(L".tmp"); }));
+    }
 
     const std::string before = "Old|http://m/|x|1/1/2001\r\n";
 };
 
-TEST_F(HeldFile, ASaveWaitsForAFileThatIsLetGoWithinASecond)
+TEST_F(HeldFile, ASaveWaitsUntilTheFileIsLetGoOf)
 {
     start();
     {
@@ -38,7 +46,7 @@ TEST_F(HeldFile, ASaveWaitsForAFileThatIsLetGoWithinASecond)
         program.type(L"New");
         program.key(VK_RETURN);
         EXPECT_SOON(program.dialogIsOpen(), false);
-        Sleep(600); // how long it is held is what this test is about
+        EXPECT_SOON(temporaryFiles(), 1U); // what is saved, waiting to replace the file
         EXPECT_EQ(contentOf(held), before);
     }
     EXPECT_SOON(folder.read(L"A.udb"), "New|http://||" + today() + "\r\n" + before);
@@ -46,7 +54,7 @@ TEST_F(HeldFile, ASaveWaitsForAFileThatIsLetGoWithinASecond)
     EXPECT_EQ(categoryFiles(), Texts{L"A.udb"});
 }
 
-TEST_F(HeldFile, ASaveThatWaitsInVainTellsAndLeavesTheFileWholeAndTheChangeInTheList)
+TEST_F(HeldFile, ASaveThatWaitsInVainSaysSoAndKeepsTheFileAndTheChange)
 {
     start();
     {
@@ -80,14 +88,14 @@ TEST_F(HeldFile, ACategoryThatCouldNotBeReadShowsNothingAndIsNotOverwritten)
     }
     EXPECT_EQ(folder.read(L"B.udb"), "Other|http://o/||1/1/2001\r\n");
 
-    // Now it can be read, and takes the site behind its own.
+    // It can be read now, and gets the site after its own.
     program.click(program.categories(), L"A");
     EXPECT_SOON(program.column(0), Texts{L"Old"});
     program.click(program.categories(), L"B");
     EXPECT_SOON(program.column(0), (Texts{L"Other", L"New"}));
 }
 
-TEST_F(HeldFile, RemovingACategoryWhoseFileIsHeldTellsAndKeepsIt)
+TEST_F(HeldFile, RemovingACategoryWhoseFileIsHeldSaysSoAndKeepsIt)
 {
     start();
     const FileHandle held = hold(L"A.udb");
@@ -100,7 +108,7 @@ TEST_F(HeldFile, RemovingACategoryWhoseFileIsHeldTellsAndKeepsIt)
     EXPECT_EQ(categoryFiles(), Texts{L"A.udb"});
 }
 
-TEST_F(HeldFile, RenamingACategoryWhoseFileIsHeldTellsAndKeepsItsTitle)
+TEST_F(HeldFile, RenamingACategoryWhoseFileIsHeldSaysSoAndKeepsItsTitle)
 {
     start();
     const FileHandle held = hold(L"A.udb");

@@ -31,7 +31,7 @@ class ImportByKeyboard : public ShortcutTest {
     {
         favorites.write(name, "[InternetShortcut]\r\nURL=" + url + "\r\n");
     }
-    // From the start folder into one of its folders.
+    // Goes from the first folder into one of its subfolders.
     void enter(HWND dialog, const std::wstring& name) const
     {
         goTo(folders(dialog), 'O');
@@ -39,7 +39,7 @@ class ImportByKeyboard : public ShortcutTest {
         program.key(VK_RETURN);
         EXPECT_SOON(selected(folders(dialog)), name);
     }
-    // Answers the question that an imported file brings with this and Enter.
+    // Types this description when an imported file asks for one, then Enter.
     void describe(const std::wstring& description) const
     {
         program.dialog(L"Site Description");
@@ -145,7 +145,7 @@ TEST_F(ImportByKeyboard, EnterWithoutAFileAsksForOneAndTheDialogStays)
     EXPECT_EQ(folder.read(L"Work.udb"), oneSite);
 }
 
-TEST_F(ImportByKeyboard, AltAImportsEveryFileOfTheFolderAndReminds)
+TEST_F(ImportByKeyboard, AltAImportsEveryFileOfTheFolderAndShowsTheReminder)
 {
     const HWND dialog = openImport();
     enter(dialog, L"News");
@@ -167,7 +167,7 @@ TEST_F(ImportByKeyboard, AFolderWithoutShortcutFilesImportsNothing)
     enter(dialog, L"Music");
     program.key('A', {VK_MENU});
     program.key('I', {VK_MENU});
-    goTo(files(dialog), 'F'); // both keys have been read now
+    goTo(files(dialog), 'F'); // by now both keys have been handled
     EXPECT_EQ(program.dialog(L"Import Favorites"), dialog);
     EXPECT_FALSE(program.openDialog(L"Import All"));
     EXPECT_FALSE(program.openDialog(L"No File SelecteD"));

@@ -75,7 +75,7 @@ TEST_F(Keyboard, InTheSearchBoxTheCommandsHaveTheirKeysAndTheTextHasItsOwn)
     EXPECT_FALSE(program.dialogIsOpen());
 }
 
-TEST_F(Keyboard, TabGoesFromTheCategoriesOverTheSitesToTheSearchAndAround)
+TEST_F(Keyboard, TabGoesFromTheCategoriesToTheSitesToTheSearchAndRound)
 {
     program.key(VK_TAB);
     EXPECT_SOON(program.focus(), program.sites());
@@ -156,7 +156,7 @@ TEST_F(Keyboard, ArrowKeysInTheCategoryListLoadTheCategoryTheyReach)
     EXPECT_SOON(program.column(0), (Texts{L"One", L"Two"}));
 }
 
-TEST_F(Keyboard, ALetterLeadsToTheCategoryThatBeginsWithIt)
+TEST_F(Keyboard, ALetterSelectsTheCategoryThatBeginsWithIt)
 {
     program.type(L"b");
     EXPECT_SOON(program.caption(), std::wstring(L"Vandrel - B"));
@@ -180,7 +180,7 @@ TEST_F(Keyboard, CtrlASelectsEverySite)
     EXPECT_TRUE(soon([&] { return selectionIs({L"One", L"Two"}); }));
 }
 
-TEST_F(Keyboard, TheMenuKeyOpensThePopUpOfTheListThatHasTheKeyboard)
+TEST_F(Keyboard, TheMenuKeyOpensThePopUpOfTheFocusedList)
 {
     program.key(VK_APPS);
     EXPECT_TRUE(soon([&] { return program.menuIsOpen(); }));

@@ -5,7 +5,7 @@
 namespace vandrel::test {
 namespace {
 
-// From an empty folder to a kept collection, by keys and mouse alone.
+// From an empty folder to a saved collection, by keyboard and mouse alone.
 class MainJob : public ProgramTest {
   protected:
     std::string dated(const std::string& fields) const { return fields + "|" + today() + "\r\n"; }

@@ -29,7 +29,7 @@ class OptionsAndAboutByKeyboard : public ProgramTest {
         program.key('A');
         return program.dialog(aboutCaption);
     }
-    // Tab, and waits until the focus has moved.
+    // Presses Tab and waits until the focus has moved.
     void tab() const
     {
         const HWND before = program.focus();
@@ -41,7 +41,7 @@ class OptionsAndAboutByKeyboard : public ProgramTest {
         program.retype(text);
         EXPECT_SOON(program.focusText(), std::wstring(text));
     }
-    // Pixels of a line of the site list's header, which grows with its font.
+    // The height of the site list's header in pixels, which grows with the font.
     LONG headerHeight() const
     {
         RECT area{};
@@ -110,7 +110,7 @@ TEST_F(OptionsAndAboutByKeyboard, EscInTheOptionsChangesNothing)
     EXPECT_EQ(headerHeight(), usual);
 }
 
-TEST_F(OptionsAndAboutByKeyboard, ASizeThatIsNoNumberIsToldAndCanBeMended)
+TEST_F(OptionsAndAboutByKeyboard, ASizeThatIsNotANumberIsReportedAndCanBeCorrected)
 {
     openOptions();
     tab();

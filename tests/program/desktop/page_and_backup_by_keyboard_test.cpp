@@ -1,5 +1,5 @@
 #include "tests/program/support/program_test.h"
-#include "tests/program/support/registry_value.h"
+#include "tests/support/registry_value.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -18,8 +18,8 @@ std::string row(const std::string& name, const std::string& url, const std::stri
            "</td></tr>\r\n";
 }
 
-// Alt with the letter of the menu, then the letters of its entries. A pointer over the menu would choose as
-// well.
+// Alt with the letter of the menu, then the letters of its entries. The mouse is kept away, because over
+// the menu it would choose as well.
 void chooseByKeys(const ProgramDriver& program, WORD entry, WORD subEntry)
 {
     RECT area{};
@@ -31,7 +31,7 @@ void chooseByKeys(const ProgramDriver& program, WORD entry, WORD subEntry)
     program.key(subEntry);
 }
 
-// Where the shell says that the user's desktop is: the folder browser begins there.
+// The folder that the shell takes for the user's desktop, where the folder browser begins.
 struct DesktopFolder : RegistryValue {
     explicit DesktopFolder(const std::wstring& path)
         : RegistryValue(HKEY_CURRENT_USER,
@@ -40,7 +40,7 @@ struct DesktopFolder : RegistryValue {
     {}
 };
 
-// The first folder of the browser, by keys.
+// Chooses the first folder of the browser by keyboard.
 void chooseDesktop(const ProgramDriver& program)
 {
     const HWND dialog = program.dialog(L"Browse for Folder");
@@ -158,7 +158,7 @@ TEST_F(PageAndBackupByKeyboard, EscInTheFolderBrowserCopiesNothing)
     EXPECT_EQ(program.panel(1), before);
 }
 
-// A small disk that is full but for what the test leaves free.
+// A small disk with only as much space as the test leaves free.
 class OutputToAFullDisk : public ProgramTest {
   protected:
     void SetUp() override
@@ -184,7 +184,7 @@ class OutputToAFullDisk : public ProgramTest {
         std::ranges::sort(found);
         return found;
     }
-    // With a category that is larger than the disk.
+    // Starts with a category that is larger than the disk.
     void startWithBulk()
     {
         folder.write(L"Bulk.udb", bulk);
@@ -206,7 +206,7 @@ class OutputToAFullDisk : public ProgramTest {
     std::optional<DesktopFolder> desktop;
 };
 
-TEST_F(OutputToAFullDisk, ABackupFailsLeavesTheEarlierCopyWholeAndNothingElse)
+TEST_F(OutputToAFullDisk, ABackupFailsAndLeavesOnlyTheEarlierCopyWhole)
 {
     std::ofstream(std::filesystem::path(at(L"Bulk.udb")), std::ios::binary) << "an earlier copy";
     startWithBulk();
@@ -220,7 +220,7 @@ TEST_F(OutputToAFullDisk, ABackupFailsLeavesTheEarlierCopyWholeAndNothingElse)
     EXPECT_TRUE(program.running());
 }
 
-TEST_F(OutputToAFullDisk, APageIsToldAndLeftAsFarAsItWasWritten)
+TEST_F(OutputToAFullDisk, APageFailsWithAMessageAndIsLeftAsFarAsItWasWritten)
 {
     startWithBulk();
     chooseByKeys(program, 'H', 'C');

@@ -1,6 +1,6 @@
 #include "tests/program/support/random_user.h"
 #include "tests/program/support/shortcut_test.h"
-#include "tests/window/mainwindow/recorder.h"
+#include "tests/support/recorder.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -13,7 +13,7 @@ constexpr unsigned usualSeed = 20021116;
 constexpr unsigned actions = 20'000;
 constexpr unsigned betweenChecks = 200;
 
-// Overrides for a run by hand.
+// A setting for a run by hand.
 unsigned numberFrom(const wchar_t* variable, unsigned otherwise)
 {
     const auto text = environment(variable);
@@ -30,7 +30,7 @@ std::string sitesOf(char category)
     return lines.str();
 }
 
-// Every line is whole and has the four fields of a site.
+// Whether every line is whole and has the four fields of a site.
 bool isWholeCategory(const std::string& bytes)
 {
     std::size_t at = 0;
@@ -45,8 +45,8 @@ bool isWholeCategory(const std::string& bytes)
     return true;
 }
 
-// Nothing that is opened leaves this machine: a stand-in takes the place of browser and mailer, and
-// connections go to a proxy that is not there.
+// Nothing that is opened leaves this machine: a stand-in takes the place of the browser and the mail
+// program, and connections go to a proxy that does not exist.
 class RandomInput : public ShortcutTest {
   protected:
     RandomInput()
@@ -109,15 +109,15 @@ class RandomInput : public ShortcutTest {
   private:
     static std::wstring standIn() { return L"\"" + nativePath(VANDREL_RECORDER) + L"\" \"%1\""; }
 
-    RegistryDefault http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", standIn()};
-    RegistryDefault https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", standIn()};
-    RegistryDefault mail_{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", standIn()};
-    RegistryDefault browser_{HKEY_LOCAL_MACHINE,
-                             L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE",
-                             nativePath(VANDREL_RECORDER)};
+    RegistryValue http_{HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", L"", standIn()};
+    RegistryValue https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", L"", standIn()};
+    RegistryValue mail_{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", L"", standIn()};
+    RegistryValue browser_{HKEY_LOCAL_MACHINE,
+                           L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\IEXPLORE.EXE", L"",
+                           nativePath(VANDREL_RECORDER)};
 };
 
-TEST_F(RandomInput, NeverEndsTheProgramNorStopsItNorLeavesHalfAFile)
+TEST_F(RandomInput, NeverCrashesOrHangsTheProgramOrLeavesHalfAFile)
 {
     const unsigned seed = numberFrom(L"VANDREL_SEED", usualSeed);
     const unsigned count = numberFrom(L"VANDREL_ACTIONS", actions);

@@ -45,7 +45,7 @@ TEST_F(Restart, CategoriesAndSitesAreAsTheyWereLeft)
     program.addSite(L"One", L"http://1/", L"first");
     program.back();
     restart();
-    Texts titles = program.titles(); // in the order of the folder, no longer in that of making
+    Texts titles = program.titles(); // in the order of the folder, no longer in which they were added
     std::ranges::sort(titles);
     EXPECT_EQ(titles, (Texts{L"Play", L"Work"}));
     program.openCategory(L"Work");
@@ -55,7 +55,7 @@ TEST_F(Restart, CategoriesAndSitesAreAsTheyWereLeft)
     EXPECT_EQ(columns, (Texts{L"One", L"http://1/", L"first", std::wstring(date.begin(), date.end())}));
 }
 
-TEST_F(Restart, TheWindowComesBackWhereAndAsLargeAsItWas)
+TEST_F(Restart, TheWindowComesBackInItsPlaceAndSize)
 {
     start();
     SetWindowPos(program.window(), nullptr, 150, 90, 800, 600, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -87,7 +87,7 @@ TEST_F(Restart, ColumnsKeepTheWidthsThatTheMouseGaveThem)
     EXPECT_EQ(columnWidths()[3], 0);
 }
 
-TEST_F(Restart, GridLinesOutliveAnAbnormalEndAndHoverSelectionDoesNot)
+TEST_F(Restart, GridLinesSurviveAnAbnormalEndAndHoverSelectionDoesNot)
 {
     start();
     program.key('V', {VK_MENU});
@@ -102,7 +102,7 @@ TEST_F(Restart, GridLinesOutliveAnAbnormalEndAndHoverSelectionDoesNot)
     EXPECT_EQ(listStyles() & (LVS_EX_GRIDLINES | LVS_EX_TRACKSELECT), static_cast<DWORD>(LVS_EX_GRIDLINES));
 }
 
-TEST_F(Restart, HoverSelectionOutlivesAnOrdinaryEnd)
+TEST_F(Restart, HoverSelectionSurvivesAnOrdinaryEnd)
 {
     start();
     program.key('V', {VK_MENU});
@@ -142,7 +142,7 @@ TEST_F(Restart, AFirstRunShowsAWindowOfUsableSizeOnTheScreen)
     EXPECT_EQ(columnWidths()[1], 2880 / 15);
 }
 
-TEST_F(Restart, PreferencesThatAreNoNumbersOrAbsurdStillGiveAVisibleWindow)
+TEST_F(Restart, AbsurdPreferencesStillGiveAVisibleWindow)
 {
     for (const wchar_t* const key : {L"Left", L"Top", L"Width", L"Height"}) {
         setPreference(L"Config", key, L"1000000");

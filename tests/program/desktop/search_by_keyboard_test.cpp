@@ -33,7 +33,7 @@ class SearchByKeyboard : public ProgramTest {
     static HWND statusBar(HWND dialog) { return FindWindowExW(dialog, nullptr, STATUSCLASSNAMEW, nullptr); }
     std::wstring hits(HWND dialog) const { return program.controls().panelText(statusBar(dialog), 0); }
     Texts names(HWND dialog) const { return program.controls().column(results(dialog), 0); }
-    // So large that the search window, which opens over its middle, leaves the upper left corner free.
+    // Large enough that the search window, which opens over its middle, leaves the upper left corner free.
     void makeRoomForBoth() const
     {
         SetWindowPos(program.window(), nullptr, 0, 0, 1200, 900, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -43,7 +43,7 @@ class SearchByKeyboard : public ProgramTest {
             return area.right - area.left == 1200 && area.bottom - area.top == 900;
         }));
     }
-    // Tab from the term's box to the section that is on.
+    // Tab from the box of the term to the section that is chosen.
     void goToSections() const
     {
         program.key(VK_TAB);
@@ -85,7 +85,7 @@ TEST_F(SearchByKeyboard, ATermAndEnterListTheSitesOfAllCategories)
     EXPECT_EQ(program.siteCount(), 4);
 }
 
-TEST_F(SearchByKeyboard, ATermInCapitalsIsFoundInNamesOnlyAndNotAtAllWithTheBoxForCase)
+TEST_F(SearchByKeyboard, ATermInCapitalsIsFoundInNamesOnlyAndNotAtAllWhenCaseMatters)
 {
     const HWND dialog = openSearch();
     program.type(L"APPLE");
@@ -118,7 +118,7 @@ TEST_F(SearchByKeyboard, TabAndArrowsChooseTheSectionThatIsSearched)
                  {L"Description only", {L"Cherry"}}};
     for (const auto& step : steps) {
         goToSections();
-        EXPECT_SOON(program.focusText(), std::wstring(before)); // the one that is on
+        EXPECT_SOON(program.focusText(), std::wstring(before)); // the chosen one
         program.key(VK_DOWN);
         EXPECT_SOON(program.focusText(), std::wstring(step.section));
         EXPECT_EQ(ask(program.focus(), BM_GETCHECK), BST_CHECKED);
@@ -172,7 +172,7 @@ TEST_F(SearchByKeyboard, TheMainWindowIsUsedWhileTheSearchWindowIsOpen)
     EXPECT_EQ(program.caption(), L"Vandrel - B");
 }
 
-TEST_F(SearchByKeyboard, CtrlQInTheMainWindowEndsAllWhileTheSearchWindowIsOpen)
+TEST_F(SearchByKeyboard, CtrlQInTheMainWindowQuitsWhileTheSearchWindowIsOpen)
 {
     makeRoomForBoth();
     const HWND dialog = openSearch();
@@ -237,7 +237,7 @@ TEST_F(SearchByKeyboard, AltDownOpensTheHistoryAndArrowsBringATermBack)
     EXPECT_EQ(program.focus(), program.searchBox());
 }
 
-TEST_F(SearchByKeyboard, AClosedDialogGivesTheKeyboardBackToTheListThatHadIt)
+TEST_F(SearchByKeyboard, AClosedDialogReturnsTheFocusToTheListThatHadIt)
 {
     const struct Opening {
         const wchar_t* caption;

@@ -6,7 +6,8 @@
 namespace vandrel::test {
 namespace {
 
-// Two running copies of the program on one folder. There is one keyboard, so most is done by messages.
+// Two running copies of the program on one folder. There is only one keyboard, so most of it is done by
+// messages.
 class TwoCopies : public ProgramTest {
   protected:
     static HWND open(const ProgramDriver& copy, MenuEntry entry, const std::wstring& caption)
@@ -42,7 +43,7 @@ TEST_F(TwoCopies, TheLaterSaveWinsWhole)
     second.start();
     addSite(program, L"first");
     EXPECT_SOON(folder.read(L"A.udb"), added("first") + old);
-    addSite(second, L"second"); // it has not heard of the other's site
+    addSite(second, L"second"); // which knows nothing of the other's site
     EXPECT_SOON(folder.read(L"A.udb"), added("second") + old);
     addSite(program, L"third");
     EXPECT_TRUE(soon([&] {
@@ -71,7 +72,7 @@ TEST_F(TwoCopies, SavesAtTheSameMomentLeaveAWholeListAndNothingElse)
             EXPECT_SOON(copy->siteCount(), 5000 + round);
             waitUntilDone(*copy);
         }
-        // Both know the same sites, so both have written the same.
+        // Both know the same sites, so both write the same file.
         content.insert(0, added(""));
         ASSERT_TRUE(folder.read(L"A.udb") == content) << "round " << round;
         EXPECT_EQ(categoryFiles(), Texts{L"A.udb"});
@@ -91,7 +92,7 @@ TEST_F(TwoCopies, ACategoryThatTheOtherCopyRemovedShowsNoSites)
     second.answerBox(L"Vandrel", IDYES);
     second.back();
     EXPECT_SOON(categoryFiles(), Texts{L"B.udb"});
-    second.quit(); // hands the keyboard back
+    second.quit(); // gives the focus back
 
     program.back();
     program.openCategory(L"A");

@@ -10,7 +10,7 @@ namespace {
 
 class Unwritable : public ProgramTest {};
 
-TEST_F(Unwritable, AReadOnlyFileIsToldAndStaysAsItIs)
+TEST_F(Unwritable, AReadOnlyFileIsReportedAndStaysAsItIs)
 {
     folder.write(L"A.udb", "Old|http://m/|x|1/1/2001\r\n");
     SetFileAttributesW(folder.file(L"A.udb").c_str(), FILE_ATTRIBUTE_READONLY);
@@ -39,7 +39,7 @@ TEST_F(Unwritable, ACategoryFileThatVanishedShowsNoSiteAndTheNextSaveMakesItAgai
     EXPECT_SOON(folder.read(L"B.udb"), "New|http://a/||" + today() + "\r\n");
 }
 
-TEST_F(Unwritable, ATitleThatTheSystemRefusesIsToldAndMakesNoCategory)
+TEST_F(Unwritable, ATitleThatTheSystemRefusesIsReportedAndMakesNoCategory)
 {
     start();
     program.key(VK_F2);
@@ -52,7 +52,7 @@ TEST_F(Unwritable, ATitleThatTheSystemRefusesIsToldAndMakesNoCategory)
     EXPECT_EQ(categoryFiles(), Texts{});
 }
 
-// A small disk that is full but for what the test leaves free.
+// A small disk with only as much space as the test leaves free.
 class FullDisk : public ProgramTest {
   protected:
     void SetUp() override
@@ -93,7 +93,7 @@ class FullDisk : public ProgramTest {
     std::wstring path;
 };
 
-TEST_F(FullDisk, ASaveIsToldTheOldFileStaysWholeAndNothingElseIsLeft)
+TEST_F(FullDisk, ASaveFailsWithAMessageAndLeavesOnlyTheOldFile)
 {
     ProgramDriver here(path);
     std::string before;
@@ -123,12 +123,12 @@ TEST_F(FullDisk, ASaveIsToldTheOldFileStaysWholeAndNothingElseIsLeft)
     }));
 }
 
-TEST_F(FullDisk, ACategoryThatFindsNoRoomIsToldOrMadeButNeverHalfThere)
+TEST_F(FullDisk, ANewCategoryIsMadeWholeOrFailsWithAMessage)
 {
     ProgramDriver here(path);
     here.start();
     fill();
-    here.addCategory(L"B"); // an empty file takes no room but its name
+    here.addCategory(L"B"); // an empty file needs no space but for its name
     EXPECT_EQ(here.titles(), Texts{L"B"});
     EXPECT_EQ(names(), (Texts{L"B.udb", L"Vandrel.exe", L"filler"}));
     here.openCategory(L"B");

@@ -1,9 +1,10 @@
 // Runs one command of the program on a folder and ends itself at one of the calls that change the disk; see
 // disk_call_test.cpp.
 //   disk_call_child COMMAND FOLDER TARGET CALL WHEN
-// CALL counts from 1, and is 0 for none. WHEN is before, within (a call that writes: half of it is written) or after. In
-// TARGET lie the shortcuts that are imported; pages, copies and shortcuts are written there, and a file "calls" with a
-// letter for each call. A COMMAND that begins with "refused-" runs in a data folder that takes no new files.
+// CALL counts from 1, and is 0 for none. WHEN is before, within (half of what the call writes is written) or
+// after. TARGET holds the shortcuts that are imported; pages, copies and shortcuts are written there, and a
+// file "calls" with one letter per call. A COMMAND that begins with "refused-" runs in a data folder that
+// takes no new files.
 //   disk_call_child start FOLDER...
 // Starts the program on each of them.
 
@@ -14,8 +15,9 @@
 #include "tests/program/files/disk_calls.h"
 #include "tests/program/files/ending_files.h"
 #include "tests/support/answers.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/site_editor.h"
 #include "tests/support/wine.h"
-#include "tests/window/dialogs/site_editor.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -26,7 +28,7 @@
 namespace vandrel::test {
 namespace {
 
-// The program on a folder.
+// The program with a data folder.
 class Program {
   public:
     explicit Program(const std::wstring& folder)
@@ -75,7 +77,7 @@ class Program {
     frmMain main_;
 };
 
-// What answers the system's file dialog, or its folder browser.
+// Answers the system's file dialog with this path.
 std::function<void(HWND)> naming(const std::wstring& path)
 {
     return [path](HWND dialog) {
@@ -88,25 +90,12 @@ std::function<void(HWND)> naming(const std::wstring& path)
 std::function<void(HWND)> browsingTo(const std::wstring& folder)
 {
     return [folder](HWND browser) {
-        const std::wstring name = folder.substr(folder.rfind(L'\\') + 1);
-        const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
-        // Wine does not always find a new folder at the first time of asking.
-        pumpUntil([&] {
-            SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(folder.c_str()));
-            wchar_t text[MAX_PATH]{};
-            TVITEMW item{};
-            item.mask = TVIF_TEXT;
-            item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-            item.pszText = text;
-            item.cchTextMax = MAX_PATH;
-            SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-            return name == text;
-        });
+        selectFolder(browser, folder);
         press(browser, IDOK);
     };
 }
 
-// One command, with what answers its windows.
+// One command, with the answers to its windows.
 struct Command {
     std::function<void(Answers&, const std::wstring& target)> expect;
     std::function<void(Program&)> run;

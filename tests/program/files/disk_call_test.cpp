@@ -2,9 +2,10 @@
 #include "platform/files/file_layer.h"
 #include "platform/files/left_behind.h"
 #include "tests/program/files/disk_calls.h"
+#include "tests/program/files/start_process.h"
+#include "tests/support/own_process.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/wine.h"
-#include "tests/window/endurance/own_process.h"
 
 #include <windows.h>
 
@@ -31,7 +32,7 @@ const std::string typed = "Typed|zzz://typed.example/|by hand|11/16/2002\r\n";
 
 const Files threeCategories{{L"News.udb", alpha + beta}, {L"Tools.udb", gamma}, {L"Unused.udb", ""}};
 
-// The three with some of them changed.
+// The three files, some of them changed.
 Files with(const Files& changed)
 {
     Files files = threeCategories;
@@ -46,7 +47,7 @@ Files without(const std::wstring& name, const Files& added = {})
     return files;
 }
 
-// A command, and what the category files are before it, in between and at its end.
+// A command, and the contents of the category files before it, in between and after it.
 struct Case {
     const wchar_t* command;
     std::vector<Files> states;
@@ -64,7 +65,7 @@ std::vector<Case> cases()
     const std::string three = "Three|zzz://three.example/||\r\n";
     const std::string two = "Two|zzz://two.example/||\r\n";
     const Files changed = with({{L"News.udb", typed + beta}});
-    // The site is in one of the two at every moment.
+    // At every moment the site is in at least one of the two.
     const Files inBoth = with({{L"Tools.udb", gamma + "Alpha|zzz://a.example/|first|\r\n"}});
     Files moved = inBoth;
     moved[L"News.udb"] = beta;
@@ -101,7 +102,7 @@ std::vector<Case> cases()
     };
 }
 
-// A run of the command in a process of its own.
+// One run of the command in its own process.
 class CommandRun {
   public:
     explicit CommandRun(const Case& tested) : command_(tested.command)
@@ -120,7 +121,7 @@ class CommandRun {
         }
     }
 
-    // 0: up to the command's own end.
+    // Runs it up to the call, or to the command's own end when `call` is 0.
     DWORD upTo(int call, const wchar_t* when) const
     {
         return runChild(command_ + L" \"" + data_.path() + L"\" \"" + target_.path() + L"\" " +
@@ -137,9 +138,9 @@ class CommandRun {
     Files categories() const { return filesOf(data_, L".udb"); }
     const TempFolder& data() const { return data_; }
     const TempFolder& target() const { return target_; }
-    // A letter for each call.
+    // One letter per call.
     std::string calls() const { return target_.read(L"calls"); }
-    // What a save in place keeps until it is done.
+    // The copies of old bytes that a save in place keeps until it is done.
     std::vector<std::string> keptBytes() const
     {
         std::vector<std::string> kept;
@@ -161,7 +162,7 @@ class CommandRun {
     static constexpr const char* oldCopy = "an older copy\r\n";
 
   private:
-    // Under Wine on a desktop that nobody sees.
+    // Under Wine it runs on a hidden desktop.
     static DWORD runChild(const std::wstring& arguments, const std::wstring& temporary)
     {
         std::string program = VANDREL_DISK_CALL_CHILD;
@@ -174,7 +175,7 @@ class CommandRun {
         const auto usual = environmentText(L"TMP");
         SetEnvironmentVariableW(L"TMP", temporary.c_str());
         PROCESS_INFORMATION started{};
-        const bool begun = startProcess(line, startup, started);
+        const bool begun = startProcess(line, startup, started, longestRunMilliseconds);
         SetEnvironmentVariableW(L"TMP", usual ? usual->c_str() : nullptr);
         if (!begun) return static_cast<DWORD>(-1);
         CloseHandle(started.hThread);
@@ -185,26 +186,14 @@ class CommandRun {
         CloseHandle(started.hProcess);
         return code;
     }
-    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may
-    // not be found.
-    static bool startProcess(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
-    {
-        const ULONGLONG deadline = GetTickCount64() + longestRunMilliseconds;
-        while (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                              &started) == 0) {
-            if (GetTickCount64() >= deadline) return false;
-            Sleep(20);
-        }
-        return true;
-    }
-
     std::wstring command_;
     TempFolder data_{L"disk-call"};
     TempFolder target_{L"disk-call-target"};
 };
 
-// The program ends itself immediately before and after each of the calls by which a command changes the disk,
-// and in the middle of each that writes. A part of them, or as many per cent as VANDREL_ENDURANCE says.
+// The program ends itself immediately before and after each call by which a command changes the disk, and
+// in the middle of each that writes. Only a part of these moments is tried; VANDREL_ENDURANCE sets how many
+// per cent.
 class DiskCall : public testing::TestWithParam<Case> {
   protected:
     ~DiskCall() override
@@ -228,8 +217,8 @@ class DiskCall : public testing::TestWithParam<Case> {
         }
         return points;
     }
-    // Evenly spread. Where they begin differs from command to command, so that a part of all meets every kind
-    // of call.
+    // Spread evenly. They begin at a different call for each command, so that together they reach every
+    // kind of call.
     static std::vector<Point> chosenOf(const std::vector<Point>& points)
     {
         const auto part = environmentText(L"VANDREL_ENDURANCE");
@@ -247,14 +236,14 @@ class DiskCall : public testing::TestWithParam<Case> {
         return chosen;
     }
 
-    // Which of the command's states the category files are in, from 0; -1 for none of them.
+    // The index of the command's state that the category files are in; -1 when they are in none.
     static int stateOf(const CommandRun& run)
     {
         const auto& states = GetParam().states;
         const auto found = std::ranges::find(states, run.categories());
         return found == states.end() ? -1 : static_cast<int>(found - states.begin());
     }
-    // Of a file that is written in place the old bytes may be elsewhere.
+    // The old bytes of a file that is written in place may be in another file.
     static bool oldBytesAreKept(const CommandRun& run)
     {
         const auto& old = GetParam().states.front();
@@ -271,12 +260,12 @@ class DiskCall : public testing::TestWithParam<Case> {
             EXPECT_TRUE(bytes == run.data().read(name) || bytes == CommandRun::oldCopy)
                 << testing::PrintToString(name);
         }
-        removeLeftBehind(run.target().path()); // as the next backup does
+        removeLeftBehind(run.target().path()); // the next backup does this
         for (const std::wstring& name : run.target().names()) {
             EXPECT_FALSE(name.ends_with(L".tmp")) << testing::PrintToString(name);
         }
     }
-    // Nothing that a start does not know.
+    // Nothing is left that the next start does not know.
     static void expectOnlyFilesWithAMeaning(const CommandRun& run, bool started)
     {
         for (const std::wstring& name : run.data().names()) {
@@ -286,7 +275,7 @@ class DiskCall : public testing::TestWithParam<Case> {
         }
     }
 
-    // Returns the state that it came to, which is never an earlier one than at an earlier moment.
+    // Returns the state reached, which is never earlier than the one reached at an earlier moment.
     int endAt(const CommandRun& run, const Point& point, int lastState)
     {
         SCOPED_TRACE(testing::Message() << "ended " << point.when << " call " << point.call);
@@ -299,7 +288,7 @@ class DiskCall : public testing::TestWithParam<Case> {
     }
 };
 
-TEST_P(DiskCall, ThatIsTheLastLeavesEachCategoryOldOrNewAndNothingForGood)
+TEST_P(DiskCall, ThatIsTheLastLeavesEveryCategoryOldOrNewAndNothingElseForLong)
 {
     const CommandRun whole(GetParam());
     ASSERT_EQ(whole.upTo(0, L"after"), static_cast<DWORD>(disk_calls::endedByItself));
@@ -319,7 +308,7 @@ TEST_P(DiskCall, ThatIsTheLastLeavesEachCategoryOldOrNewAndNothingForGood)
         state = endAt(*runs.back(), point, state);
         left.push_back(runs.back()->categories());
     }
-    // A number may have been given to another process meanwhile, which a start respects.
+    // The process id may belong to another process by now, whose files a start leaves alone.
     const auto nothingLeft = [&] {
         return std::ranges::all_of(runs, [](const auto& run) {
             return CommandRun::filesOf(run->data(), L".tmp").empty();
@@ -345,7 +334,7 @@ INSTANTIATE_TEST_SUITE_P(Command, DiskCall, testing::ValuesIn(cases()), nameOf);
 
 // ---- the calls
 
-// Else the commands above would change the disk unseen.
+// Otherwise the tests above would miss changes to the disk.
 TEST(DiskCalls, AreMadeByTheFileLayerAlone)
 {
     const std::set<std::wstring> layer{L"file_layer.cpp"};

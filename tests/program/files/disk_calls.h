@@ -2,13 +2,13 @@
 
 namespace vandrel::test::disk_calls {
 
-// How disk_call_child ends.
+// The exit codes of disk_call_child.
 inline constexpr int endedByItself = 0;
 inline constexpr int unknown = 2;
 inline constexpr int unanswered = 3;
 inline constexpr int endedAtTheCall = 86;
 
-// Under which its preferences are kept.
+// The name under which it keeps its preferences.
 inline constexpr const wchar_t* application = L"VandrelTest-disk-calls";
 
 } // namespace vandrel::test::disk_calls

@@ -1,4 +1,5 @@
 #include "platform/base/handle.h"
+#include "tests/program/files/start_process.h"
 #include "tests/program/files/versions.h"
 #include "tests/support/temp_folder.h"
 
@@ -15,11 +16,11 @@ namespace vandrel::test {
 namespace {
 
 constexpr int killsOfAPart = 125;
-constexpr double longestRun = 25; // milliseconds; some saves of both files
+constexpr double longestRun = 25; // milliseconds; time for several saves of both files
 constexpr DWORD limitMilliseconds = 20'000;
 
-// A process that saves in a loop is killed at random moments, 500 times over the four parts. VANDREL_SEED
-// repeats a run.
+// A process that saves in a loop is killed at random moments, 500 times in all four parts together.
+// VANDREL_SEED repeats a run.
 class Durability : public testing::TestWithParam<int> {
   protected:
     Durability()
@@ -37,7 +38,7 @@ class Durability : public testing::TestWithParam<int> {
             return static_cast<std::uint32_t>(std::wcstoul(text, nullptr, 10));
         return std::random_device{}();
     }
-    // Starts the saving process, lets it save for so long, and kills it.
+    // Starts the saving process, lets it save for this long and kills it.
     void saveAndKill(double milliseconds) const
     {
         const std::wstring name = L"vandrel-saving-" + std::to_wstring(GetCurrentProcessId());
@@ -49,7 +50,7 @@ class Durability : public testing::TestWithParam<int> {
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION started{};
-        ASSERT_TRUE(startProcess(line, startup, started)) << "error " << GetLastError();
+        ASSERT_TRUE(startProcess(line, startup, started, limitMilliseconds)) << "error " << GetLastError();
         const HANDLE either[] = {begun, started.hProcess};
         EXPECT_EQ(WaitForMultipleObjects(2, either, FALSE, limitMilliseconds), WAIT_OBJECT_0);
         waitExactly(milliseconds);
@@ -60,18 +61,6 @@ class Durability : public testing::TestWithParam<int> {
         CloseHandle(started.hThread);
         CloseHandle(started.hProcess);
         CloseHandle(begun);
-    }
-    // Tests that run beside this one change the drives of the same Windows, and for a moment the program may
-    // not be found.
-    static bool startProcess(std::wstring line, STARTUPINFOW& startup, PROCESS_INFORMATION& started)
-    {
-        const ULONGLONG deadline = GetTickCount64() + limitMilliseconds;
-        while (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                              &started) == 0) {
-            if (GetTickCount64() >= deadline) return false;
-            Sleep(20);
-        }
-        return true;
     }
     static void waitExactly(double milliseconds)
     {
@@ -85,7 +74,7 @@ class Durability : public testing::TestWithParam<int> {
             QueryPerformanceCounter(&now);
         }
     }
-    // The version that the file now is, byte for byte; -1 for none of them.
+    // The version that the file is now, byte for byte; -1 when it is none.
     int versionNow(int file) const
     {
         const auto found = std::ranges::find(versions[file], folder.read(savedFiles[file]));
@@ -119,8 +108,8 @@ TEST_P(Durability, AfterEveryKillEachCategoryFileIsOneOfTheVersionsThatWereSaved
         }
     }
     std::printf("%d of %d kills fell within a save\n", killedInTheMiddle, killsOfAPart);
-    EXPECT_GT(killedInTheMiddle, killsOfAPart / 10); // else nothing was put to the test
-    EXPECT_GT(seen[1] + seen[2], 0);                 // and something was saved at all
+    EXPECT_GT(killedInTheMiddle, killsOfAPart / 10); // otherwise nothing was tested
+    EXPECT_GT(seen[1] + seen[2], 0);                 // something was saved at all
 }
 
 INSTANTIATE_TEST_SUITE_P(Part, Durability, testing::Range(0, 4));

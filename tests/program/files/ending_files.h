@@ -13,7 +13,7 @@ namespace vandrel::test {
 
 enum class When { before, within, after };
 
-// The system's calls, counted. One of them is the process's last.
+// The system's file calls, counted. One of them ends the process.
 class EndingFiles : public FileLayer {
   public:
     EndingFiles(std::wstring folder, int last, When when, bool refusing)
@@ -85,7 +85,7 @@ class EndingFiles : public FileLayer {
     }
 
   private:
-    // No clean-up: as when the machine's owner ends it, or a fault.
+    // Without any clean-up, as when the process is killed or crashes.
     [[noreturn]] static void end()
     {
         TerminateProcess(GetCurrentProcess(), disk_calls::endedAtTheCall);

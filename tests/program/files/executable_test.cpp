@@ -12,7 +12,7 @@
 namespace vandrel::test {
 namespace {
 
-// The file of the program, read as the system's loader reads it.
+// The program's file, read as the system's loader reads it.
 class Executable : public testing::Test {
   protected:
     void SetUp() override
@@ -84,7 +84,7 @@ class Executable : public testing::Test {
     std::filesystem::path path_;
 };
 
-TEST_F(Executable, IsSixtyFourBitAWindowProgramAndUnderOneAndAHalfMegabytes)
+TEST_F(Executable, IsA64BitWindowProgramOfLessThanOneAndAHalfMegabytes)
 {
     EXPECT_EQ(nt.FileHeader.Machine, IMAGE_FILE_MACHINE_AMD64);
     EXPECT_EQ(nt.OptionalHeader.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
@@ -108,7 +108,7 @@ TEST_F(Executable, IsLoadedAnywhereInTheWholeAddressSpaceAndItsDataIsNeverRun)
     const WORD wanted = IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
                         IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
     EXPECT_EQ(nt.OptionalHeader.DllCharacteristics & wanted, wanted);
-    // Without these the flags above are a promise that cannot be kept.
+    // Without relocations the flags above have no effect.
     EXPECT_EQ(nt.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0);
     EXPECT_GT(directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0U);
 }
@@ -139,7 +139,7 @@ TEST_F(Executable, CarriesNoTimeStampAndNoSymbolsSoThatTheSameSourcesGiveTheSame
     EXPECT_EQ(nt.FileHeader.NumberOfSymbols, 0U);
 }
 
-TEST_F(Executable, AsksForTheThemedControlsAndForItsOwnPixelsOnEveryMonitor)
+TEST_F(Executable, AsksForThemedControlsAndForPerMonitorScaling)
 {
     const std::string manifest = resource(CREATEPROCESS_MANIFEST_RESOURCE_ID, RT_MANIFEST);
     const std::size_t controls = manifest.find("name=\"Microsoft.Windows.Common-Controls\"");

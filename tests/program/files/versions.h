@@ -7,8 +7,8 @@ namespace vandrel::test {
 inline constexpr int versionCount = 3;
 inline constexpr const wchar_t* savedFiles[] = {L"Books.udb", L"News.udb"};
 
-// What the saving process writes: category files of some hundred kilobytes, each version of another length
-// and with another content in every line.
+// What the saving process writes: category files of a few hundred kilobytes. Every version has its own
+// length, and its own content in every line.
 inline std::string versionOf(int file, int version)
 {
     std::string bytes;

@@ -8,7 +8,7 @@
 
 namespace vandrel::test {
 
-// A run that was ended by force leaves its folders behind, and a later one may get the same names.
+// A run that was killed leaves its folders behind, and a later one may get the same names.
 Day::Day()
 {
     for (const TempFolder* const used : {&folder, &favorites, &page_, &backup_}) {
@@ -49,7 +49,7 @@ void Day::requireCollection(const std::wstring& name, UINT codePage)
 
 // ---- pictures
 
-// Of what stays on the screen: the program may still be painting.
+// Of a screen that no longer changes: the program may still be painting.
 void Day::picture(const char* name)
 {
     constexpr ULONGLONG unchangedMilliseconds = 150;
@@ -75,16 +75,16 @@ void Day::picture(const char* name)
 
 void Day::menu(WORD letter, WORD entry, WORD subEntry) const
 {
-    constexpr DWORD patience = 3000; // a window that has just got the keyboard may lose the Alt key
+    constexpr DWORD altLimit = 3000; // a window that has only just got the focus may miss the Alt key
     const auto open = [&] { return program.menuIsOpen(); };
     program.key(letter, {VK_MENU});
-    if (!soon(open, patience)) program.key(letter, {VK_MENU});
+    if (!soon(open, altLimit)) program.key(letter, {VK_MENU});
     EXPECT_TRUE(soon(open));
     program.key(entry);
     if (subEntry != 0) program.key(subEntry);
 }
 
-// The edge of a hidden column lies behind that of its neighbour.
+// The edge of a hidden column lies under its neighbour's.
 void Day::dragColumnEdge(int column, LONG by) const
 {
     const POINT middle = program.controls().headerPoint(program.sites(), column);
@@ -104,7 +104,7 @@ std::string Day::ansi(const std::wstring& text)
     return bytes;
 }
 
-// Today as this day's settings have it, worked out without the system's own texts.
+// Today in this day's date format, worked out without the system.
 std::wstring Day::dated() const
 {
     SYSTEMTIME now{};
@@ -153,7 +153,7 @@ std::size_t Day::sitesInAll() const
     return sites;
 }
 
-// ---- what is seen
+// ---- what the screen shows
 
 Texts Day::sortedTitles() const
 {
@@ -182,7 +182,7 @@ int Day::imageOf(int row) const
 
 int Day::rowHeight() const
 {
-    // Of twenty rows and of none, with the header in both.
+    // The heights for twenty rows and for none, the header included in both.
     const auto heightOf = [&](WPARAM rows) {
         return HIWORD(ask(program.sites(), LVM_APPROXIMATEVIEWRECT, rows, MAKELPARAM(100, 100)));
     };

@@ -8,14 +8,14 @@
 
 namespace vandrel::test {
 
-// What one day has that another has not.
+// What differs from one day to another.
 struct DayPlan {
-    std::string pictures; // what the names of its pictures begin with
+    std::string pictures; // the beginning of its pictures' names
     std::wstring title = L"Newspapers";
     std::wstring otherTitle = L"Old favourites";
     std::wstring name = L"The Daily Paper";
     std::wstring description = L"News – every day";
-    std::wstring category = L"Python"; // of the collection, and what is looked for in it
+    std::wstring category = L"Python"; // the one of the collection that is searched
     std::wstring quickTerm = L"anti-patterns";
     std::wstring quickName = L"The Little Book of Python Anti-Patterns";
     std::wstring term = L"anti-patterns"; // in all categories; small letters
@@ -24,20 +24,20 @@ struct DayPlan {
     int dpi = 96;
 };
 
-// A day with the program, from its first start in an empty folder to the next morning. It goes on in a real collection
-// that lies beside the project.
+// A day with the program, from its first start in an empty folder to the next morning. It continues in a real
+// collection that lies beside the project.
 //
-// Where the environment variable VANDREL_PICTURES names a folder, each station leaves a picture of the screen
+// When the environment variable VANDREL_PICTURES names a folder, each station leaves a picture of the screen
 // there.
 class Day : public ShortcutTest {
   protected:
     Day();
-    // Copies nothing yet; skips the test where the collection is absent or the code page is another.
+    // Skips the test when the collection is missing or the code page differs. Copies nothing yet.
     void requireCollection(const std::wstring& name, UINT codePage);
     void spend(const DayPlan& plan);
 
   private:
-    // The stations, in their order.
+    // The stations, in order.
     void startForTheFirstTime();
     void makeCategories();
     void typeSite();
@@ -63,7 +63,7 @@ class Day : public ShortcutTest {
     Texts titlesOnDisk() const;
     std::map<std::wstring, std::string> bytesOnDisk() const;
     Texts sortedTitles() const;
-    // Of one category file, and of all.
+    // The number of sites in one category file, and in all.
     std::size_t sitesIn(const std::wstring& title) const;
     std::size_t sitesInAll() const;
     int imageOf(int row) const;

@@ -12,7 +12,7 @@ namespace vandrel::test {
 namespace {
 
 constexpr const wchar_t* scanned = L"Links to check";
-constexpr int smallestWidth = 9135; // of the window, in twips
+constexpr int smallestWidth = 9135; // the window's, in twips
 constexpr int deadImage = 4;        // the red X in the list's pictures
 
 HWND resultsOf(HWND search) { return FindWindowExW(search, nullptr, WC_LISTVIEWW, nullptr); }
@@ -24,7 +24,7 @@ std::size_t countOf(const std::string& text, const std::string& part)
     return count;
 }
 
-// Of files that may be marked read-only where they come from.
+// The copies can be written to even if the originals are read-only.
 void copyInto(const fs::path& target, const fs::path& source, const std::wstring& extension)
 {
     for (const auto& entry : fs::directory_iterator(source)) {
@@ -193,7 +193,7 @@ void Day::searchAllAndOpen()
     EXPECT_EQ(program.controls().cell(results, row, 2), plan_.category);
     picture("search-all");
 
-    program.click(results, row); // brings the mouse there
+    program.click(results, row); // moves the mouse there
     EXPECT_SOON(program.controls().selectedRows(results), std::vector{row});
     POINT point = program.controls().rowPoint(results, row);
     point.x += 4 * GetSystemMetrics(SM_CXDOUBLECLK);
@@ -229,7 +229,7 @@ void Day::scanLinks()
     picture("red-crosses");
 }
 
-// ---- copies of it
+// ---- backups
 
 void Day::makePage()
 {
@@ -257,7 +257,7 @@ void Day::makePage()
 void Day::backUp()
 {
     menu('F', 'B', 'A');
-    // The system's own window, in the language of the user; its tree need not have the keyboard.
+    // The system's own window, in the user's language. Its tree need not have the focus.
     HWND tree = nullptr;
     EXPECT_TRUE(soon([&] {
         const HWND front = GetForegroundWindow();
@@ -310,8 +310,8 @@ void Day::changeFont()
 
 void Day::changeShape()
 {
-    // The last column ends where the vertical scroll bar is; only a narrower one beside it lets the date be
-    // reached.
+    // The last column ends under the vertical scroll bar. Its edge can be reached only once the column
+    // beside it is narrower.
     const auto before = columnWidths();
     dragColumnEdge(1, -60);
     EXPECT_SOON(columnWidths()[1], before[1] - 60);

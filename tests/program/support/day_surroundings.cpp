@@ -18,7 +18,7 @@ constexpr const wchar_t* answerName = L"answer.txt";
 
 BrowserStandIn::BrowserStandIn()
 {
-    DeleteFileW(folder_.file(recordName).c_str()); // of a run that was ended by force
+    DeleteFileW(folder_.file(recordName).c_str()); // left by a run that was killed
     SetEnvironmentVariableW(L"VANDREL_RECORD", folder_.file(recordName).c_str());
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/program/support/program_files.h"
-#include "tests/program/support/registry_value.h"
+#include "tests/support/registry_value.h"
 #include "tests/support/temp_folder.h"
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 namespace vandrel::test {
 
-// Takes the place of the web browser and writes down what it is to open.
+// Takes the place of the web browser and records what it is asked to open.
 class BrowserStandIn {
   public:
     BrowserStandIn();
@@ -21,7 +21,7 @@ class BrowserStandIn {
 
     // The command lines so far.
     std::vector<std::string> opened() const;
-    // The one by which it opens this address.
+    // The command line that opens this address.
     static std::string opening(const std::wstring& address);
 
   private:
@@ -32,7 +32,7 @@ class BrowserStandIn {
     RegistryValue https_{HKEY_CLASSES_ROOT, L"https\\shell\\open\\command", L"", command()};
 };
 
-// Another program, from which the link is dragged to the point.
+// Another program, which drags the link to the point.
 class DraggedLink {
   public:
     DraggedLink(const std::wstring& link, POINT point);
@@ -40,7 +40,7 @@ class DraggedLink {
     DraggedLink& operator=(const DraggedLink&) = delete;
     ~DraggedLink();
 
-    // What the other program was told; nothing while it still waits to be told.
+    // What the other program was told about its drag; empty as long as it has been told nothing.
     std::string answer() const;
 
   private:

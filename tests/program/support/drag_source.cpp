@@ -4,7 +4,7 @@
 // told: "returned copy". It stays until it is ended, as a browser would: Windows gives the keyboard to
 // another program when one ends, and that must not hide that the one under test does not take it.
 
-#include "tests/window/capture/dropped_object.h"
+#include "tests/support/dropped_object.h"
 
 #include <stdlib.h> // __argc and __wargv
 
@@ -19,7 +19,7 @@ constexpr UINT longestLifeMilliseconds = 60'000;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// Lets go when the mouse has been at the point for a few questions in a row.
+// Lets go when the mouse has been at the point several times in a row.
 class LettingGo final : public IDropSource {
   public:
     explicit LettingGo(POINT point) : point_(point) {}
@@ -98,7 +98,7 @@ bool fill(DroppedObject& data, const std::wstring& form, const std::wstring& tex
     return true;
 }
 
-// In the corner of the screen, where it covers nothing that is dropped at.
+// In a corner of the screen, where it covers no drop target.
 HWND showWindow()
 {
     WNDCLASSW shape{};

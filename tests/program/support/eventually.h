@@ -9,7 +9,7 @@ namespace vandrel::test {
 inline constexpr DWORD limitMilliseconds = 10'000;
 inline constexpr DWORD pollMilliseconds = 10;
 
-// Asks again and again until the answer is yes; false when it is not within the limit.
+// Polls the condition until it holds. False when it does not hold within the limit.
 template <typename Condition> bool soon(Condition condition, DWORD limit = limitMilliseconds)
 {
     for (const ULONGLONG deadline = GetTickCount64() + limit; !condition(); Sleep(pollMilliseconds)) {
@@ -30,6 +30,6 @@ testing::AssertionResult becomes(Get get, const Wanted& wanted, DWORD limit = li
 
 } // namespace vandrel::test
 
-// What another process shows or writes comes a moment after what made it do so.
+// What another process shows or writes comes a moment after its cause.
 #define EXPECT_SOON(expression, ...)                                                                         \
  EXPECT_TRUE(vandrel::test::becomes([&] { return (expression); }, __VA_ARGS__)) << #expression

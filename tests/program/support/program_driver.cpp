@@ -4,6 +4,7 @@
 #include "tests/program/support/eventually.h"
 #include "tests/program/support/program_files.h"
 #include "tests/program/support/real_input.h"
+#include "tests/support/window_facts.h"
 
 #include <commctrl.h>
 
@@ -22,22 +23,7 @@ constexpr int boxTextId = 0xFFFF;
 constexpr int categoriesId = 201;
 constexpr int sitesId = 202;
 
-std::wstring classOf(HWND window)
-{
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
-// A dialog may go at any moment; its caption is read without asking it.
-std::wstring captionOf(HWND window)
-{
-    wchar_t text[256]{};
-    GetWindowTextW(window, text, 256);
-    return text;
-}
-
-// The visible top-level windows of the process, of one class or of all.
+// The visible top-level windows of the process: all, or those of one class.
 std::vector<HWND> windowsOf(DWORD processId, const std::wstring& className = {})
 {
     struct Search {
@@ -177,7 +163,7 @@ std::wstring ProgramDriver::caption() const { return captionOf(window_); }
 
 // ---- keys and mouse
 
-// A control in it has the focus: the window itself has it only on the way there.
+// A control in it must have the focus: the window itself has it only for a moment.
 bool ProgramDriver::hasKeyboard(HWND window) const
 {
     return GetForegroundWindow() == window && IsChild(window, focus());
@@ -193,8 +179,8 @@ void ProgramDriver::requireKeyboard() const
                                               }));
 }
 
-// News of earlier moves may reach the program late and take the mouse back for a moment: a click would land
-// there, and a menu would lose the entry that the keys have reached. So the program is asked until the mouse
+// Earlier moves may reach the program late and take the mouse back for a moment. A click would land there,
+// and a menu would lose the entry that the keys have reached. So the program is asked until the mouse
 // stays.
 void ProgramDriver::settleMouse(POINT screen) const
 {
@@ -328,7 +314,7 @@ void ProgramDriver::back() const
 std::wstring ProgramDriver::boxText(HWND box)
 {
     std::wstring text = textOf(GetDlgItem(box, boxTextId));
-    std::erase(text, L'\r'); // the box may give back a line end shorter than it got it
+    std::erase(text, L'\r'); // the box may return CR LF as LF
     return text;
 }
 

@@ -13,27 +13,26 @@ namespace vandrel::test {
 
 using Texts = std::vector<std::wstring>;
 
-// One run of Vandrel.exe as a user has it: a copy of the program in a folder of its own, driven by real keys
-// and mouse, its controls read from outside. What does not come about within the limit throws
-// std::runtime_error with a word on what was waited for and on the windows that were open; the test then
-// fails with it.
+// One run of Vandrel.exe as a user runs it: a copy of the program in a folder of its own, driven by real
+// keys and mouse, its controls read from outside. Whatever does not happen within the limit throws
+// std::runtime_error, with what was awaited and which windows were open; the test fails with that.
 class ProgramDriver {
   public:
-    // Puts the program into the folder, which is its data folder, unless it is there.
+    // Puts the program into the folder, which becomes its data folder, unless it is there already.
     explicit ProgramDriver(std::wstring folder);
     ProgramDriver(const ProgramDriver&) = delete;
     ProgramDriver& operator=(const ProgramDriver&) = delete;
-    ~ProgramDriver(); // ends the program if it still runs
+    ~ProgramDriver(); // ends the program if it is still running
 
     // ---- the process
 
-    // Starts it there and waits until its window has the keyboard. With a command line, what the user sees
-    // first is the site editor; wait for that with dialog().
+    // Starts it there and waits until its window has the focus. With a command line the user sees the site
+    // editor first; wait for that with dialog().
     void start(const std::wstring& commandLine = L"") { startIn(folder_, commandLine); }
-    // The same with another current directory than the program's folder.
+    // The same with a current directory other than the program's folder.
     void startFrom(const std::wstring& directory) { startIn(directory, L""); }
     bool running() const;
-    // Waits until it ends by itself and returns its exit code.
+    // Waits until it ends of its own accord; returns its exit code.
     DWORD waitForEnd();
     void kill();
     // Ctrl+Q, and waits for the end.
@@ -42,7 +41,7 @@ class ProgramDriver {
     HWND window() const { return window_; }
     std::wstring caption() const;
 
-    // ---- keys and mouse; only while a window of this program has the keyboard
+    // ---- keys and mouse; only while a window of this program has the focus
 
     void key(WORD key, std::initializer_list<WORD> held = {}) const;
     void type(const std::wstring& text) const;
@@ -53,8 +52,8 @@ class ProgramDriver {
     void click(HWND list, const std::wstring& text) const; // the first row whose first column shows it
     void clickHeader(HWND list, int column) const;
     void clickAt(POINT screen) const;
-    // By the pop-up menu of the row: opens it with the right button and goes down to the entry with arrow
-    // keys. `entry` counts from 0, separators left out; `subEntry` is one of the submenu's.
+    // Opens the pop-up menu of the row with the right button and goes down to the entry with the arrow
+    // keys. `entry` counts from 0 without separators, and so does `subEntry` in the submenu.
     void choose(HWND list, int row, int entry, int subEntry = -1) const;
 
     // ---- what it shows
@@ -68,32 +67,32 @@ class ProgramDriver {
     std::wstring panel(int panel) const; // 1 is the first
     const RemoteControls& controls() const { return *controls_; }
 
-    // The window of the program that has the keyboard, and the control in it.
+    // The control of the program that has the focus.
     HWND focus() const;
     // The text of the focused control.
     std::wstring focusText() const;
     HWND labelEdit() const; // of the category list; null while no label is being edited
     bool menuIsOpen() const;
 
-    // Waits until a dialog or box with this caption has the keyboard.
+    // Waits until a dialog or message box with this caption has the focus.
     HWND dialog(const std::wstring& caption) const;
-    // The dialog or box with this caption, if it is open now.
+    // The dialog or message box with this caption; null when none is open.
     HWND openDialog(const std::wstring& caption) const;
-    // Whether any dialog or box is open.
+    // Whether any dialog or message box is open.
     bool dialogIsOpen() const;
-    // Waits until the dialog is gone and the main window has the keyboard again.
+    // Waits until the dialog is gone and the main window has the focus again.
     void back() const;
     // The text of a message box.
     static std::wstring boxText(HWND box);
-    // Waits for a box and answers it with Enter (the default button) or the button's id. Returns its text.
+    // Waits for a message box and answers it with the button of this id, or with Enter. Returns its text.
     std::wstring answerBox(const std::wstring& caption, int button = 0) const;
 
     // ---- whole steps
 
-    // A click on the category, unless it is the one that is shown: a second click would load it again, at a
-    // moment that cannot be seen from outside.
+    // Clicks on the category unless it is shown already: a second click would load it again, and from
+    // outside nobody can tell when.
     void openCategory(const std::wstring& title) const;
-    // F3, the three texts, Enter; waits until the editor is gone.
+    // F3, the three texts, Enter. Waits until the editor is gone.
     void addSite(const std::wstring& name, const std::wstring& url, const std::wstring& description) const;
     // F2, the title, Enter.
     void addCategory(const std::wstring& title) const;

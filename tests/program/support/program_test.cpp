@@ -12,7 +12,7 @@ constexpr const wchar_t* preferences = L"Software\\VB and VBA Program Settings\\
 
 ProgramTest::ProgramTest() : program(folder.path()) { clearPreferences(); }
 
-ProgramTest::~ProgramTest() { program.kill(); } // before its folder goes
+ProgramTest::~ProgramTest() { program.kill(); } // before its folder is removed
 
 void ProgramTest::TearDown()
 {

@@ -10,8 +10,8 @@
 
 namespace vandrel::test {
 
-// Vandrel.exe in a folder of its own, with no preference set. When a test fails and the environment variable
-// VANDREL_PICTURES names a folder, a picture of the screen is left there under the test's name.
+// Vandrel.exe in a folder of its own, with no preferences set. When a test fails and the environment
+// variable VANDREL_PICTURES names a folder, a picture of the screen is left there under the test's name.
 class ProgramTest : public testing::Test {
   protected:
     ProgramTest();
@@ -19,14 +19,14 @@ class ProgramTest : public testing::Test {
     void TearDown() override;
 
     void start(const std::wstring& commandLine = L"") { program.start(commandLine); }
-    // Leaves the program and starts it again, as the user does.
+    // Quits the program and starts it again, as a user does.
     void restart();
 
     static std::wstring preference(const std::wstring& section, const std::wstring& key);
     static void setPreference(const std::wstring& section, const std::wstring& key, const std::wstring& text);
     static void clearPreferences();
 
-    // Today as the program writes it.
+    // Today's date as the program writes it.
     static std::string today();
     // The names of the category files, sorted.
     Texts categoryFiles() const;

@@ -99,8 +99,8 @@ constexpr KeyStroke dialogKeys[] = {
     {"Alt+F", 'F', false, false, true},
 };
 
-// Not to the left and right: beside the first and the last menu of the bar is the window's own, which moves
-// and sizes it by the window manager's keys, and those are not to be had here.
+// Not Left and Right: beside the first and the last menu of the bar is the system menu, which moves and
+// sizes the window with keys of the window manager that a test does not have.
 constexpr KeyStroke menuKeys[] = {
     {"Down", VK_DOWN}, {"Down", VK_DOWN}, {"Down", VK_DOWN},    {"Down", VK_DOWN},
     {"Up", VK_UP},     {"Up", VK_UP},     {"Enter", VK_RETURN}, {"Enter", VK_RETURN},
@@ -118,7 +118,7 @@ constexpr KeyStroke boxKeys[] = {
     {"letter N", 'N'},    {"Tab", VK_TAB},      {"Right", VK_RIGHT}, {"Space", VK_SPACE},
 };
 
-// None that the system would take for one of its programs when it is opened as an address.
+// None of them is a program that the system would start when the word is opened as an address.
 constexpr const wchar_t* someWords[] = {
     L"qa",
     L"qb",
@@ -201,7 +201,7 @@ constexpr int someCommands[] = {
     firstMoveEntry + 9,
 };
 
-// The last ones that Windows has numbers for; no keyboard has them.
+// The last function keys that Windows knows; no keyboard has them.
 constexpr WORD firstMarker = VK_F13;
 constexpr WORD markers = 12;
 
@@ -253,7 +253,7 @@ bool TakenInput::wait(DWORD milliseconds)
 {
     const WORD key = static_cast<WORD>(firstMarker + next_);
     next_ = static_cast<WORD>((next_ + 1) % markers);
-    const int before = GetKeyState(key) & 1; // changes whenever the key is pressed
+    const int before = GetKeyState(key) & 1; // toggled by every press
     input::key(key);
     for (const ULONGLONG deadline = GetTickCount64() + milliseconds; (GetKeyState(key) & 1) == before;
          Sleep(1)) {

@@ -4,6 +4,7 @@
 #include "tests/program/support/eventually.h"
 #include "tests/program/support/random_windows.h"
 #include "tests/program/support/real_input.h"
+#include "tests/support/window_facts.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -30,7 +31,7 @@ void RandomUser::start()
     taken_ = std::make_unique<TakenInput>(GetWindowThreadProcessId(program_.window(), nullptr));
     seen_ = nullptr;
     ++starts_;
-    // Read by now; written again by an orderly end only.
+    // It has been read by now, and only an orderly end writes it again.
     RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Software\\VB and VBA Program Settings\\Vandrel\\Config",
                        placePreference);
 }
@@ -63,8 +64,8 @@ std::string RandomUser::story() const
 
 // ---- what is there
 
-// What else is on the screen, such as a browser's stand-in, may have taken it. A user clicks on the window
-// then.
+// Something else on the screen, such as the stand-in for the browser, may have taken the focus. A user then
+// clicks on the window.
 void RandomUser::regainKeyboard()
 {
     const HWND main = program_.window();
@@ -90,7 +91,7 @@ RandomUser::Place RandomUser::look()
     }
     if ((inputOf(main).flags & GUI_INMENUMODE) != 0) return Place::menu;
     if (front_ == main) return Place::window;
-    if (front_ != seen_) { // looking through a dialog takes long
+    if (front_ != seen_) { // looking through a dialog takes time
         seen_ = front_;
         seenPlace_ = showsFiles(front_) ? Place::files : isMessageBox(front_) ? Place::box : Place::dialog;
         if (seenPlace_ == Place::box) readBox();
@@ -106,7 +107,7 @@ void RandomUser::readBox()
         throw std::runtime_error("the program tells of an error within itself");
 }
 
-// Waits until the program has taken everything.
+// Waits until the program has handled all input.
 void RandomUser::settle()
 {
     const bool taken = soon([&] {
@@ -133,7 +134,7 @@ int RandomUser::act()
         }
         settle();
     } catch (const std::runtime_error&) {
-        // It may have quit in the middle.
+        // It may have quit halfway through.
         if (!soon([this] { return !program_.running(); }, 2000)) throw;
     }
     if (!program_.running()) startAgain();
@@ -158,7 +159,7 @@ void RandomUser::actInMenu()
 
 void RandomUser::actInDialog()
 {
-    // Those beside which the main window can be used are left by going back to it, too.
+    // A modeless one can also be left by going back to the main window.
     if (IsWindowEnabled(program_.window()) != 0 && chance(40)) return command();
     if (chance(22)) return press({"Enter", VK_RETURN});
     if (chance(12)) return press({"Esc", VK_ESCAPE});
@@ -175,7 +176,7 @@ void RandomUser::answerBox()
     mouse(front_);
 }
 
-// Only what keeps to the folder that is there for it.
+// Chooses only what keeps to the folder that is meant for it.
 void RandomUser::answerFiles()
 {
     const HWND name = GetDlgItem(front_, fileNameId);
@@ -194,7 +195,7 @@ void RandomUser::press(const KeyStroke& stroke)
     send(stroke);
 }
 
-// Several keys at once, as from a quick hand or a held key; none of them opens anything.
+// Several keys at once, as from a fast typist or a key held down. None of them opens anything.
 void RandomUser::moveAround()
 {
     for (std::size_t keys = 8 + below(17); keys > 0; --keys) press(oneOf(keysToMoveBy()));
@@ -206,15 +207,14 @@ void RandomUser::typeWord()
     const bool address = GetParent(focus) == front_ && GetDlgCtrlID(focus) == addressId;
     const std::wstring text = address ? oneOf(addresses()) : oneOf(words());
     note("type", "<" + narrow(text) + "> in <" + narrow(captionOf(front_)) + ">");
-    if (address) { // whole addresses only: others would be looked for outside this machine
+    if (address) { // whole addresses only: others would be looked up outside this machine
         input::key(VK_HOME);
         input::key(VK_END, {VK_SHIFT});
     }
     input::type(text);
 }
 
-// Within the window's client area and, where there is one, its menu bar: on its frame begins what only the
-// window manager can end.
+// Within the window's client area and menu bar: what begins on its frame only the window manager can end.
 void RandomUser::mouse(HWND window)
 {
     constexpr int grip = 24; // of a status bar, which sizes the window
@@ -259,8 +259,8 @@ void RandomUser::mouse(HWND window)
     }
 }
 
-// As the menu of the main window sends it. Not posted: between two posted ones the first could open a dialog,
-// which nobody's menu would reach over.
+// Sent as the menu of the main window sends it. Posting would let an earlier command open a dialog first,
+// under which no user could reach the menu.
 void RandomUser::command()
 {
     const int entry = oneOf(commands());
@@ -312,7 +312,7 @@ void RandomUser::closeDialogs()
                 reinterpret_cast<LPARAM>(program_.window()));
         } else {
             press({"Esc", VK_ESCAPE});
-            if (place == Place::box) press({"letter N", 'N'}); // a question that has no way out
+            if (place == Place::box) press({"letter N", 'N'}); // a question that cannot be cancelled
         }
         settle();
         return place == Place::window && !program_.dialogIsOpen();

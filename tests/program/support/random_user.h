@@ -9,27 +9,27 @@
 
 namespace vandrel::test {
 
-// Somebody who does anything that the program lets them do, in no order: keys, letters, clicks, menu entries, and
-// whatever answer a dialog takes. What is next is decided by the seed and by what is open. When the program quits it is
-// started again.
+// A user who does anything that the program allows, in no order: keys, letters, clicks, menu entries, and any
+// answer that a dialog takes. The seed, and what is open, decide what comes next. When the program quits, it
+// is started again.
 //
-// Files are a dialog's to choose only in `files`, a folder of its own.
+// Dialogs choose files only in the folder `files`.
 class RandomUser {
   public:
     RandomUser(ProgramDriver& program, unsigned seed, std::wstring files);
 
-    // One action, or a few that follow one another; returns their number when the program has taken them.
-    // Throws std::runtime_error when the program has ended otherwise than by quitting, when it does not take
-    // what it is given, and when it tells of an error within itself.
+    // Does one action, or a few in a row, and returns how many when the program has handled them. Throws
+    // std::runtime_error when the program has ended other than by quitting, when it does not handle its
+    // input, and when it reports an internal error.
     int act();
     // Cancels whatever is open.
     void closeDialogs();
-    // Closes the program; what is not saved is given up.
+    // Closes the program and gives up what is not saved.
     void quit();
 
     // The last actions, the newest last.
     std::string story() const;
-    // How many actions of each kind there were; the texts of the boxes, and how often each was seen.
+    // How many actions of each kind there were, and how often each message box was seen, by its text.
     const std::map<std::string, int>& kinds() const { return kinds_; }
     const std::map<std::wstring, int>& boxes() const { return boxes_; }
     int starts() const { return starts_; }
@@ -68,9 +68,9 @@ class RandomUser {
     std::wstring files_;
     std::unique_ptr<TakenInput> taken_;
     HWND front_ = nullptr;
-    HWND seen_ = nullptr; // the dialog that was looked through last
+    HWND seen_ = nullptr; // the dialog that was examined last
     Place seenPlace_ = Place::dialog;
-    bool popUp_ = false; // what menu is open was opened by the right button or its key
+    bool popUp_ = false; // the open menu was opened by the right button or its key
     std::deque<std::string> story_;
     std::map<std::string, int> kinds_;
     std::map<std::wstring, int> boxes_;

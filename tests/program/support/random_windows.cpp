@@ -1,5 +1,7 @@
 #include "tests/program/support/random_windows.h"
 
+#include "tests/support/window_facts.h"
+
 #include <algorithm>
 
 namespace vandrel::test {
@@ -15,9 +17,7 @@ bool holds(HWND window, const wchar_t* className)
         window,
         [](HWND child, LPARAM param) -> BOOL {
             auto& wanted = *reinterpret_cast<Search*>(param);
-            wchar_t name[64]{};
-            GetClassNameW(child, name, 64);
-            wanted.found = wanted.className == name;
+            wanted.found = wanted.className == classOf(child);
             return !wanted.found;
         },
         reinterpret_cast<LPARAM>(&search));
@@ -25,13 +25,6 @@ bool holds(HWND window, const wchar_t* className)
 }
 
 } // namespace
-
-std::wstring captionOf(HWND window)
-{
-    wchar_t text[128]{};
-    GetWindowTextW(window, text, 128);
-    return text;
-}
 
 std::string narrow(const std::wstring& text)
 {
@@ -63,9 +56,7 @@ GUITHREADINFO inputOf(HWND window)
 
 std::string described(HWND window)
 {
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    return "<" + narrow(captionOf(window)) + "> of class " + narrow(name) +
+    return "<" + narrow(captionOf(window)) + "> of class " + narrow(classOf(window)) +
            (IsWindowEnabled(window) != 0 ? "" : ", disabled") +
            (IsWindowVisible(window) != 0 ? "" : ", hidden") + (IsIconic(window) != 0 ? ", minimised" : "");
 }

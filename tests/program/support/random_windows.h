@@ -9,20 +9,19 @@ namespace vandrel::test {
 
 inline constexpr int fileNameId = 1148; // of the system's dialog for files
 
-std::wstring captionOf(HWND window);
-// What of a text can be printed everywhere.
+// The text with "?" for all but printable ASCII.
 std::string narrow(const std::wstring& text);
-// For the message of a failure.
+// For failure messages.
 std::string described(HWND window);
 
-// A dialog of the system that shows files or folders: what is typed or dragged there may move them.
+// Whether a dialog of the system shows files or folders, which typing and dragging there may move.
 bool showsFiles(HWND dialog);
 bool isMessageBox(HWND dialog);
 // The menu and the focus of the window's thread.
 GUITHREADINFO inputOf(HWND window);
-// The foremost window of the thread that takes input.
+// The frontmost window of the thread that takes input.
 HWND frontWindowOf(HWND programWindow);
-// Whether both are of one process.
+// Whether both windows belong to one process.
 bool isOf(HWND window, HWND programWindow);
 
 } // namespace vandrel::test

@@ -69,8 +69,8 @@ INPUT moveEvent(POINT screen, DWORD button = 0)
     return event;
 }
 
-// Where a click lands that is to be a click of its own: two at one place, one soon after the other, are a
-// double click.
+// Where to click so that it is a single click: two in quick succession at one place would be a double
+// click.
 POINT apartFromLast(POINT screen)
 {
     static POINT last{-100, -100};

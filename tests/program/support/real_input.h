@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string>
 
-// The keyboard and the mouse of this session: what is sent here goes where a user's would go.
+// The keyboard and the mouse of this session: this input goes where a user's would go.
 namespace vandrel::test::input {
 
 // Presses and releases a key while the others are held.
@@ -14,7 +14,7 @@ void key(WORD key, std::initializer_list<WORD> held = {});
 void type(const std::wstring& text);
 
 void moveTo(POINT screen);
-// A click, or a few pixels beside where it would make a double click with the one before.
+// Clicks at the point, or a few pixels beside it where that would make a double click with the last one.
 void click(POINT screen);
 void rightClick(POINT screen);
 void doubleClick(POINT screen);

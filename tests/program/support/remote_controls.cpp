@@ -7,9 +7,9 @@
 namespace vandrel::test {
 namespace {
 
-constexpr UINT answerMilliseconds = 15'000; // above the longest wait for a held file, twice
+constexpr UINT answerMilliseconds = 15'000; // more than twice the longest wait for a held file
 constexpr std::size_t blockSize = 64U << 10;
-constexpr std::size_t textOffset = 1024; // behind the structure that a message takes
+constexpr std::size_t textOffset = 1024; // after the structure that a message takes
 constexpr std::size_t longestText = (blockSize - textOffset) / sizeof(wchar_t);
 
 } // namespace

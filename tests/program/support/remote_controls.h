@@ -11,7 +11,7 @@ namespace vandrel::test {
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 std::wstring textOf(HWND window);
 
-// Reads the common controls of another process. Their messages take addresses, and those must lie in that
+// Reads the common controls of another process. Their messages take addresses, which must lie in that
 // process.
 class RemoteControls {
   public:
@@ -26,7 +26,7 @@ class RemoteControls {
     std::vector<std::wstring> column(HWND list, int column) const;
     std::vector<int> selectedRows(HWND list) const;
     int columnWidth(HWND list, int column) const;
-    // In screen coordinates: a point on the row's text, the middle of a column's header.
+    // In screen coordinates: a point on the row's text, and the middle of the column's header.
     POINT rowPoint(HWND list, int row) const;
     POINT headerPoint(HWND list, int column) const;
     std::wstring panelText(HWND statusBar, int panel) const;

@@ -10,8 +10,7 @@ namespace vandrel::test {
 
 bool savePictureOfScreen(const std::wstring& path)
 {
-    const int width = GetSystemMetrics(SM_CXSCREEN) &
-                      ~3; // rows of whole 32-bit words, as the file wants them
+    const int width = GetSystemMetrics(SM_CXSCREEN) & ~3; // the format has rows of whole 32-bit words
     const int height = GetSystemMetrics(SM_CYSCREEN);
     BITMAPINFOHEADER format{};
     format.biSize = sizeof format;

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "tests/program/support/program_test.h"
-#include "tests/program/support/registry_value.h"
+#include "tests/support/registry_value.h"
 
 namespace vandrel::test {
 
-// The program with a Favorites folder of the test's own; its dialog for shortcut files is used by keys.
+// The program with a Favorites folder of the test's own. Its import dialog is used by keyboard.
 class ShortcutTest : public ProgramTest {
   protected:
-    // Ctrl+I; the keyboard is in the file list then.
+    // Presses Ctrl+I; the focus is then in the file list.
     HWND openImport() const
     {
         program.key('I', {VK_CONTROL});
@@ -16,7 +16,7 @@ class ShortcutTest : public ProgramTest {
         EXPECT_SOON(program.focus(), files(dialog));
         return dialog;
     }
-    // The lists in the order in which Tab goes through them.
+    // The lists in tab order.
     static HWND folders(HWND dialog) { return FindWindowExW(dialog, nullptr, L"ListBox", nullptr); }
     static HWND files(HWND dialog) { return FindWindowExW(dialog, folders(dialog), L"ListBox", nullptr); }
     static HWND drives(HWND dialog) { return FindWindowExW(dialog, nullptr, L"ComboBox", nullptr); }
@@ -38,13 +38,13 @@ class ShortcutTest : public ProgramTest {
     }
     static std::wstring selected(HWND list) { return entry(list, ask(list, LB_GETCURSEL)); }
 
-    // Alt with the letter under the line, and waits until the list has the keyboard.
+    // Alt with the underlined letter. Waits until the list has the focus.
     void goTo(HWND list, WORD letter) const
     {
         program.key(letter, {VK_MENU});
         EXPECT_SOON(program.focus(), list);
     }
-    // With the arrow keys, as far as the list goes.
+    // With the arrow keys, at most to the end of the list.
     void arrowTo(HWND list, const std::wstring& text) const
     {
         program.key(VK_HOME);
@@ -60,7 +60,7 @@ class ShortcutTest : public ProgramTest {
     TempFolder favorites{L"favorites"};
 
   private:
-    // Where the shell says that the user's Favorites are.
+    // The folder that the shell takes for the user's Favorites.
     RegistryValue favoritesFolder_{HKEY_CURRENT_USER,
                                    L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
                                    L"Favorites", favorites.path()};

@@ -1,4 +1,4 @@
-#include "tests/window/capture/drop_test.h"
+#include "tests/support/drop_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -37,7 +37,7 @@ TEST_F(SiteListAsDropTarget, IsTheOnlyOneInTheWindow)
     EXPECT_EQ(dropTargetOf(lstCategory().handle()), nullptr);
 }
 
-TEST_F(SiteListAsDropTarget, OffersToCopyBeforeToLinkBeforeToMove)
+TEST_F(SiteListAsDropTarget, PrefersCopyingToLinkingAndLinkingToMoving)
 {
     startWithOneSite();
     for (const auto& [allowed, answer] : {std::pair<DWORD, DWORD>{everyEffect, DROPEFFECT_COPY},
@@ -68,7 +68,7 @@ TEST_F(SiteListAsDropTarget, AnswersADropWithTheSameEffect)
     }
 }
 
-TEST_F(SiteListAsDropTarget, TakesWhatCanOnlyBeMovedAndLeavesItWhereItIs)
+TEST_F(SiteListAsDropTarget, TakesWhatCanOnlyBeMovedButDoesNotMoveIt)
 {
     startWithOneSite();
     DroppedObject link;
@@ -81,7 +81,7 @@ TEST_F(SiteListAsDropTarget, TakesWhatCanOnlyBeMovedAndLeavesItWhereItIs)
     EXPECT_FALSE(link.wasWrittenTo());
 }
 
-TEST_F(SiteListAsDropTarget, TellsTheSourceNothingButTheEffect)
+TEST_F(SiteListAsDropTarget, ReturnsNothingToTheSourceButTheEffect)
 {
     startWithOneSite();
     DroppedObject link;

@@ -1,6 +1,6 @@
 #include "platform/text/ansi_text.h"
 #include "platform/windows/topmost.h"
-#include "tests/window/capture/drop_test.h"
+#include "tests/support/drop_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -9,7 +9,7 @@ constexpr const wchar_t* notAnAddress = L"That is not a valid URL. Please drag l
 
 class DroppedLink : public DropTest {
   protected:
-    // Dropped and passed over without a word; nothing has changed.
+    // Drops the data, which must be ignored without a message, and nothing may change.
     void expectSilence(DroppedObject& data)
     {
         workspace().site.IncomingLink = L"waiting";
@@ -41,7 +41,7 @@ TEST_F(DroppedLink, IsAddedToTheCategoryThatIsShown)
     EXPECT_EQ(folder.read(L"Home.udb"), "");
 }
 
-TEST_F(DroppedLink, IsLetGoBeforeTheEditorOpens)
+TEST_F(DroppedLink, IsReleasedBeforeTheEditorOpens)
 {
     startWithOneSite();
     DroppedObject link;
@@ -133,7 +133,7 @@ TEST_F(DroppedLink, ThatIsEmptyOpensTheEditorAfresh)
     EXPECT_EQ(addressAfter(link), L"http://");
 }
 
-TEST_F(DroppedLink, TakesThePlaceOfALinkThatWaited)
+TEST_F(DroppedLink, ReplacesALinkThatWasWaiting)
 {
     startWithOneSite();
     workspace().site.IncomingLink = L"http://waiting/~-~Waiting";
@@ -157,7 +157,7 @@ TEST_F(DroppedLink, ThatIsCancelledAddsNothingAndTheNextAddStartsAfresh)
     EXPECT_EQ(addressOfTheNextAdd(), L"http://");
 }
 
-TEST_F(DroppedLink, ThatIsStoredAlreadyIsAddedOnceMore)
+TEST_F(DroppedLink, ThatIsStoredAlreadyIsAddedAgain)
 {
     startWithOneSite();
     for (int time = 0; time < 2; ++time) {
@@ -168,7 +168,7 @@ TEST_F(DroppedLink, ThatIsStoredAlreadyIsAddedOnceMore)
     EXPECT_EQ(lstInfo().count(), 3U);
 }
 
-TEST_F(DroppedLink, IsReadInTheAnsiForm)
+TEST_F(DroppedLink, IsReadInTheAnsiFormat)
 {
     startWithOneSite();
     DroppedObject both;
@@ -176,7 +176,7 @@ TEST_F(DroppedLink, IsReadInTheAnsiForm)
     EXPECT_EQ(addressAfter(both), decodeAnsi("http://ansi/\xE9"));
 }
 
-TEST_F(DroppedLink, ThatHasTheUnicodeFormAloneIsPlainTextToo)
+TEST_F(DroppedLink, InTheUnicodeFormatAloneIsPlainTextToo)
 {
     startWithOneSite();
     DroppedObject link;
@@ -188,7 +188,7 @@ TEST_F(DroppedLink, EndsWithItsMemoryWhenNoNulDoes)
 {
     startWithOneSite();
     const std::string text = "http://x.example/" +
-                             std::string(47, 'a'); // 64 bytes: memory comes in such pieces
+                             std::string(47, 'a'); // 64 bytes: memory is allocated in such units
     DroppedObject ansi;
     ansi.with(CF_TEXT, text);
     const std::wstring wide(text.begin(), text.end());
@@ -218,7 +218,7 @@ TEST_F(DroppedLink, OfAMillionLettersArrivesWhole)
     EXPECT_TRUE(address == std::wstring(text.begin(), text.end()));
 }
 
-TEST_F(DroppedLink, IsToldToBeNoneWhenThereIsNoTextInIt)
+TEST_F(DroppedLink, BringsAMessageWhenItHoldsNoText)
 {
     startWithOneSite();
     DroppedObject files;
@@ -236,7 +236,7 @@ TEST_F(DroppedLink, IsToldToBeNoneWhenThereIsNoTextInIt)
     }
 }
 
-TEST_F(DroppedLink, TheMessageHasAnOkButtonAloneAndTheMainWindowBehindIt)
+TEST_F(DroppedLink, TheMessageHasOnlyAnOkButtonAndBelongsToTheMainWindow)
 {
     startWithOneSite();
     DroppedObject nothing;
@@ -250,7 +250,7 @@ TEST_F(DroppedLink, TheMessageHasAnOkButtonAloneAndTheMainWindowBehindIt)
     EXPECT_ANSWERED(answers);
 }
 
-TEST_F(DroppedLink, WhoseTextIsOfferedButNotGivenIsPassedOverInSilence)
+TEST_F(DroppedLink, WhoseTextIsOfferedButNotGivenIsIgnored)
 {
     startWithOneSite();
     for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
@@ -262,7 +262,7 @@ TEST_F(DroppedLink, WhoseTextIsOfferedButNotGivenIsPassedOverInSilence)
     }
 }
 
-TEST_F(DroppedLink, WithoutAnyMemoryIsPassedOverInSilence)
+TEST_F(DroppedLink, WithoutAnyMemoryIsIgnored)
 {
     startWithOneSite();
     for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
@@ -283,7 +283,7 @@ TEST_F(DroppedLink, CanBeDroppedAfterOneThatCouldNotBeRead)
     EXPECT_EQ(addressAfter(link), L"http://x/");
 }
 
-TEST_F(DroppedLink, ThatCannotBeSavedEndsInSilence)
+TEST_F(DroppedLink, ThatCannotBeSavedBringsNoMessage)
 {
     startWithOneSite();
     makeReadOnly(L"Work.udb");

@@ -1,22 +1,15 @@
 #include "shared/vendor.h"
 #include "tests/support/input.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 
 #include <set>
 
 namespace vandrel::test {
 namespace {
 
-class AboutLook : public AboutTest {
-  protected:
-    static bool isWithin(const RECT& inner, const RECT& outer)
-    {
-        RECT both{};
-        UnionRect(&both, &inner, &outer);
-        return EqualRect(&both, &outer) != 0;
-    }
-};
+class AboutLook : public AboutTest {};
 
 TEST_F(AboutLook, TheFirstLineIsTheVersionWithoutLeadingZeros)
 {
@@ -46,7 +39,7 @@ TEST_F(AboutLook, TheTextsAreThese)
 TEST_F(AboutLook, ThePictureBehindTheTextHasTheStaticEdgeAndOneMore)
 {
     const AboutBox box = open();
-    // The system sets this bit by itself, as the other edges are.
+    // The system sets this bit itself, depending on the other edges.
     const auto style = GetWindowLongPtrW(box.info(), GWL_EXSTYLE) & ~LONG_PTR{WS_EX_WINDOWEDGE};
     EXPECT_EQ(style, (WS_EX_CONTROLPARENT | 0x20000) + 1);
 }
@@ -91,19 +84,16 @@ TEST_F(AboutLook, NoTextIsClippedAndNothingCovered)
             EXPECT_FALSE(IntersectRect(&both, &one, &two)) << GetDlgCtrlID(part) << GetDlgCtrlID(other);
         }
     }
-    const auto fontOf = [](HWND label) {
-        return reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0));
-    };
     LONG height = 0;
     for (const std::wstring& line :
          {std::wstring(L"Version 100.200.30000"), makersNotice, std::wstring(L"Contact:")}) {
-        const SIZE size = textSize(fontOf(box.lblInfo()), line);
+        const SIZE size = textSize(fontHandleOf(box.lblInfo()), line);
         EXPECT_GE(clientOf(box.lblInfo()).right, size.cx) << testing::PrintToString(line);
         height += size.cy;
     }
     EXPECT_GE(clientOf(box.lblInfo()).bottom, height);
     for (const int id : {about::email, about::site}) {
-        const SIZE size = textSize(fontOf(box.part(id)), windowText(box.part(id)));
+        const SIZE size = textSize(fontHandleOf(box.part(id)), windowText(box.part(id)));
         EXPECT_GE(clientOf(box.part(id)).right, size.cx) << id;
         EXPECT_GE(clientOf(box.part(id)).bottom, size.cy) << id;
     }
@@ -126,7 +116,7 @@ TEST_F(AboutLook, HasOneTabWhosePanelIsShown)
     EXPECT_STREQ(text, L"About");
 }
 
-TEST_F(AboutLook, DoTabBringsThePanelBack)
+TEST_F(AboutLook, DoTabShowsThePanelAgain)
 {
     const AboutBox box = open();
     ShowWindow(box.panel(), SW_HIDE);
@@ -193,7 +183,7 @@ TEST_F(AboutHover, AnywhereElseTheHighlightStays)
     }
 }
 
-TEST_F(AboutHover, TheLinksHaveTheHandAsTheirCursorAndThePictureHasNot)
+TEST_F(AboutHover, TheLinksHaveTheHandCursorAndThePictureHasNot)
 {
     const AboutBox box = open();
     const auto cursorOver = [](HWND window) {
@@ -230,7 +220,7 @@ TEST_F(AboutClosing, OkEnterEscAndTheCloseButtonClose)
     }
 }
 
-TEST_F(AboutClosing, TabGoesFromOkOverTheTabsToTheLinks)
+TEST_F(AboutClosing, TabGoesFromOkToTheTabsToTheLinks)
 {
     open();
     std::vector<int> stops;

@@ -1,7 +1,8 @@
 #include "platform/windows/topmost.h"
 #include "tests/support/input.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 #include "update/version_report.h"
 
 namespace vandrel::test {
@@ -16,7 +17,7 @@ class AboutCommand : public MainWindowTest {
         pump();
         return {main->aboutBox() == nullptr ? nullptr : main->aboutBox()->handle()};
     }
-    // Of this program's one instance.
+    // The open About boxes.
     std::vector<HWND> boxes()
     {
         std::vector<HWND> all;
@@ -30,7 +31,7 @@ class AboutCommand : public MainWindowTest {
             reinterpret_cast<LPARAM>(&all));
         return all;
     }
-    // Whether `above` lies before the other in the order of the windows.
+    // Whether `above` comes before `below` in the Z order.
     static bool isAbove(HWND above, HWND below)
     {
         for (HWND window = GetWindow(above, GW_HWNDNEXT); window != nullptr;
@@ -79,7 +80,7 @@ TEST_F(AboutCommand, ChosenAgainItIsTheSameWindowInFront)
     EXPECT_TRUE(IsWindowVisible(second.panel()));
 }
 
-TEST_F(AboutCommand, AfterClosingItIsLoadedAnew)
+TEST_F(AboutCommand, AfterClosingItIsLoadedAfresh)
 {
     start();
     for (int time = 0; time < 3; ++time) {
@@ -119,15 +120,14 @@ TEST_F(AboutCommand, TheDisplayFontDoesNotTouchIt)
     const AboutBox box = open();
     for (const HWND window : {box.lblInfo(), box.part(about::email), box.part(about::site), box.part(IDOK),
                               box.part(about::tabs)}) {
-        LOGFONTW font{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+        const LOGFONTW font = fontOf(window);
         EXPECT_EQ(std::wstring(font.lfFaceName), L"Arial");
         EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(main->dpi()), 72));
         EXPECT_EQ(font.lfWeight, FW_NORMAL);
     }
 }
 
-TEST_F(AboutCommand, AWindowKeptOnTopIsSoAgainRightAfterAndStaysBelowTheBox)
+TEST_F(AboutCommand, AWindowKeptOnTopIsTopmostAgainAtOnceButBelowTheBox)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     start();
@@ -141,7 +141,7 @@ TEST_F(AboutCommand, AWindowKeptOnTopIsSoAgainRightAfterAndStaysBelowTheBox)
     EXPECT_TRUE(isTopmost(main->handle()));
 }
 
-TEST_F(AboutCommand, OfAWindowKeptOnTopTheBoxHasTheKeyboardAllTheSame)
+TEST_F(AboutCommand, OverAWindowKeptOnTopTheBoxStillHasTheFocus)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     start();
@@ -159,7 +159,7 @@ TEST_F(AboutCommand, OfAWindowKeptOnTopTheBoxHasTheKeyboardAllTheSame)
     }
 }
 
-TEST_F(AboutCommand, AWindowNotKeptOnTopIsNotPutThere)
+TEST_F(AboutCommand, AWindowNotKeptOnTopStaysNormal)
 {
     start();
     const AboutBox box = open();

@@ -1,8 +1,8 @@
 #include "shared/vendor.h"
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
+#include "tests/support/recorder.h"
 #include "tests/window/dialogs/about_test.h"
-#include "tests/window/mainwindow/recorder.h"
 
 namespace vandrel::test {
 namespace {
@@ -18,7 +18,8 @@ class AboutLinks : public AboutTest {
     }
 
     Recorder recorder;
-    RegistryDefault mailProgram{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", recorder.opening(L"%1")};
+    RegistryValue mailProgram{HKEY_CLASSES_ROOT, L"mailto\\shell\\open\\command", L"",
+                              recorder.opening(L"%1")};
 };
 
 TEST_F(AboutLinks, AClickOpensTheSiteOrAMessageToTheMakerAndLeavesTheBoxOpen)
@@ -32,7 +33,7 @@ TEST_F(AboutLinks, AClickOpensTheSiteOrAMessageToTheMakerAndLeavesTheBoxOpen)
     EXPECT_TRUE(IsWindowVisible(box.window));
 }
 
-TEST_F(AboutLinks, SpaceAndEnterDoAsAClick)
+TEST_F(AboutLinks, SpaceAndEnterActLikeAClick)
 {
     const AboutBox box = open();
     focus(box, about::site);

@@ -2,12 +2,13 @@
 
 #include "dialogs/frm_about.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <optional>
 
 namespace vandrel::test {
 
-// The About box's controls, beside IDOK.
+// The About box's controls besides IDOK.
 namespace about {
 inline constexpr const wchar_t* caption = L"About Vandrel";
 inline constexpr int panel = 101;
@@ -18,7 +19,7 @@ inline constexpr int site = 105;
 inline constexpr int tabs = 106;
 } // namespace about
 
-// What a user sees of the box and does in it.
+// The box as the user sees and uses it.
 struct AboutBox {
     HWND window;
 
@@ -29,7 +30,7 @@ struct AboutBox {
         const HWND inside = GetDlgItem(info(), id);
         return inside != nullptr ? inside : GetDlgItem(window, id);
     }
-    // The label with the version: the one that is no link.
+    // The label with the version, the only one that is not a link.
     HWND lblInfo() const
     {
         for (HWND child = nullptr; (child = FindWindowExW(info(), child, L"Static", nullptr)) != nullptr;) {
@@ -49,17 +50,12 @@ struct AboutBox {
         DeleteDC(context);
         return color;
     }
-    static bool underlined(HWND label)
-    {
-        LOGFONTW font{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof font, &font);
-        return font.lfUnderline != 0;
-    }
+    static bool underlined(HWND label) { return fontOf(label).lfUnderline != 0; }
     bool highlighted(int id) const { return colorOf(id) == 0xFF0000 && underlined(part(id)); }
     bool plain(int id) const { return colorOf(id) == 0 && !underlined(part(id)); }
 };
 
-// The box over a window of its own, shown beside the test.
+// The box over a window of the test's own, shown while the test goes on.
 class AboutTest : public testing::Test {
   protected:
     ~AboutTest() override

@@ -24,7 +24,7 @@ TEST_F(EditorAnswer, OfANewSiteEveryVerticalBarBecomesADash)
     EXPECT_EQ(site.newSiteDescription, L"x-y");
 }
 
-TEST_F(EditorAnswer, TheBarsOfALinkThatNobodyTouchedBecomeDashesToo)
+TEST_F(EditorAnswer, TheBarsOfAnUntouchedLinkBecomeDashesToo)
 {
     site.IncomingLink = L"http://a|b/~-~A|B";
     show(pressing(IDOK));
@@ -95,7 +95,7 @@ TEST_F(EditorAnswer, AStoredSiteLeavesTheNewOneAlone)
     EXPECT_EQ(site.newSiteURL, L"http://");
 }
 
-TEST_F(EditorAnswer, WhatNobodyTouchedComesBackToTheLetter)
+TEST_F(EditorAnswer, UntouchedTextsComeBackUnchanged)
 {
     const std::wstring odd(L"a\0b\nc\rd\te", 9);
     beginEditing(odd, odd + L"x", std::wstring(100'000, L'd'));
@@ -108,7 +108,7 @@ TEST_F(EditorAnswer, WhatNobodyTouchedComesBackToTheLetter)
     EXPECT_EQ(site.SiteEditDesc, std::wstring(100'000, L'd'));
 }
 
-// As a screen reader or dictation puts them there.
+// Fills the fields as a screen reader or dictation does.
 std::function<void(HWND)> dictateSite(const std::wstring& name, const std::wstring& url,
                                       const std::wstring& description)
 {
@@ -129,7 +129,7 @@ TEST_F(EditorAnswer, ANewSitesTextsCountHoweverTheyCameIntoTheBoxes)
     EXPECT_EQ(site.newSiteDescription, L"about");
 }
 
-TEST_F(EditorAnswer, AndSoDoAStoredSites)
+TEST_F(EditorAnswer, AStoredSitesTextsCountHoweverTheyCameIntoTheBoxes)
 {
     beginEditing(L"old", L"http://old/", L"x\ny");
     show(dictateSite(L"A|B", L"http://a/", L""));

@@ -15,7 +15,8 @@ constexpr int filterList = 1136;
 
 class EditorBrowse : public EditorTest {
   protected:
-    // Opens the file dialog from the editor, answers it, and returns the address that the editor then shows.
+    // Opens the file dialog from the editor, answers it and returns the address that the editor shows
+    // afterwards.
     std::wstring browse(std::function<void(HWND)> answer)
     {
         std::wstring shown;
@@ -159,13 +160,13 @@ TEST_F(EditorBrowseFailure, ShowsEveryOtherErrorAlike)
     browseInto(71, answers);
 }
 
-TEST_F(EditorBrowseFailure, OfCancellingIsNoFailure)
+TEST_F(EditorBrowseFailure, OfCancellingIsNotAFailure)
 {
     Answers answers;
     browseInto(32755, answers);
 }
 
-// What the editor asks the file dialog for.
+// An editor that records what it asks the file dialog for.
 class AskedEditor : public frmInput {
   public:
     using frmInput::frmInput;

@@ -5,7 +5,7 @@ namespace {
 
 class EditorLoading : public EditorTest {
   protected:
-    // Name, address and description of an editor that loads with this link waiting.
+    // The name, address and description in an editor that loads while this link is waiting.
     std::array<std::wstring, 3> shownFor(const std::wstring& link)
     {
         site.IncomingLink = link;
@@ -92,7 +92,7 @@ TEST_F(EditorLoading, AStoredSiteWithoutAnAddressShowsNone)
     EXPECT_EQ(shownBy(editor), (Fields{L"", L"", L""}));
 }
 
-TEST_F(EditorLoading, AStoredSiteOverridesAWaitingLinkWhichIsGoneAllTheSame)
+TEST_F(EditorLoading, AStoredSiteOverridesAWaitingLinkWhichIsThenGone)
 {
     beginEditing(L"A", L"http://a/", L"");
     EXPECT_EQ(shownFor(L"http://waiting/~-~Waiting"), (Fields{L"A", L"http://a/", L""}));

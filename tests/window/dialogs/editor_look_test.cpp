@@ -1,20 +1,12 @@
 #include "platform/controls/font.h"
+#include "tests/support/look.h"
+#include "tests/support/window_facts.h"
 #include "tests/window/dialogs/editor_test.h"
 
 #include <array>
 
 namespace vandrel::test {
 namespace {
-
-struct Look {
-    const char* name;
-    int size;
-    bool bold;
-    bool italic;
-    const wchar_t* face = L"Arial";
-};
-
-void PrintTo(const Look& look, std::ostream* out) { *out << look.name; }
 
 class EditorLook : public EditorTest, public testing::WithParamInterface<Look> {
   protected:
@@ -36,24 +28,15 @@ class EditorLook : public EditorTest, public testing::WithParamInterface<Look> {
     static std::vector<Part> partsOf(HWND dialog)
     {
         std::vector<Part> parts;
-        for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
-             child = GetWindow(child, GW_HWNDNEXT)) {
-            wchar_t kind[32]{};
-            GetClassNameW(child, kind, 32);
-            RECT area{};
-            GetWindowRect(child, &area);
-            MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&area), 2);
+        for (const HWND child : childrenOf(dialog)) {
+            const std::wstring kind = classOf(child);
             const bool frame = (GetWindowLongPtrW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX &&
-                               std::wstring(kind) == L"Button";
-            parts.push_back({child, frame ? L"Frame" : kind, windowText(child), area});
+                               kind == L"Button";
+            parts.push_back({child, frame ? L"Frame" : kind, windowText(child), placeOf(child)});
         }
         return parts;
     }
-    static HFONT fontOf(HWND window)
-    {
-        return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
-    }
-    // Where the ink of a text ends that is drawn at 0: a slanted letter reaches beyond the place it takes.
+    // How far the ink reaches of a text that is drawn at 0: a slanted letter extends beyond its own width.
     static int inkEnd(HFONT font, const std::wstring& text)
     {
         constexpr int width = 1500;
@@ -102,7 +85,7 @@ TEST_P(EditorLook, EveryControlHasTheDisplayFont)
     EXPECT_EQ(parts.size(), 10U);
     for (const Part& part : parts) {
         LOGFONTW used{};
-        ASSERT_NE(GetObjectW(fontOf(part.window), sizeof used, &used), 0);
+        ASSERT_NE(GetObjectW(fontHandleOf(part.window), sizeof used, &used), 0);
         EXPECT_EQ(std::wstring(used.lfFaceName), font.name);
         EXPECT_EQ(used.lfHeight, -MulDiv(font.size, static_cast<int>(editor.dpi()), 72));
         EXPECT_EQ(used.lfItalic != 0, font.italic);
@@ -165,18 +148,18 @@ TEST_P(EditorLook, NoTextIsClipped)
 {
     const frmInput editor = load();
     for (const Part& part : partsOf(editor.handle())) {
-        const SIZE text = textSize(fontOf(part.window), part.text.empty() ? L"Ag" : part.text);
+        const SIZE text = textSize(fontHandleOf(part.window), part.text.empty() ? L"Ag" : part.text);
         RECT room{};
         GetClientRect(part.window, &room);
         if (part.kind == L"Static") {
-            EXPECT_GE(room.right, inkEnd(fontOf(part.window), part.text))
+            EXPECT_GE(room.right, inkEnd(fontHandleOf(part.window), part.text))
                 << testing::PrintToString(part.text);
             EXPECT_GE(room.bottom, text.cy);
         } else if (part.kind == L"Edit") {
             RECT writing{};
             SendMessageW(part.window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&writing));
             EXPECT_GE(writing.bottom - writing.top, text.cy);
-            EXPECT_GE(room.right, textSize(fontOf(part.window), L"http://").cx);
+            EXPECT_GE(room.right, textSize(fontHandleOf(part.window), L"http://").cx);
         } else if (part.kind == L"Button") {
             const int border = 2 * GetSystemMetrics(SM_CXEDGE);
             EXPECT_GE(room.right, text.cx + 2 * border) << testing::PrintToString(part.text);
@@ -198,7 +181,7 @@ TEST_P(EditorLook, EachLabelStandsBesideItsField)
         GetWindowRect(GetDlgItem(dialog, field), &box);
         EXPECT_LE(label.right, box.left);
         EXPECT_LE(std::abs((label.top + label.bottom) - (box.top + box.bottom)), 2);
-        // The text before a field in the window's order is its name for a screen reader.
+        // To a screen reader, the label before a field in the window's order is its name.
         EXPECT_EQ(windowText(GetWindow(GetDlgItem(dialog, field), GW_HWNDPREV)), caption);
     }
 }

@@ -1,22 +1,22 @@
 #pragma once
 
 #include "dialogs/frm_input.h"
+#include "tests/support/site_editor.h"
 #include "tests/support/test_window.h"
-#include "tests/window/dialogs/site_editor.h"
 
 #include <gtest/gtest.h>
 
 namespace vandrel::test {
 
-// The site editor over a window and a hand-off of its own.
+// The site editor over a window of the test's own, with a hand-off of its own.
 class EditorTest : public testing::Test {
   protected:
     EditorTest() { owner.show(); }
     ~EditorTest() override { pump(); }
 
-    // Loaded, not yet shown.
+    // The editor, loaded but not yet shown.
     frmInput load() { return frmInput(owner.handle(), site, font); }
-    // Shown until the answer closes it.
+    // Shows it until the answer closes it.
     void show(std::function<void(HWND)> answer)
     {
         Answers answers;

@@ -1,12 +1,12 @@
 #include "mainwindow/menu_entries.h"
 #include "platform/windows/topmost.h"
 #include "tests/support/main_window_test.h"
-#include "tests/window/dialogs/site_editor.h"
+#include "tests/support/site_editor.h"
 
 namespace vandrel::test {
 namespace {
 
-// The main window must never cover the editor that it waits for.
+// The main window must never cover the editor that it is waiting for.
 class KeepOnTopAroundTheEditor : public MainWindowTest {
   protected:
     void startOnTop()
@@ -19,7 +19,7 @@ class KeepOnTopAroundTheEditor : public MainWindowTest {
     }
     bool onTop() { return isTopmost(main->handle()); }
     void choose(int entry) { SendMessageW(main->handle(), WM_COMMAND, static_cast<WPARAM>(entry), 0); }
-    // Opens the editor, looks at the main window meanwhile, and presses the button.
+    // Opens the editor, checks the main window meanwhile, and presses the button.
     void expectBelowWhile(int entry, const std::wstring& caption, int button)
     {
         bool meanwhile = true;
@@ -114,7 +114,7 @@ TEST_F(KeepOnTopAroundTheEditor, ItIsOffForTheLinkOfTheCommandLineAndOnAfterward
     EXPECT_TRUE(onTop());
 }
 
-TEST_F(KeepOnTopAroundTheEditor, AWindowThatIsNotKeptOnTopIsNotPutThere)
+TEST_F(KeepOnTopAroundTheEditor, AWindowThatIsNotKeptOnTopStaysNormal)
 {
     folder.write(L"Work.udb", "A|a|x|1\r\n");
     start();

@@ -1,18 +1,9 @@
 #include "platform/windows/topmost.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/options_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {
 namespace {
-
-HFONT fontHandleOf(HWND window) { return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)); }
-
-LOGFONTW fontOf(HWND window)
-{
-    LOGFONTW font{};
-    GetObjectW(fontHandleOf(window), sizeof font, &font);
-    return font;
-}
 
 class OptionsCommand : public MainWindowTest {
   protected:
@@ -21,7 +12,7 @@ class OptionsCommand : public MainWindowTest {
         folder.write(L"Work.udb", threeSites);
         start();
     }
-    // From the menu; `act` must close the dialog.
+    // Opens the dialog from the menu; `act` must close it.
     void open(const std::function<void(const OptionsDialog&)>& act)
     {
         Answers answers;
@@ -40,15 +31,6 @@ class OptionsCommand : public MainWindowTest {
             }
             press(dialog.window, IDOK);
         });
-    }
-    std::vector<HWND> windows()
-    {
-        std::vector<HWND> all;
-        for (Control* const control : main->controls()) all.push_back(control->handle());
-        for (ListView* const list : {&lstCategory(), &lstInfo()})
-            all.push_back(reinterpret_cast<HWND>(SendMessageW(list->handle(), LVM_GETHEADER, 0, 0)));
-        all.push_back(FindWindowExW(main->searchPanel().cmbSearch.handle(), nullptr, L"Edit", nullptr));
-        return all;
     }
     void expectNothingClipped(const std::string& at)
     {
@@ -79,7 +61,7 @@ TEST_F(OptionsCommand, OkPutsTheFontOnTheMainWindowAtOnceAtEverySize)
     startWithSites();
     for (const int size : {18, 8, 10, 12, 14, 16, 11}) {
         take(std::to_wstring(size));
-        for (const HWND window : windows())
+        for (const HWND window : windowsWithTexts(*main))
             EXPECT_EQ(fontOf(window).lfHeight, -MulDiv(size, static_cast<int>(main->dpi()), 72)) << size;
         expectNothingClipped(std::to_string(size));
     }
@@ -89,14 +71,14 @@ TEST_F(OptionsCommand, TheLargestSizeInBoldAndItalicClipsNothing)
 {
     startWithSites();
     take(L"18", true, monoFace());
-    for (const HWND window : windows()) {
+    for (const HWND window : windowsWithTexts(*main)) {
         EXPECT_EQ(std::wstring(fontOf(window).lfFaceName), monoFace());
         EXPECT_EQ(fontOf(window).lfWeight, FW_BOLD);
         EXPECT_NE(fontOf(window).lfItalic, 0);
     }
     expectNothingClipped("18 bold italic");
     take(L"8", true);
-    for (const HWND window : windows()) {
+    for (const HWND window : windowsWithTexts(*main)) {
         EXPECT_EQ(fontOf(window).lfWeight, FW_NORMAL);
         EXPECT_EQ(fontOf(window).lfItalic, 0);
     }
@@ -182,7 +164,7 @@ TEST_F(OptionsCommand, TheMainWindowTakesNoInputMeanwhile)
     EXPECT_TRUE(IsWindowEnabled(main->handle()));
 }
 
-TEST_F(OptionsCommand, NorDoesAnOpenAboutBoxWhoseFontStays)
+TEST_F(OptionsCommand, AnOpenAboutBoxTakesNoInputMeanwhileAndKeepsItsFont)
 {
     start();
     main->run(mnuAbout);
@@ -196,7 +178,7 @@ TEST_F(OptionsCommand, NorDoesAnOpenAboutBoxWhoseFontStays)
     EXPECT_EQ(fontOf(GetDlgItem(about, IDOK)).lfHeight, -MulDiv(8, static_cast<int>(main->dpi()), 72));
 }
 
-TEST_F(OptionsCommand, AWindowKeptOnTopIsNotMeanwhile)
+TEST_F(OptionsCommand, AWindowKeptOnTopIsNotTopmostMeanwhile)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     start();
@@ -210,7 +192,7 @@ TEST_F(OptionsCommand, AWindowKeptOnTopIsNotMeanwhile)
     }
 }
 
-TEST_F(OptionsCommand, AWindowNotKeptOnTopIsNotPutThere)
+TEST_F(OptionsCommand, AWindowNotKeptOnTopStaysNormal)
 {
     start();
     open([](const OptionsDialog& dialog) { press(dialog.window, IDOK); });
@@ -241,7 +223,7 @@ TEST_F(OptionsCommand, TheValuesReachThePreferencesWhenTheMainWindowCloses)
         EXPECT_EQ(preference(L"Options", key), text) << testing::PrintToString(std::wstring(key));
 }
 
-TEST_F(OptionsCommand, ASizeThatNoFontHasCanBeTakenBackInTheSameRun)
+TEST_F(OptionsCommand, AnImpossibleFontSizeCanBeCorrectedInTheSameRun)
 {
     startWithSites();
     take(L"0");

@@ -5,7 +5,7 @@ namespace {
 
 class OptionsLoading : public OptionsTest {
   protected:
-    // The first line that a list shows when it is scrolled to the entry, or to its end.
+    // The first visible line of a list must be its selected entry, unless the list cannot scroll that far.
     static void expectFirstLine(const OptionsDialog& dialog, int list)
     {
         const HWND box = dialog.part(list);
@@ -43,7 +43,7 @@ TEST_F(OptionsLoading, TheFontsOfTheOptionsAreSelectedAndTheFirstThatAreSeen)
     }
 }
 
-TEST_F(OptionsLoading, AFontInTheMiddleIsTheFirstLineThoughTheListDoesNotBeginThere)
+TEST_F(OptionsLoading, AFontInTheMiddleOfTheListIsScrolledToTheTop)
 {
     const std::vector<std::wstring> all = screenFonts();
     state.font.name = all[2];
@@ -58,7 +58,7 @@ TEST_F(OptionsLoading, AFontInTheMiddleIsTheFirstLineThoughTheListDoesNotBeginTh
     }
 }
 
-TEST_F(OptionsLoading, AFontThatIsNotInstalledIsSelectedNowhereAndNamedAllTheSame)
+TEST_F(OptionsLoading, AFontThatIsNotInstalledIsNotSelectedButStillNamed)
 {
     state.font.name = L"No Such Face";
     state.htmlFont = L"Nor This One";
@@ -118,7 +118,7 @@ TEST_F(OptionsLoading, BeginsWithTheFirstPageAndTheFontList)
 
 TEST_F(OptionsLoading, ASizeThatNoFontHasDoesNotKeepTheDialogFromOpening)
 {
-    // OK took it before, so the user must be able to take it back.
+    // OK accepts this text, so the dialog must be able to show it again.
     state.font.size = 0;
     EXPECT_NO_THROW(open());
 }

@@ -1,25 +1,17 @@
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 #include "tests/window/dialogs/options_test.h"
-#include "tests/window/mainwindow/window_parts.h"
 
 namespace vandrel::test {
 namespace {
 
 std::wstring kindOf(HWND window)
 {
-    wchar_t kind[40]{};
-    GetClassNameW(window, kind, 40);
+    const std::wstring kind = classOf(window);
     const auto style = GetWindowLongPtrW(window, GWL_STYLE);
-    if (std::wstring(kind) != L"Button") return kind;
+    if (kind != L"Button") return kind;
     if ((style & BS_TYPEMASK) == BS_GROUPBOX) return L"Frame";
     return (style & BS_TYPEMASK) == BS_AUTOCHECKBOX ? L"Check" : L"Button";
-}
-
-std::vector<HWND> childrenOf(HWND parent)
-{
-    std::vector<HWND> all;
-    for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
-        all.push_back(child);
-    return all;
 }
 
 class OptionsLook : public OptionsTest {
@@ -33,12 +25,6 @@ class OptionsLook : public OptionsTest {
         std::ranges::sort(texts);
         return texts;
     }
-    static bool isWithin(const RECT& inner, const RECT& outer)
-    {
-        RECT both{};
-        UnionRect(&both, &inner, &outer);
-        return EqualRect(&both, &outer) != 0;
-    }
     static std::string nameOf(HWND window)
     {
         return testing::PrintToString(windowText(window)) + " (" + testing::PrintToString(kindOf(window)) +
@@ -48,7 +34,7 @@ class OptionsLook : public OptionsTest {
     {
         for (const HWND child : childrenOf(parent)) {
             const std::wstring kind = kindOf(child);
-            const auto font = reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0));
+            const HFONT font = fontHandleOf(child);
             const SIZE text = textSize(font, windowText(child));
             const RECT room = clientOf(child);
             if (kind == L"Static" || kind == L"Frame") {
@@ -81,7 +67,7 @@ class OptionsLook : public OptionsTest {
                 const RECT two = placeOf(all[other]);
                 const bool pages = kindOf(all[i]) == kindOf(all[other]) &&
                                    kindOf(all[i]) == L"Vandrel.PictureBox" && EqualRect(&one, &two);
-                if (pages) continue; // of which one is seen
+                if (pages) continue; // only one of them is visible
                 EXPECT_FALSE(IntersectRect(&both, &one, &two))
                     << nameOf(all[i]) << " over " << nameOf(all[other]);
             }
@@ -89,7 +75,7 @@ class OptionsLook : public OptionsTest {
     }
 };
 
-TEST_F(OptionsLook, TheTextsAreTheseToTheLetter)
+TEST_F(OptionsLook, TheTextsAreExactlyThese)
 {
     state.font.name = L"Arial";
     const OptionsDialog dialog = open();
@@ -156,8 +142,7 @@ TEST_F(OptionsLook, ItStaysInItsOwnFontWhateverTheDisplayFont)
          {dialog.window, dialog.page(options::appearancePage), dialog.page(options::htmlPage)}) {
         for (const HWND child : childrenOf(parent)) {
             if (kindOf(child) == L"Vandrel.PictureBox") continue;
-            LOGFONTW font{};
-            GetObjectW(reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)), sizeof font, &font);
+            const LOGFONTW font = fontOf(child);
             EXPECT_EQ(std::wstring(font.lfFaceName), L"Arial") << nameOf(child);
             EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(loaded->dpi()), 72)) << nameOf(child);
             EXPECT_EQ(font.lfWeight, FW_NORMAL) << nameOf(child);

@@ -6,7 +6,7 @@ namespace {
 
 class OptionsPages : public OptionsTest {
   protected:
-    // 1 or 2: the page that is seen, and its tab the one in front; 0 when they are not one.
+    // 1 or 2, the visible page, whose tab must be the selected one; 0 when they do not match.
     static int shownPage(const OptionsDialog& dialog)
     {
         const bool first = IsWindowVisible(dialog.page(options::appearancePage)) != 0;
@@ -23,7 +23,8 @@ class OptionsPages : public OptionsTest {
         SendMessageW(dialog.part(options::tabs), WM_LBUTTONDOWN, MK_LBUTTON, at);
         SendMessageW(dialog.part(options::tabs), WM_LBUTTONUP, 0, at);
     }
-    // As a click does on Windows, and screen readers. In Wine a click gives the focus to the tabs as well.
+    // Chooses a tab as screen readers do, and clicks on Windows. Under Wine a click also moves the focus to
+    // the tabs.
     static void chooseTab(const OptionsDialog& dialog, WPARAM tab)
     {
         SendMessageW(dialog.part(options::tabs), TCM_SETCURFOCUS, tab, 0);
@@ -57,7 +58,7 @@ TEST_F(OptionsPages, AClickOnATabShowsItsPageAndHidesTheOther)
     EXPECT_EQ(shownPage(dialog), 1);
 }
 
-TEST_F(OptionsPages, CtrlTabAndItsLikeGoThroughThePagesFromAnywhere)
+TEST_F(OptionsPages, CtrlTabAndSimilarKeysGoThroughThePagesFromAnywhere)
 {
     const OptionsDialog dialog = open();
     for (const int field : {options::fonts, options::fontSize, options::bold, IDOK, options::tabs}) {
@@ -89,7 +90,7 @@ TEST_F(OptionsPages, TheKeyboardIsNotLeftOnAPageThatIsHidden)
     EXPECT_TRUE(loaded->unloaded());
 }
 
-TEST_F(OptionsPages, NorByAClickOnATab)
+TEST_F(OptionsPages, AClickOnATabLeavesTheKeyboardOnNoHiddenPageEither)
 {
     const OptionsDialog dialog = open();
     dialog.focus(options::fonts);

@@ -1,3 +1,4 @@
+#include "tests/support/color_box.h"
 #include "tests/support/input.h"
 #include "tests/window/dialogs/options_test.h"
 
@@ -6,7 +7,7 @@ namespace {
 
 using Pixels = std::vector<COLORREF>;
 
-// The picture that `draw` makes in a bitmap like the screen's.
+// What `draw` draws into a bitmap compatible with the screen.
 Pixels pictureOf(SIZE size, const std::function<void(HDC)>& draw)
 {
     BITMAPINFO info{};
@@ -41,7 +42,7 @@ class OptionsPreview : public OptionsTest {
             ReleaseDC(picture, screen);
         });
     }
-    // The name of the font at the upper left corner, in the font itself.
+    // The name of the font, in the font itself, drawn at the upper left corner.
     Pixels sample(const OptionsDialog& dialog, const DisplayFont& font) const
     {
         RECT area{};
@@ -81,18 +82,11 @@ class OptionsPreview : public OptionsTest {
 
     // ---- the system's colour dialog
 
-    static void setColor(HWND box, COLORREF color)
-    {
-        constexpr int red = 706;
-        const int parts[] = {GetRValue(color), GetGValue(color), GetBValue(color)};
-        for (int part = 0; part < 3; ++part)
-            SetDlgItemTextW(box, red + part, std::to_wstring(parts[part]).c_str());
-    }
     static void pickColor(const OptionsDialog& dialog, COLORREF color)
     {
         Answers answers;
         answers.expect(L"Color", [color](HWND box) {
-            setColor(box, color);
+            typeColor(box, color);
             press(box, IDOK);
         });
         dialog.click(options::fontColor);
@@ -102,7 +96,7 @@ class OptionsPreview : public OptionsTest {
     {
         Answers answers;
         answers.expect(L"Color", [](HWND box) {
-            setColor(box, 0x123456);
+            typeColor(box, 0x123456);
             press(box, IDCANCEL);
         });
         dialog.click(options::fontColor);
@@ -169,7 +163,7 @@ TEST_F(OptionsPreview, ASizeChosenByTheArrowKeysShowsAtOnce)
     expectSample(dialog, {.name = sansFace(), .color = 0, .size = 12});
 }
 
-TEST_F(OptionsPreview, ASizeThatIsTypedShowsWithTheNextControlOnly)
+TEST_F(OptionsPreview, ATypedSizeShowsOnlyAfterTheNextControl)
 {
     const OptionsDialog dialog = open();
     dialog.type(options::fontSize, L"17");
@@ -183,7 +177,7 @@ TEST_F(OptionsPreview, ASizeThatIsTypedShowsWithTheNextControlOnly)
     expectSample(dialog, {.name = serifFace(), .color = 0, .size = 9, .italic = true});
 }
 
-TEST_F(OptionsPreview, BoldAndItalicShowAtOnceEachForItself)
+TEST_F(OptionsPreview, BoldAndItalicEachShowAtOnce)
 {
     const OptionsDialog dialog = open();
     dialog.click(options::bold);
@@ -196,7 +190,7 @@ TEST_F(OptionsPreview, BoldAndItalicShowAtOnceEachForItself)
     expectSample(dialog, {.name = sansFace(), .color = 0, .size = 10});
 }
 
-TEST_F(OptionsPreview, ASizeThatIsNoNumberIsError13AndChangesNoSample)
+TEST_F(OptionsPreview, ASizeThatIsNotANumberIsError13AndChangesNoSample)
 {
     const OptionsDialog dialog = open();
     for (const wchar_t* const text : {L"abc", L"", L"8pt"}) {
@@ -223,7 +217,7 @@ TEST_F(OptionsPreview, ASizeThatNoFontHasIsError380)
     expectSample(dialog, state.font);
 }
 
-TEST_F(OptionsPreview, AFontIsChosenThoughItsSizeIsNoNumber)
+TEST_F(OptionsPreview, AFontCanBeChosenThoughTheSizeIsNotANumber)
 {
     const OptionsDialog dialog = open();
     dialog.type(options::fontSize, L"abc");
@@ -274,13 +268,13 @@ TEST_F(OptionsPreview, CancellingLaterKeepsTheColourPickedLast)
     expectSample(dialog, {.name = sansFace(), .color = 0x0000FF, .size = 10});
 }
 
-TEST_F(OptionsPreview, AColourIsPickedThoughTheSizeIsNoNumber)
+TEST_F(OptionsPreview, AColourCanBePickedThoughTheSizeIsNotANumber)
 {
     const OptionsDialog dialog = open();
     dialog.type(options::fontSize, L"abc");
     Answers answers;
     answers.expect(L"Color", [](HWND box) {
-        setColor(box, 0x0000FF);
+        typeColor(box, 0x0000FF);
         press(box, IDOK);
     });
     answers.expectBox(L"Vandrel", options::mismatch, IDOK, MB_ICONHAND);

@@ -18,7 +18,7 @@ class OptionsTaking : public OptionsTest {
         dialog.choose(options::width, L"55%");
         dialog.click(options::empty);
     }
-    // Cancelling the colour dialog makes the colour black.
+    // Makes the colour black, which cancelling the colour dialog does.
     static void blacken(const OptionsDialog& dialog)
     {
         Answers answers;
@@ -117,9 +117,9 @@ TEST_F(OptionsTaking, NothingIsTakenBeforeOk)
     EXPECT_EQ(form.changes, 0);
 }
 
-// ---- texts that are no numbers
+// ---- texts that are not numbers
 
-TEST_F(OptionsTaking, ASizeThatIsNoNumberIsAnErrorAfterNameAndColourWereTaken)
+TEST_F(OptionsTaking, ASizeThatIsNotANumberIsAnErrorAfterNameAndColourWereTaken)
 {
     for (const auto& [text, error] :
          {std::pair{L"big", options::mismatch}, std::pair{L"", options::mismatch},
@@ -148,7 +148,7 @@ TEST_F(OptionsTaking, ASizeThatIsNoNumberIsAnErrorAfterNameAndColourWereTaken)
     }
 }
 
-TEST_F(OptionsTaking, ABorderThatIsNoNumberIsAnErrorAfterTheFontWasTaken)
+TEST_F(OptionsTaking, ABorderThatIsNotANumberIsAnErrorAfterTheFontWasTaken)
 {
     for (const auto& [text, error] :
          {std::pair{L"thin", options::mismatch}, std::pair{L"40000", options::overflow}}) {
@@ -173,7 +173,7 @@ TEST_F(OptionsTaking, ABorderThatIsNoNumberIsAnErrorAfterTheFontWasTaken)
     }
 }
 
-TEST_F(OptionsTaking, AfterAnErrorTheUserMendsItAndOkTakesTheRest)
+TEST_F(OptionsTaking, AfterAnErrorTheUserCorrectsItAndOkTakesTheRest)
 {
     const OptionsDialog dialog = open();
     changeAll(dialog);
@@ -220,7 +220,7 @@ TEST_F(OptionsTaking, ASizeThatNoFontHasIsTakenAndTheControlsKeepTheirs)
     }
 }
 
-// ---- texts that are taken as they stand
+// ---- texts that are stored as typed
 
 TEST_F(OptionsTaking, AWidthIsStoredAsItWasTyped)
 {

@@ -3,6 +3,7 @@
 #include "dialogs/frm_options.h"
 #include "platform/controls/font.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <algorithm>
 #include <optional>
@@ -22,7 +23,7 @@ inline void PrintTo(const OptionsState& state, std::ostream* out)
 
 namespace vandrel::test {
 
-// Faces that this screen has: systems without those of the platform have others in their place.
+// The first of these faces that is installed: systems without the usual ones have others in their place.
 inline std::wstring installed(std::initializer_list<const wchar_t*> names)
 {
     const std::vector<std::wstring> all = screenFonts();
@@ -36,7 +37,7 @@ inline std::wstring sansFace() { return installed({L"Arial", L"Liberation Sans"}
 inline std::wstring serifFace() { return installed({L"Times New Roman", L"Liberation Serif"}); }
 inline std::wstring monoFace() { return installed({L"Courier New", L"Liberation Mono"}); }
 
-// The Options dialog's controls, beside IDOK and IDCANCEL.
+// The Options dialog's controls besides IDOK and IDCANCEL.
 namespace options {
 inline constexpr const wchar_t* caption = L"Options";
 inline constexpr int appearancePage = 101;
@@ -58,7 +59,7 @@ inline constexpr const wchar_t* overflow = L"Run-time error '6':\n\nOverflow";
 inline constexpr const wchar_t* invalidValue = L"Run-time error '380':\n\nInvalid property value";
 } // namespace options
 
-// What a user sees of the dialog and does in it.
+// The dialog as the user sees and uses it.
 struct OptionsDialog {
     HWND window;
 
@@ -71,7 +72,7 @@ struct OptionsDialog {
         return nullptr;
     }
     std::wstring text(int id) const { return windowText(part(id)); }
-    // The label that shows the name of the chosen font, before the label that says so.
+    // The label that shows the name of the chosen font. It comes before the label that says what it is.
     HWND fontName() const
     {
         return GetWindow(childWithText(page(options::appearancePage), L"Overall Font Name:"), GW_HWNDPREV);
@@ -80,9 +81,7 @@ struct OptionsDialog {
 
     std::vector<std::wstring> entries(int id) const
     {
-        wchar_t kind[16]{};
-        GetClassNameW(part(id), kind, 16);
-        const bool combo = std::wstring(kind) == L"ComboBox";
+        const bool combo = classOf(part(id)) == L"ComboBox";
         std::vector<std::wstring> all;
         const LRESULT count = SendMessageW(part(id), combo ? CB_GETCOUNT : LB_GETCOUNT, 0, 0);
         for (WPARAM entry = 0; entry < static_cast<WPARAM>(count); ++entry) {
@@ -101,14 +100,14 @@ struct OptionsDialog {
         return entries(list)[static_cast<std::size_t>(entry)];
     }
 
-    // Over all that the box shows.
+    // Types over everything in the box.
     void type(int combo, const std::wstring& text) const
     {
         const HWND edit = FindWindowExW(part(combo), nullptr, L"Edit", nullptr);
         SendMessageW(edit, EM_SETSEL, 0, -1);
         SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
     }
-    // From the open list.
+    // Chooses an entry from the open list.
     void choose(int combo, const std::wstring& text) const
     {
         const LRESULT entry = SendMessageW(part(combo), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
@@ -138,7 +137,8 @@ struct OptionsDialog {
     }
 };
 
-// The dialog over options and a form of its own. It is shown beside the test, which thus is its message loop.
+// The dialog with options and a form of the test's own. It is shown while the test goes on, so the test is
+// its message loop.
 class OptionsTest : public testing::Test {
   protected:
     ~OptionsTest() override
@@ -154,7 +154,7 @@ class OptionsTest : public testing::Test {
         pump();
         return {loaded->handle()};
     }
-    // Does what raises the error, and closes its box.
+    // Does what raises the error and closes the message box.
     static void expectError(const wchar_t* text, const std::function<void()>& act)
     {
         Answers answers;

@@ -1,7 +1,8 @@
 #include "dialogs/frm_properties.h"
 #include "tests/support/input.h"
+#include "tests/support/recorder.h"
 #include "tests/support/test_window.h"
-#include "tests/window/mainwindow/recorder.h"
+#include "tests/support/window_facts.h"
 
 namespace vandrel::test {
 namespace {
@@ -15,7 +16,7 @@ class Properties : public testing::Test {
     Properties() { owner.show(); }
     ~Properties() override { pump(); }
 
-    // Shown until the answer closes it.
+    // Shows it until the answer closes it.
     void show(std::function<void(HWND)> answer)
     {
         Answers answers;
@@ -34,24 +35,6 @@ class Properties : public testing::Test {
     {
         SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, id)), TRUE);
         EXPECT_EQ(focusedId(), id);
-    }
-    static RECT placeOf(HWND window)
-    {
-        RECT area{};
-        GetWindowRect(window, &area);
-        return area;
-    }
-    static bool isWithin(const RECT& inner, const RECT& outer)
-    {
-        RECT both{};
-        UnionRect(&both, &inner, &outer);
-        return EqualRect(&both, &outer) != 0;
-    }
-    static LOGFONTW fontOf(HWND window)
-    {
-        LOGFONTW font{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
-        return font;
     }
     static HWND frameOf(HWND dialog)
     {
@@ -87,11 +70,7 @@ TEST_F(Properties, ShowsEveryTextBesideItsLabel)
 TEST_F(Properties, HasTextBoxesForNameAndDescriptionAndALabelForTheAddress)
 {
     const frmProperties dialog(owner.handle(), site);
-    const auto kindOf = [&](int id) {
-        wchar_t kind[32]{};
-        GetClassNameW(GetDlgItem(dialog.handle(), id), kind, 32);
-        return std::wstring(kind);
-    };
+    const auto kindOf = [&](int id) { return classOf(GetDlgItem(dialog.handle(), id)); };
     EXPECT_EQ(kindOf(nameBox), L"Edit");
     EXPECT_EQ(kindOf(descriptionBox), L"Edit");
     EXPECT_EQ(kindOf(address), L"Static");
@@ -118,7 +97,7 @@ TEST_F(Properties, ShowsAmpersandsAsTheyAre)
     EXPECT_NE(GetWindowLongPtrW(link, GWL_STYLE) & SS_NOPREFIX, 0) << "an ampersand would be an underline";
 }
 
-TEST_F(Properties, TheDescriptionHasAGreyBackgroundAndTheNameHasNot)
+TEST_F(Properties, TheDescriptionHasAGreyBackgroundButTheNameDoesNot)
 {
     const frmProperties dialog(owner.handle(), site);
     const HDC context = GetDC(dialog.handle());
@@ -158,10 +137,10 @@ TEST_F(Properties, TheFrameHoldsTheFieldsAndNotTheButton)
     for (HWND child = GetWindow(dialog.handle(), GW_CHILD); child != nullptr;
          child = GetWindow(child, GW_HWNDNEXT)) {
         if (child == frame) continue;
-        EXPECT_EQ(isWithin(placeOf(child), placeOf(frame)), GetDlgCtrlID(child) != IDOK)
+        EXPECT_EQ(isWithin(outerPlace(child), outerPlace(frame)), GetDlgCtrlID(child) != IDOK)
             << testing::PrintToString(windowText(child));
     }
-    EXPECT_TRUE(isWithin(placeOf(GetDlgItem(dialog.handle(), IDOK)), placeOf(dialog.handle())));
+    EXPECT_TRUE(isWithin(outerPlace(GetDlgItem(dialog.handle(), IDOK)), outerPlace(dialog.handle())));
 }
 
 TEST_F(Properties, ALongAddressEndsWithAnEllipsisAndDoesNotWidenTheDialog)
@@ -169,16 +148,16 @@ TEST_F(Properties, ALongAddressEndsWithAnEllipsisAndDoesNotWidenTheDialog)
     RECT usual{};
     {
         const frmProperties dialog(owner.handle(), site);
-        usual = placeOf(dialog.handle());
+        usual = outerPlace(dialog.handle());
     }
     site.PropSiteURL = L"http://a.example/" + std::wstring(3000, L'a');
     const frmProperties dialog(owner.handle(), site);
     const HWND link = GetDlgItem(dialog.handle(), address);
-    const RECT now = placeOf(dialog.handle());
+    const RECT now = outerPlace(dialog.handle());
     EXPECT_EQ(now.right - now.left, usual.right - usual.left);
     EXPECT_EQ(windowText(link), site.PropSiteURL);
     EXPECT_EQ(GetWindowLongPtrW(link, GWL_STYLE) & SS_ELLIPSISMASK, SS_ENDELLIPSIS);
-    EXPECT_TRUE(isWithin(placeOf(link), placeOf(frameOf(dialog.handle()))));
+    EXPECT_TRUE(isWithin(outerPlace(link), outerPlace(frameOf(dialog.handle()))));
 }
 
 TEST_F(Properties, TabGoesFromOkToTheNameTheLinkAndTheDescription)
@@ -212,7 +191,7 @@ TEST_F(Properties, EnterAndEscClose)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(Properties, WhatIsTypedIsGoneAndTheTextsHandedOverStay)
+TEST_F(Properties, WhatIsTypedIsDiscardedAndTheTextsHandedOverStay)
 {
     show([](HWND dialog) {
         for (const int box : {nameBox, descriptionBox}) {
@@ -257,7 +236,7 @@ TEST_F(Properties, SpaceAndEnterOnTheAddressOpenIt)
     });
 }
 
-TEST_F(Properties, TheAddressHasTheHandAsItsCursor)
+TEST_F(Properties, TheAddressHasTheHandCursor)
 {
     const frmProperties dialog(owner.handle(), site);
     const HWND link = GetDlgItem(dialog.handle(), address);

@@ -6,7 +6,7 @@
 namespace vandrel::test {
 namespace {
 
-// How the user's short dates are written, until the end of the test.
+// Sets the user's short date format until the end of the test.
 class DatePattern {
   public:
     explicit DatePattern(const std::wstring& pattern) { set(pattern); }
@@ -55,7 +55,7 @@ TEST(ShownDate, WithTheNameOfAMonthIsADateToo)
     EXPECT_EQ(shownDate(L"11/16/2002 10:30:00 PM"), L"11-16-2002");
 }
 
-TEST(ShownDate, IsTheTextItselfWhereThatIsNoDate)
+TEST(ShownDate, IsTheTextItselfWhenThatIsNotADate)
 {
     for (const wchar_t* const text : {L"yesterday", L"never", L"12", L"2002", L"1.5", L"13/32/2002",
                                       L"2/29/2003", L"20021116", L"10:30", L"http://a/", L"-", L" "}) {

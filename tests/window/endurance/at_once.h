@@ -7,8 +7,8 @@
 
 namespace vandrel::test {
 
-// Answers each dialog and box of this thread from inside its own loop, the moment it is shown: thousands of
-// them would be long in waiting for a timer.
+// Answers each dialog and message box of this thread from inside its own loop the moment it is shown: with
+// thousands of them, waiting for a timer would take too long.
 class AtOnce : private Window {
   public:
     AtOnce()
@@ -24,7 +24,7 @@ class AtOnce : private Window {
         alive() = nullptr;
     }
 
-    // Must close the dialog, or lead to it.
+    // Must close the dialog or do something that closes it.
     std::function<void(HWND dialog)> answer;
 
     int answered() const { return answered_; }

@@ -1,5 +1,5 @@
+#include "tests/support/own_process.h"
 #include "tests/window/endurance/endurance_test.h"
-#include "tests/window/endurance/own_process.h"
 
 #include <cstdio>
 #include <memory>
@@ -13,7 +13,7 @@ class DialogEndurance : public EnduranceTest {
   protected:
     static constexpr const wchar_t* chosenOpening = L"VANDREL_OPENING";
 
-    // The site that is added is removed again: what the program holds is the same after each round.
+    // Removes the site again, so that the program holds the same after each round.
     void addAndRemove()
     {
         open(mnuAddWebsite, typeSite(L"Added", L"zzz://last.example/", L"by the test"));
@@ -43,7 +43,7 @@ class DialogEndurance : public EnduranceTest {
     void cancelInputBox() { open(mnuAddCategory, pressing(IDCANCEL)); }
     void takeOptions() { open(mnuOptions, pressing(IDOK)); }
     void cancelOptions() { open(mnuOptions, pressing(IDCANCEL)); }
-    // The two beside which the main window can be used are gone when messages have run.
+    // The two modeless windows are gone once messages have been dispatched.
     void openSearch()
     {
         SearchTest::open();
@@ -73,7 +73,7 @@ struct Opening {
     void (DialogEndurance::*round)();
 };
 
-// The slow ones first, so that none is left alone at the end.
+// The slow ones first, so that none runs on alone at the end.
 const Opening DialogEndurance::openings[] = {
     {L"the editor that adds, and the question", &DialogEndurance::addAndRemove},
     {L"the options, taken", &DialogEndurance::takeOptions},
@@ -94,7 +94,7 @@ TEST_F(DialogEndurance, LeavesNothingBehindWhenEachDialogIsOpenedAndClosedAgainA
         repeat(openings[std::stoul(*chosen)].round);
         return;
     }
-    // A few at a time: each waits for the system more than it works.
+    // Several at a time, because each spends most of its time waiting for the system.
     constexpr std::size_t atATime = 3;
     constexpr DWORD limit = 20 * 60 * 1000;
     std::unique_ptr<OwnProcess> runs[std::size(openings)];

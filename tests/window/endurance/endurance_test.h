@@ -1,9 +1,9 @@
 #pragma once
 
+#include "tests/support/own_process.h"
+#include "tests/support/resources.h"
+#include "tests/support/search_test.h"
 #include "tests/window/endurance/at_once.h"
-#include "tests/window/endurance/own_process.h"
-#include "tests/window/endurance/resources.h"
-#include "tests/window/search/search_test.h"
 
 #include <cstdio>
 
@@ -21,7 +21,7 @@ class EnduranceTest : public SearchTest {
         workspace().favoritesFolder = folder.path();
         clickCategory(L"News");
     }
-    // Chooses the entry, which opens a dialog or box, and answers that.
+    // Chooses the entry, which opens a dialog or message box, and answers that.
     void open(int entry, std::function<void(HWND)> answer)
     {
         const int before = atOnce_.answered();
@@ -30,16 +30,15 @@ class EnduranceTest : public SearchTest {
         atOnce_.answer = nullptr;
         ASSERT_EQ(atOnce_.answered(), before + 1);
     }
-    // A twentieth of so many, which beside all the other tests is enough for what is left behind in each
-    // round. A run by hand takes all of them with VANDREL_ENDURANCE=100 (per cent) and VANDREL_TIMEOUT=1800
-    // (seconds).
+    // A twentieth of `all`, which among all the other tests is enough to show anything left behind in every
+    // round. VANDREL_ENDURANCE=100 (per cent), with VANDREL_TIMEOUT=1800 (seconds), runs all of them.
     static int rounds(int all)
     {
         const auto part = environmentText(L"VANDREL_ENDURANCE");
         return all * (part ? std::stoi(*part) : usualPerCent) / 100;
     }
-    // So many rounds must leave nothing behind. The first hundred fill what the system and the program keep
-    // for the next time.
+    // This many rounds must leave nothing behind. A hundred rounds before them fill what the system and the
+    // program keep for reuse.
     void endure(int count, const std::function<void()>& round)
     {
         constexpr int first = 100;
@@ -53,7 +52,7 @@ class EnduranceTest : public SearchTest {
         std::printf("%s%d rounds in %llu ms; before: %s; after: %s\n", reportMark, count, milliseconds,
                     report(before).c_str(), report(after).c_str());
     }
-    // That line of the output.
+    // The line of the output with the report.
     static std::string reportIn(const std::string& output)
     {
         const std::size_t at = output.find(reportMark);
@@ -62,8 +61,8 @@ class EnduranceTest : public SearchTest {
     }
 
   private:
-    // Messages run between two rounds, as they do between two commands. Else what a thousand searches leave
-    // in the queue lies in memory at a time, and the heap keeps the room.
+    // Messages are dispatched between rounds, as between commands. Otherwise everything that a thousand
+    // searches leave in the queue would be in memory at once, and the heap would keep that memory.
     static void runRounds(int count, const std::function<void()>& round)
     {
         for (int i = 0; i < count && !HasFailure(); ++i) {

@@ -29,7 +29,7 @@ TEST_F(UseEndurance, LeavesNothingBehindWhenAllCategoriesAreSearchedAgainAndAgai
     });
 }
 
-// What is measured must show what is taken.
+// The measurement must show what is taken.
 TEST_F(UseEndurance, SeesWhatIsLeftBehind)
 {
     pump();

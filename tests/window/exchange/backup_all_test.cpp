@@ -1,6 +1,7 @@
 #include "platform/windows/message_throttle.h"
+#include "tests/support/backup_drive.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/backup_drive.h"
+#include "tests/support/test_clock.h"
 #include "tests/window/exchange/backup_test.h"
 
 namespace vandrel::test {
@@ -45,7 +46,7 @@ TEST_F(BackupAllTest, CopiesTheFileOfEachCategoryByteForByteAndNothingElse)
     expectUntouched(folder);
 }
 
-TEST_F(BackupAllTest, CategoriesAreThoseOfTheList)
+TEST_F(BackupAllTest, TheCategoriesAreThoseInTheList)
 {
     startWithThree();
     folder.write(L"Later.udb", "not listed");
@@ -116,7 +117,7 @@ TEST_F(BackupAllTest, ChangesNothingElseInTheWindow)
     EXPECT_EQ(windowText(main->handle()), L"Vandrel - Arts");
 }
 
-// ---- the bar
+// ---- the progress bar
 
 TEST_F(BackupAllTest, TheBarShowsEachCategoryBeforeItIsCopied)
 {
@@ -138,6 +139,7 @@ TEST_F(BackupAllTest, TheBarShowsEachCategoryBeforeItIsCopied)
 TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
 {
     startWithThree();
+    TestClock clock;
     int paints = 0;
     bool typed = false;
     const MessageWatch paint(lstInfo().handle(), WM_PAINT, [&] { ++paints; });
@@ -146,8 +148,7 @@ TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
         InvalidateRect(lstInfo().handle(), nullptr, FALSE);
         PostMessageW(lstCategory().handle(), WM_KEYDOWN, VK_HOME, 1);
         PostMessageW(main->handle(), WM_COMMAND, mnuGridlines, 0);
-        const ULONGLONG start = GetTickCount64();
-        while (GetTickCount64() < start + 2 * MessageThrottle::usualMilliseconds) Sleep(1);
+        clock.pass(MessageThrottle::usualMilliseconds);
     });
     const bool before = lstInfo().gridLines();
     backUpTo(target.path());
@@ -156,7 +157,7 @@ TEST_F(BackupAllTest, TheWindowIsPaintedMeanwhileAndTakesNoInput)
     EXPECT_EQ(lstInfo().gridLines(), before);
     expectThreeCopies();
     pump();
-    EXPECT_TRUE(typed); // it only had to wait
+    EXPECT_TRUE(typed); // it was only delayed
     EXPECT_NE(lstInfo().gridLines(), before);
 }
 
@@ -233,7 +234,7 @@ TEST_F(BackupAllTest, AFolderThatVanishedFails)
     EXPECT_EQ(GetFileAttributesW(gone.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(BackupAllTest, TheNextOneThatSucceedsTakesTheBarAway)
+TEST_F(BackupAllTest, TheNextBackupThatSucceedsHidesTheBar)
 {
     startWithThree();
     CreateDirectoryW(target.file(L"Arts.udb").c_str(), nullptr);

@@ -6,10 +6,10 @@
 namespace vandrel::test {
 namespace {
 
-// The folder browser, which both commands show.
+// The folder browser, which both backup commands show.
 class BackupBrowsing : public BackupTest, public testing::WithParamInterface<int> {
   protected:
-    // As the shell calls it.
+    // The shell's name for a special folder.
     static std::wstring nameOf(int place)
     {
         PIDLIST_ABSOLUTE id = nullptr;
@@ -29,14 +29,8 @@ TEST_P(BackupBrowsing, BelongsToTheWindowAndOffersEverythingFromTheDesktopOn)
     browse(GetParam(), [&](HWND browser) {
         EXPECT_EQ(GetWindow(browser, GW_OWNER), main->handle());
         EXPECT_FALSE(IsWindowEnabled(main->handle()));
-        const HWND tree = FindWindowExW(browser, nullptr, WC_TREEVIEWW, nullptr);
         wchar_t text[MAX_PATH]{};
-        TVITEMW item{};
-        item.mask = TVIF_TEXT;
-        item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
-        item.pszText = text;
-        item.cchTextMax = MAX_PATH;
-        SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        readFolder(browser, TVGN_ROOT, text);
         EXPECT_EQ(std::wstring(text), nameOf(CSIDL_DESKTOP));
         cancel(browser);
     });

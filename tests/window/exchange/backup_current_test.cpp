@@ -1,5 +1,5 @@
+#include "tests/support/backup_drive.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/backup_drive.h"
 #include "tests/window/exchange/backup_test.h"
 
 namespace vandrel::test {
@@ -80,7 +80,7 @@ TEST_F(BackupCurrentTest, TheRootOfADriveIsAFolderLikeAnyOther)
 TEST_F(BackupCurrentTest, WhatABackupThatWasKilledLeftInTheFolderIsRemoved)
 {
     startWithThree();
-    target.write(L"vandrel-4000000000.tmp", "half"); // a number that no process has
+    target.write(L"vandrel-4000000000.tmp", "half"); // no process has this id
     backUpTo(target.path());
     EXPECT_EQ(target.names(), Lines{L"Cars.udb"});
 }

@@ -3,13 +3,13 @@
 #include "mainwindow/menu_entries.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/store_test.h"
 #include "tests/support/wine.h"
-#include "tests/window/exchange/folder_browser.h"
-#include "tests/window/store/store_test.h"
 
 namespace vandrel::test {
 
-// The main window on the categories Arts, Bare (which is empty) and Cars, and a folder for the copies.
+// The main window with the categories Arts, Bare (which is empty) and Cars, and a folder for the copies.
 class BackupTest : public StoreTest {
   protected:
     static constexpr const wchar_t* done = L"Backup successful.";
@@ -40,7 +40,7 @@ class BackupTest : public StoreTest {
         EXPECT_ANSWERED(answers);
         EXPECT_TRUE(IsWindowEnabled(main->handle()));
     }
-    // `then` does something between the choice and the copying.
+    // `then` is called between choosing the folder and copying.
     void backUp(
         int entry, const std::wstring& path, const std::function<void()>& then = [] {})
     {

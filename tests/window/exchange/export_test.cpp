@@ -1,9 +1,9 @@
 #include "exchange/ini_file.h"
 #include "platform/files/file_layer.h"
 #include "platform/windows/topmost.h"
+#include "tests/support/import_test.h"
 #include "tests/support/input.h"
-#include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/menus_seen.h"
+#include "tests/support/menus_seen.h"
 
 namespace vandrel::test {
 namespace {
@@ -13,7 +13,7 @@ constexpr const wchar_t* saveCaption = L"Export URL File";
 constexpr int nameField = 1148;
 constexpr int filterList = 1136;
 
-// The system's INI functions as on a disk that takes nothing, or not the n-th value.
+// A disk on which INI files cannot be written, or not the n-th value.
 class RefusingIni : public FileLayer {
   public:
     bool leavesEmptyFile = false;
@@ -153,10 +153,10 @@ TEST_F(ExportTest, ANameThatIsMuchTooLongForAFileIsExportedUnderItsStart)
     EXPECT_EQ(target.names(), Lines{proposed + L".url"});
 }
 
-TEST_F(ExportTest, TheAcceptedProposalIsTheFile)
+TEST_F(ExportTest, AcceptingTheProposalWritesThatFile)
 {
     startWith(L"News");
-    // The dialog begins in the current directory when that holds files of its kind.
+    // The dialog starts in the current directory when there are files of its kind.
     target.write(L"other.url", "");
     const CurrentFolder here(target.path());
     exportBy([&] { choose(mnuExport); }, [](HWND dialog) { SendMessageW(dialog, WM_COMMAND, IDOK, 0); });
@@ -198,7 +198,7 @@ TEST_F(ExportTest, TheExtensionMayBeLeftOut)
     EXPECT_EQ(target.names(), (Lines{L"LOUD.URL", L"My.Site.url", L"News.url"}));
 }
 
-TEST_F(ExportTest, AFileThatIsThereKeepsWhatElseItHolds)
+TEST_F(ExportTest, AnExistingFileKeepsItsOtherContent)
 {
     startWith(L"News");
     target.write(L"A.url", "[DEFAULT]\r\nBASEURL=http://old/\r\n[Other]\r\nx=y\r\n[InternetShortcut]\r\n"
@@ -230,7 +230,7 @@ TEST_F(ExportTest, ALongUrlIsWrittenWhole)
     EXPECT_EQ(target.read(L"A.url"), exported(url));
 }
 
-TEST_F(ExportTest, AFileNameThatTheCodePageLacksIsWrittenAllTheSame)
+TEST_F(ExportTest, AFileNameOutsideTheCodePageIsWritten)
 {
     startWith(L"\u65E5\u672C\u8A9E \u043D\u043E\u0432");
     EXPECT_EQ(proposal(), L"\u65E5\u672C\u8A9E \u043D\u043E\u0432");
@@ -239,7 +239,7 @@ TEST_F(ExportTest, AFileNameThatTheCodePageLacksIsWrittenAllTheSame)
     EXPECT_EQ(target.read(L"\u65E5\u672C\u8A9E \u043D\u043E\u0432.url"), exported("http://news.example/"));
 }
 
-TEST_F(ExportTest, APathThatNoShortNameSpellsIsWrittenAllTheSame)
+TEST_F(ExportTest, APathThatNoShortNameCoversIsWritten)
 {
     startWith(L"News");
     std::wstring deep = target.path();
@@ -330,7 +330,7 @@ TEST_F(ExportTest, AFileThatTakesOneOfTheValuesOnlyIsAnError)
     }
 }
 
-TEST_F(ExportTest, AValueThatTheSystemReadsOtherwiseIsNoError)
+TEST_F(ExportTest, AValueThatTheSystemReadsDifferentlyIsNotAnError)
 {
     startWith(L"News");
     for (const wchar_t* const url :
@@ -342,7 +342,7 @@ TEST_F(ExportTest, AValueThatTheSystemReadsOtherwiseIsNoError)
     }
 }
 
-// ---- ways to it
+// ---- ways to start it
 
 TEST_F(ExportTest, IsReachedByItsKey)
 {
@@ -375,7 +375,7 @@ TEST_F(ExportTest, IsNotOfferedWithoutSites)
     TBBUTTON button{};
     SendMessageW(bar, TB_GETBUTTON, 4, reinterpret_cast<LPARAM>(&button));
     EXPECT_EQ(SendMessageW(bar, TB_ISBUTTONENABLED, static_cast<WPARAM>(button.idCommand), 0), 0);
-    Answers answers; // neither the dialog nor a message comes
+    Answers answers; // neither the dialog nor a message appears
     RECT area{};
     SendMessageW(bar, TB_GETITEMRECT, 4, reinterpret_cast<LPARAM>(&area));
     const LPARAM point = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);

@@ -1,12 +1,13 @@
+#include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/html_test.h"
 
 namespace vandrel::test {
 namespace {
 
 class HtmlAllTest : public HtmlTest {
   protected:
-    // In this order: a category of two sites, an empty one, and one of a single site; the last is selected.
+    // Starts with a category of two sites, an empty one and one of a single site, in this order. The last
+    // is selected.
     void startWithThree()
     {
         folder.write(L"Arts.udb", "b|http://b/|B|1/1/2001\r\na|http://a/|A|1/2/2001\r\n");
@@ -18,7 +19,7 @@ class HtmlAllTest : public HtmlTest {
     }
     std::string page() { return pageOf(mnuAllCats); }
     std::wstring caption() { return windowText(main->handle()); }
-    // The titles whose picture is the open folder.
+    // The titles that are shown with an open folder.
     Lines openFolders()
     {
         Lines open;
@@ -27,7 +28,7 @@ class HtmlAllTest : public HtmlTest {
         }
         return open;
     }
-    // As the native control knows them.
+    // The selected rows according to the native control.
     std::vector<LRESULT> nativeSelection(ListView& list)
     {
         std::vector<LRESULT> rows;
@@ -59,7 +60,7 @@ TEST_F(HtmlAllTest, WithTheOptionAnEmptyCategoryHasItsTitle)
     EXPECT_EQ(page(), html::header + arts + bare + cars + html::footer);
 }
 
-TEST_F(HtmlAllTest, TheOptionOfThisMomentCounts)
+TEST_F(HtmlAllTest, TheCurrentOptionCounts)
 {
     startWithThree();
     EXPECT_EQ(page(), html::header + arts + cars + html::footer);
@@ -113,7 +114,7 @@ TEST_F(HtmlAllTest, WithoutCategoriesThePageHasHeaderAndFooterOnly)
     EXPECT_FALSE(barIsVisible());
 }
 
-TEST_F(HtmlAllTest, ATitleIsWrittenAsItStandsAndInTheAnsiCodePage)
+TEST_F(HtmlAllTest, ATitleIsWrittenAsItIsAndInTheAnsiCodePage)
 {
     if (GetACP() != 1252) GTEST_SKIP() << "the ANSI code page is not 1252";
     folder.write(L"\u00C4 & b \u65E5\u672C.udb", "n|http://u/|d|\r\n");
@@ -190,7 +191,7 @@ TEST_F(HtmlAllTest, TheSelectedCategoryIsInSightAgain)
     EXPECT_LE(row.bottom, list.bottom);
 }
 
-TEST_F(HtmlAllTest, AFirstCategoryThatNobodyHasClickedStaysUnclicked)
+TEST_F(HtmlAllTest, AFirstCategoryThatWasNotClickedStaysUnclicked)
 {
     start();
     Answers answers;
@@ -218,9 +219,9 @@ TEST_F(HtmlAllTest, WithoutAShownCategoryThePageIsWrittenAndNoneIsShownAfterward
     EXPECT_EQ(outcome(), L"HTML Generated.");
 }
 
-// ---- bar and status
+// ---- progress bar and status bar
 
-TEST_F(HtmlAllTest, TheBarAdvancesWithEachCategoryAndGoesAfterTheQuestion)
+TEST_F(HtmlAllTest, TheBarAdvancesWithEachCategoryAndDisappearsAfterTheQuestion)
 {
     startWithThree();
     workspace().PB.setMaximum(77);

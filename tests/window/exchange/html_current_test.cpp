@@ -1,6 +1,6 @@
+#include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
 #include "tests/support/wine.h"
-#include "tests/window/exchange/html_test.h"
 
 #include <filesystem>
 
@@ -103,7 +103,7 @@ TEST_F(HtmlCurrentTest, AFileIsNamedAsTheSystemNamesIt)
     create(mnuCurrentCat, naming(target.file(L"page.")), no);
     create(mnuCurrentCat, naming(target.file(L"blank.htm ")), no);
     EXPECT_EQ(target.names(), (Lines{L"blank.htm", L"page"}));
-    // What has such a name all the same, nothing else could remove.
+    // If a file got such a name after all, nothing else could remove it.
     for (const wchar_t* const name : {L"page.", L"blank.htm "}) {
         EXPECT_FALSE(DeleteFileW((L"\\\\?\\" + target.file(name)).c_str()));
     }
@@ -187,7 +187,7 @@ TEST_F(HtmlCurrentTest, WithoutACategoryThePageHasHeaderAndFooterOnly)
     EXPECT_EQ(outcome(), L"HTML Generated.");
 }
 
-TEST_F(HtmlCurrentTest, MarkupIsWrittenAsItStands)
+TEST_F(HtmlCurrentTest, MarkupIsWrittenAsItIs)
 {
     startWith("a < b & c|http://x/?a=1&b=2|<b>bold</b> &amp; \"quoted\"|1/1/2001\r\n");
     EXPECT_EQ(page(), html::header +
@@ -195,7 +195,7 @@ TEST_F(HtmlCurrentTest, MarkupIsWrittenAsItStands)
                           html::footer);
 }
 
-TEST_F(HtmlCurrentTest, FontWidthAndBorderAreTheOptionsOfThisMoment)
+TEST_F(HtmlCurrentTest, FontWidthAndBorderAreTheCurrentOptions)
 {
     setPreference(L"Options", L"HTMLFont", L"Tahoma");
     setPreference(L"Options", L"HTMLTWidth", L"600");
@@ -232,9 +232,9 @@ TEST_F(HtmlCurrentTest, DamagedLettersOfAFileComeOutAsTheyCameIn)
                           html::footer);
 }
 
-// ---- bar and status
+// ---- progress bar and status bar
 
-TEST_F(HtmlCurrentTest, TheBarCountsTheCategoriesDoesNotAdvanceAndGoesAfterTheQuestion)
+TEST_F(HtmlCurrentTest, TheBarCountsTheCategoriesStandsStillAndDisappearsAfterTheQuestion)
 {
     folder.write(L"Home.udb", "");
     folder.write(L"Zoo.udb", "");

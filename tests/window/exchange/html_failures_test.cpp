@@ -1,4 +1,4 @@
-#include "tests/window/exchange/html_test.h"
+#include "tests/support/html_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -14,7 +14,7 @@ class HtmlFailuresTest : public HtmlTest, public testing::WithParamInterface<int
         categoryRows().sortBy(0, SortOrder::ascending);
         clickCategory(L"Cars");
     }
-    // Names the file, and does something before the command gets it.
+    // Names the file, and calls `then` before the command gets it.
     static std::function<void(HWND)> namingAndThen(const std::wstring& path, std::function<void()> then)
     {
         return [=](HWND dialog) {
@@ -30,7 +30,7 @@ class HtmlFailuresTest : public HtmlTest, public testing::WithParamInterface<int
     }
 };
 
-TEST_P(HtmlFailuresTest, AFolderInThePlaceOfTheFileIsTold)
+TEST_P(HtmlFailuresTest, AFolderInPlaceOfTheFileIsReported)
 {
     startWithTwo();
     const std::wstring path = target.file(L"a.htm");
@@ -40,7 +40,7 @@ TEST_P(HtmlFailuresTest, AFolderInThePlaceOfTheFileIsTold)
     expectWorksAgain();
 }
 
-TEST_P(HtmlFailuresTest, AReadOnlyFileIsToldAndStaysAsItIs)
+TEST_P(HtmlFailuresTest, AReadOnlyFileIsReportedAndStaysAsItIs)
 {
     startWithTwo();
     target.write(L"a.htm", "old");
@@ -51,7 +51,7 @@ TEST_P(HtmlFailuresTest, AReadOnlyFileIsToldAndStaysAsItIs)
     expectWorksAgain();
 }
 
-TEST_P(HtmlFailuresTest, AFolderThatVanishedIsTold)
+TEST_P(HtmlFailuresTest, AFolderThatVanishedIsReported)
 {
     startWithTwo();
     const std::wstring gone = target.file(L"gone");
@@ -62,7 +62,7 @@ TEST_P(HtmlFailuresTest, AFolderThatVanishedIsTold)
     expectWorksAgain();
 }
 
-TEST_P(HtmlFailuresTest, AFileThatAnotherProgramHoldsIsToldAndStaysAsItIs)
+TEST_P(HtmlFailuresTest, AFileThatAnotherProgramHoldsIsReportedAndStaysAsItIs)
 {
     startWithTwo();
     target.write(L"a.htm", "old");
@@ -74,7 +74,7 @@ TEST_P(HtmlFailuresTest, AFileThatAnotherProgramHoldsIsToldAndStaysAsItIs)
     expectWorksAgain();
 }
 
-TEST_P(HtmlFailuresTest, ACategoryThatCannotBeReadIsToldAndNoPageIsWritten)
+TEST_P(HtmlFailuresTest, ACategoryThatCannotBeReadIsReportedAndNoPageIsWritten)
 {
     startWithTwo();
     target.write(L"a.htm", "old");
@@ -89,7 +89,7 @@ TEST_P(HtmlFailuresTest, ACategoryThatCannotBeReadIsToldAndNoPageIsWritten)
     expectWorksAgain();
 }
 
-TEST_P(HtmlFailuresTest, TheErrorBoxBelongsToTheWindowAndTheBarGoesAfterIt)
+TEST_P(HtmlFailuresTest, TheErrorBoxBelongsToTheWindowAndTheBarDisappearsAfterIt)
 {
     startWithTwo();
     target.write(L"a.htm", "old");
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(Commands, HtmlFailuresTest, testing::Values(mnuCurrentC
 
 class HtmlReadingTest : public HtmlTest {};
 
-TEST_F(HtmlReadingTest, ACategoryThatCannotBeReadStopsAllBeforeAPageLacksIt)
+TEST_F(HtmlReadingTest, ACategoryThatCannotBeReadStopsThePageRatherThanBeMissing)
 {
     for (const wchar_t* const name : {L"Arts.udb", L"Bare.udb", L"Cars.udb"}) {
         folder.write(name, "n|http://u/||\r\n");
@@ -130,7 +130,8 @@ TEST_F(HtmlReadingTest, ACategoryThatCannotBeReadStopsAllBeforeAPageLacksIt)
     EXPECT_EQ(selectedTitle(), L"Cars");
     EXPECT_EQ(sites(), Lines{L"n|http://u/||"});
     EXPECT_EQ(main->caption(), L"Vandrel - Cars");
-    // What is shown as selected is what the list is about, so nothing is saved to another category.
+    // The category that is shown as selected is the one whose sites are listed, so a save cannot go to
+    // another.
     siteRows().add({L"new", L"", L"", L""}, siteImage);
     const int number = errorOf([&] { SaveItems(workspace()); });
     for (const wchar_t* const name : {L"Arts.udb", L"Bare.udb", L"Cars.udb"}) {

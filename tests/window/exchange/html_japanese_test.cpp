@@ -1,4 +1,4 @@
-#include "tests/window/exchange/html_test.h"
+#include "tests/support/html_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -31,7 +31,7 @@ TEST_F(JapaneseHtml, ATitleIsWrittenInTheCodePageAndLettersOutsideAsQuestionMark
                                       html::row("n", "http://u/", "d") + html::footer);
 }
 
-TEST_F(JapaneseHtml, ALooseFirstByteTakesNothingOfTheMarkupBehindIt)
+TEST_F(JapaneseHtml, ALooseFirstByteTakesNothingOfTheMarkupAfterIt)
 {
     start();
     siteRows().add({L"A\xDC83", L"http://u/\xDC95", L"d\xDC81", L""}, siteImage);

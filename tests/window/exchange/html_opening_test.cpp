@@ -1,10 +1,10 @@
-#include "tests/window/exchange/html_test.h"
-#include "tests/window/mainwindow/recorder.h"
+#include "tests/support/html_test.h"
+#include "tests/support/recorder.h"
 
 namespace vandrel::test {
 namespace {
 
-// With a recorder in place of what opens pages.
+// With a recorder in place of the program that opens pages.
 class HtmlOpeningTest : public HtmlTest {
   protected:
     void startWithOne()
@@ -18,7 +18,7 @@ class HtmlOpeningTest : public HtmlTest {
     }
 
     Recorder recorder;
-    RegistryDefault htm{HKEY_CLASSES_ROOT, L".htm", L"VandrelTest.Page"};
+    RegistryValue htm{HKEY_CLASSES_ROOT, L".htm", L"", L"VandrelTest.Page"};
 };
 
 TEST_F(HtmlOpeningTest, YesOpensTheFile)
@@ -60,7 +60,7 @@ TEST_F(HtmlOpeningTest, AFailureOpensNothing)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(HtmlOpeningTest, AFileThatNothingOpensIsGeneratedAllTheSame)
+TEST_F(HtmlOpeningTest, AFileThatNothingOpensIsStillGenerated)
 {
     startWithOne();
     create(mnuCurrentCat, naming(target.file(L"page.vandrelunknown")), yes);

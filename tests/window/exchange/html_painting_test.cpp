@@ -1,11 +1,12 @@
 #include "platform/windows/message_throttle.h"
+#include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/html_test.h"
+#include "tests/support/test_clock.h"
 
 namespace vandrel::test {
 namespace {
 
-// While a page is made.
+// What the window does while a page is written.
 class HtmlPaintingTest : public HtmlTest {
   protected:
     void startWith(int categories)
@@ -16,16 +17,17 @@ class HtmlPaintingTest : public HtmlTest {
         start();
         clickCategory(L"C1");
     }
-    // Does something at each category, and makes it last so long that the window gets a turn.
+    // Calls `act` at each category, and lets enough time pass for the window to be painted.
     MessageWatch atEachCategory(std::function<void()> act)
     {
-        return {workspace().PB.handle(), PBM_SETPOS, [act = std::move(act)] {
+        return {workspace().PB.handle(), PBM_SETPOS, [this, act = std::move(act)] {
                     act();
-                    const ULONGLONG start = GetTickCount64();
-                    while (GetTickCount64() < start + 2 * MessageThrottle::usualMilliseconds) Sleep(1);
+                    clock.pass(MessageThrottle::usualMilliseconds);
                 }};
     }
     static bool questionIsOpen() { return FindWindowW(L"#32770", html::questionTitle) != nullptr; }
+
+    TestClock clock;
 };
 
 TEST_F(HtmlPaintingTest, TheWindowIsPaintedBetweenCategories)
@@ -65,7 +67,7 @@ TEST_F(HtmlPaintingTest, NoKeyClickOrCommandIsTakenMeanwhile)
         PostMessageW(main->handle(), WM_COMMAND, mnuGridlines, 0);
     });
     pageOf(mnuAllCats);
-    EXPECT_EQ(during, 1); // the command itself, as the test sends it
+    EXPECT_EQ(during, 1); // the command itself, which the test sends
 }
 
 TEST_F(HtmlPaintingTest, ARequestToQuitIsKeptForTheLoopOutside)

@@ -1,5 +1,5 @@
+#include "tests/support/import_test.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/exchange/import_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -12,7 +12,7 @@ class ImportOfAllFiles : public ImportTest {
         addShortcut(L"A.url", "http://3/");
         addShortcut(L"c.url", "http://1/");
     }
-    // The records of the file as each of them is reported done.
+    // The number of records in the file whenever another shortcut is reported as done.
     std::vector<std::size_t> recordsAfterEachFile()
     {
         std::vector<std::size_t> records;
@@ -26,7 +26,7 @@ class ImportOfAllFiles : public ImportTest {
             [](Answers& answers) { expectReminder(answers); });
         return records;
     }
-    // Holds the file, so that reading it fails, presses Import All, and lets `then` look at what is left.
+    // Holds the file so that reading it fails, presses Import All, and lets `then` look at the result.
     void failAt(const std::wstring& file, std::function<void(const ImportDialog&)> then)
     {
         std::optional<HeldFile> held;
@@ -98,7 +98,7 @@ TEST_F(ImportOfAllFiles, GivesThemTheDescriptionOfTheLastImport)
     EXPECT_EQ(workspace().site.newSiteDescription, L"typed before");
 }
 
-TEST_F(ImportOfAllFiles, ForgetsNameAndUrl)
+TEST_F(ImportOfAllFiles, DoesNotKeepNameAndUrl)
 {
     startEmpty();
     addThree();
@@ -140,7 +140,7 @@ TEST_F(ImportOfAllFiles, TwiceGivesEverySiteTwice)
     EXPECT_EQ(column(lstInfo()), (Lines{L"c", L"c", L"b", L"b", L"A", L"A"}));
 }
 
-TEST_F(ImportOfAllFiles, TakesAnEmptyFileForASiteWithoutAUrl)
+TEST_F(ImportOfAllFiles, ImportsAnEmptyFileAsASiteWithoutAUrl)
 {
     startEmpty();
     favorites.write(L"Empty.url", "");
@@ -197,7 +197,7 @@ TEST_F(ImportOfAllFiles, CannotBeCancelledHalfway)
         },
         [](Answers& answers) {
             expectErrorBox(answers, 70, L"Permission denied");
-            cancelOpenDialog(answers); // not closed by what was pressed while it was busy
+            cancelOpenDialog(answers); // what was pressed while it was busy has not closed it
         });
     EXPECT_EQ(column(lstInfo()), (Lines{L"b", L"A"}));
 }
@@ -229,7 +229,7 @@ TEST_F(ImportOfAllFiles, AFailureEndsItAfterTheFilesBeforeWereSaved)
     EXPECT_EQ(outcome(), L"") << "neither succeeded nor failed is said";
 }
 
-TEST_F(ImportOfAllFiles, AFailureInTheMiddleLeavesTheFilesBehindItOut)
+TEST_F(ImportOfAllFiles, AFailureInTheMiddleLeavesOutTheFilesAfterIt)
 {
     startEmpty();
     addThree();

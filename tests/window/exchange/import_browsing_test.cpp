@@ -35,7 +35,7 @@ TEST_F(ImportBrowsing, ASingleClickOpensNoFolder)
     });
 }
 
-TEST_F(ImportBrowsing, EnterOpensTheSelectedFolderAndBackspaceTheOneAbove)
+TEST_F(ImportBrowsing, EnterOpensTheSelectedFolderAndBackspaceItsParent)
 {
     startEmpty();
     makeSubfolder(L"Links");
@@ -146,7 +146,7 @@ TEST_F(ImportBrowsing, AnotherDriveIsShown)
     });
 }
 
-TEST_F(ImportBrowsing, ADriveWithoutADiskIsToldAndTheOneBeforeComesBack)
+TEST_F(ImportBrowsing, ADriveWithoutADiskIsReportedAndThePreviousOneComesBack)
 {
     startEmpty();
     addShortcut(L"A.url", "http://a/");
@@ -166,7 +166,7 @@ TEST_F(ImportBrowsing, ADriveWithoutADiskIsToldAndTheOneBeforeComesBack)
         });
 }
 
-TEST_F(ImportBrowsing, TheDrivesNameIsToldInCapitals)
+TEST_F(ImportBrowsing, TheDrivesNameIsReportedInCapitals)
 {
     startEmpty();
     open(
@@ -181,11 +181,11 @@ TEST_F(ImportBrowsing, TheDrivesNameIsToldInCapitals)
         });
 }
 
-TEST_F(ImportBrowsing, TheDriveThatComesBackIsTheLastThatCouldBeRead)
+TEST_F(ImportBrowsing, TheDriveThatComesBackIsTheLastReadableOne)
 {
     startEmpty();
     const UnreadableDrive unreadable;
-    const std::wstring other = L"Z:"; // Wine's own name for the root of the machine
+    const std::wstring other = L"Z:"; // Wine's drive for the root of the host
     if (GetFileAttributesW(L"Z:\\") == INVALID_FILE_ATTRIBUTES) GTEST_SKIP() << "there is no drive Z:";
     open(
         [&](const ImportDialog& dialog) {

@@ -216,7 +216,7 @@ TEST_F(ImportDialogTest, TheMainWindowIsNotOnTopMeanwhile)
     EXPECT_TRUE(isTopmost(main->handle()));
 }
 
-TEST_F(ImportDialogTest, AWindowThatIsNotKeptOnTopIsNotPutThere)
+TEST_F(ImportDialogTest, AWindowThatIsNotKeptOnTopStaysNormal)
 {
     startEmpty();
     look([](const ImportDialog&) {});

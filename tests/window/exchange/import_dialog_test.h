@@ -1,12 +1,12 @@
 #pragma once
 
-#include "tests/window/exchange/import_test.h"
+#include "tests/support/import_test.h"
 
 namespace vandrel::test {
 
 class ImportDialogTest : public ImportTest {
   protected:
-    // Opens the dialog, looks at it, and cancels it.
+    // Opens the dialog, calls `at` with it and cancels it.
     void look(const std::function<void(const ImportDialog&)>& at)
     {
         open([&](const ImportDialog& dialog) {

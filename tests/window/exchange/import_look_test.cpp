@@ -1,18 +1,9 @@
+#include "tests/support/look.h"
+#include "tests/support/window_facts.h"
 #include "tests/window/exchange/import_dialog_test.h"
 
 namespace vandrel::test {
 namespace {
-
-// ---- look
-
-struct Look {
-    const char* name;
-    int size;
-    bool bold;
-    bool italic;
-};
-
-void PrintTo(const Look& look, std::ostream* out) { *out << look.name; }
 
 class ImportDialogLook : public ImportDialogTest, public testing::WithParamInterface<Look> {
   protected:
@@ -27,34 +18,16 @@ class ImportDialogLook : public ImportDialogTest, public testing::WithParamInter
         makeSubfolder(
             L"A folder whose name is so long that no list is as wide as it at any size of the font");
     }
-    static std::vector<HWND> controlsOf(HWND window)
-    {
-        std::vector<HWND> controls;
-        for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
-             child = GetWindow(child, GW_HWNDNEXT)) {
-            controls.push_back(child);
-        }
-        return controls;
-    }
-    static RECT placeIn(HWND window, HWND control)
-    {
-        RECT area{};
-        GetWindowRect(control, &area);
-        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&area), 2);
-        return area;
-    }
 };
 
 TEST_P(ImportDialogLook, EveryControlHasTheDisplayFont)
 {
     startInTheFont();
     look([&](const ImportDialog& dialog) {
-        const auto controls = controlsOf(dialog.window);
+        const auto controls = childrenOf(dialog.window);
         EXPECT_EQ(controls.size(), 11U);
         for (const HWND control : controls) {
-            wchar_t kind[32]{};
-            GetClassNameW(control, kind, 32);
-            if (std::wstring(kind) == PROGRESS_CLASSW) continue;
+            if (classOf(control) == PROGRESS_CLASSW) continue;
             LOGFONTW used{};
             ASSERT_NE(GetObjectW(reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)),
                                  sizeof used, &used),
@@ -73,18 +46,18 @@ TEST_P(ImportDialogLook, NoControlOverlapsAnotherAndAllLieInTheWindow)
     look([](const ImportDialog& dialog) {
         RECT client{};
         GetClientRect(dialog.window, &client);
-        const auto controls = controlsOf(dialog.window);
+        const auto controls = childrenOf(dialog.window);
         for (std::size_t i = 0; i < controls.size(); ++i) {
-            // The progress bar stands in the place of the path and shows only while the path does not.
+            // The progress bar takes the place of the path, and only one of the two is visible.
             if (controls[i] == dialog.progressBar()) continue;
-            const RECT area = placeIn(dialog.window, controls[i]);
+            const RECT area = placeOf(controls[i]);
             RECT both{};
             UnionRect(&both, &client, &area);
             EXPECT_TRUE(EqualRect(&both, &client)) << testing::PrintToString(windowText(controls[i]));
             EXPECT_FALSE(IsRectEmpty(&area));
             for (std::size_t other = 0; other < i; ++other) {
                 if (controls[other] == dialog.progressBar()) continue;
-                const RECT otherArea = placeIn(dialog.window, controls[other]);
+                const RECT otherArea = placeOf(controls[other]);
                 EXPECT_FALSE(IntersectRect(&both, &area, &otherArea))
                     << testing::PrintToString(windowText(controls[i])) << " over "
                     << testing::PrintToString(windowText(controls[other]));
@@ -93,12 +66,12 @@ TEST_P(ImportDialogLook, NoControlOverlapsAnotherAndAllLieInTheWindow)
     });
 }
 
-TEST_P(ImportDialogLook, TheProgressBarIsAsLargeAsThePathItStandsFor)
+TEST_P(ImportDialogLook, TheProgressBarIsAsLargeAsThePathThatItReplaces)
 {
     startInTheFont();
     look([&](const ImportDialog& dialog) {
-        const RECT bar = placeIn(dialog.window, dialog.progressBar());
-        const RECT path = placeIn(dialog.window, childWithText(dialog.window, favorites.path()));
+        const RECT bar = placeOf(dialog.progressBar());
+        const RECT path = placeOf(childWithText(dialog.window, favorites.path()));
         EXPECT_TRUE(EqualRect(&bar, &path));
         EXPECT_FALSE(IsRectEmpty(&bar));
     });

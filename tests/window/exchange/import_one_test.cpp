@@ -1,12 +1,12 @@
-#include "tests/window/exchange/import_test.h"
+#include "tests/support/import_test.h"
 
 namespace vandrel::test {
 namespace {
 
 class ImportOfOneFile : public ImportTest {
   protected:
-    // Presses Import on the file; the dialog stays open and is then closed. No description is asked for when
-    // the failure comes before it.
+    // Presses Import on the file, which must fail, then closes the dialog, which must still be open. When
+    // the failure comes first, no description is asked for.
     void failToImport(const std::wstring& file, const std::function<void()>& spoil, bool asked = false)
     {
         open(
@@ -213,7 +213,7 @@ TEST_F(ImportOfOneFile, AUnicodeFileIsRead)
     EXPECT_EQ(column(lstInfo(), 1), Lines{L"http://a.example/"});
 }
 
-TEST_F(ImportOfOneFile, AFileNameThatTheCodePageLacksIsReadAllTheSame)
+TEST_F(ImportOfOneFile, AFileNameOutsideTheCodePageIsRead)
 {
     startEmpty();
     addShortcut(L"\u041D\u043E\u0432\u044B\u0439 \u65E5.url", "http://a/");
@@ -221,7 +221,7 @@ TEST_F(ImportOfOneFile, AFileNameThatTheCodePageLacksIsReadAllTheSame)
     EXPECT_EQ(sites(), Lines{L"????? ?|http://a/||"}) << "as the category file has it";
 }
 
-TEST_F(ImportOfOneFile, AFolderWhoseNameTheCodePageLacksIsReadAllTheSame)
+TEST_F(ImportOfOneFile, AFolderNameOutsideTheCodePageIsRead)
 {
     startEmpty();
     makeSubfolder(L"\u65E5\u672C");
@@ -231,7 +231,7 @@ TEST_F(ImportOfOneFile, AFolderWhoseNameTheCodePageLacksIsReadAllTheSame)
     EXPECT_EQ(sites(), Lines{L"A|http://a/||"});
 }
 
-TEST_F(ImportOfOneFile, APathThatNoShortNameSpellsIsReadAllTheSame)
+TEST_F(ImportOfOneFile, APathThatNoShortNameCoversIsRead)
 {
     startEmpty();
     std::wstring deep;

@@ -1,6 +1,6 @@
 #include "exchange/ini_file.h"
 
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -17,7 +17,7 @@ class ShortcutFile : public testing::Test {
     {
         return Module1::ReadINIValue(from, key, folder.file(name));
     }
-    // What is read from a file of these bytes.
+    // The value read from a file of these bytes.
     std::wstring readFrom(const std::string& bytes, const std::wstring& key = L"URL") const
     {
         folder.write(L"A.url", bytes);
@@ -27,7 +27,7 @@ class ShortcutFile : public testing::Test {
     {
         Module1::WriteINIValue(section, L"URL", value, folder.file(name));
     }
-    // The bytes that writing a URL makes of these.
+    // What becomes of these bytes when a URL is written.
     std::string rewritten(const std::string& bytes, const std::wstring& value) const
     {
         folder.write(L"A.url", bytes);
@@ -98,7 +98,7 @@ TEST_F(ShortcutFile, SemicolonsEqualSignsAndPercentSignsBelongToTheValue)
     EXPECT_EQ(readFrom(withUrl("http://a/;x=1?b=c&d=%20#e")), L"http://a/;x=1?b=c&d=%20#e");
 }
 
-TEST_F(ShortcutFile, ACommentIsNoValue)
+TEST_F(ShortcutFile, ACommentIsNotAValue)
 {
     EXPECT_EQ(readFrom("[InternetShortcut]\r\n;URL=http://no/\r\nURL=http://a/\r\n"), L"http://a/");
 }
@@ -172,7 +172,7 @@ TEST_F(ShortcutFile, AValueIsReplacedInItsPlaceAndAllElseIsKept)
               "URL=http://new/\r\nModified=1234\r\n; the end\r\n[Last]\r\nx=y\r\n");
 }
 
-TEST_F(ShortcutFile, ANewKeyJoinsTheSectionThatIsThere)
+TEST_F(ShortcutFile, ANewKeyJoinsTheExistingSection)
 {
     folder.write(L"A.url", "[InternetShortcut]\r\nIconIndex=1\r\n[Last]\r\nx=y\r\n");
     writeTo(L"A.url", L"http://a/");
@@ -302,9 +302,9 @@ TEST_F(ShortcutFile, AFileOfALongPathIsRead)
     }
 }
 
-// Where a volume makes no short names, or they are longer than the path, nothing spells such a path in the
-// code page.
-TEST_F(ShortcutFile, APathThatNoShortNameSpellsIsReadAndWritten)
+// On a volume without short names, or when they are longer than the path, the code page cannot express such
+// a path at all.
+TEST_F(ShortcutFile, APathThatNoShortNameCoversIsReadAndWritten)
 {
     std::wstring deep = folder.path();
     for (int depth = 0; depth < 40; ++depth) {

@@ -1,7 +1,7 @@
 #include "exchange/ini_file.h"
 #include "exchange/shortcut_name.h"
 #include "store/saved_text.h"
-#include "tests/window/exchange/import_test.h"
+#include "tests/support/import_test.h"
 
 namespace fs = std::filesystem;
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr int fileDialogName = 1148; // the name field of the system's file dialog
 
-// The folder that lies beside the project as "shared"; none where it is absent.
+// The folder "shared" beside the project; none when it is missing.
 std::optional<fs::path> realShortcuts()
 {
     wchar_t program[MAX_PATH]{};
@@ -39,7 +39,7 @@ std::string trimmed(const std::string& text)
     return start == std::string::npos ? "" : text.substr(start, text.find_last_not_of(" \t\r") - start + 1);
 }
 
-// The URL that a shortcut's bytes name, worked out without the system: at most 254 bytes of it.
+// The URL in a shortcut's bytes, at most 254 bytes of it, worked out without the system.
 std::string urlIn(const std::string& bytes)
 {
     bool inSection = false;
@@ -52,7 +52,7 @@ std::string urlIn(const std::string& bytes)
         } else if (const auto sign = line.find('='); inSection && sign != std::string::npos) {
             if (lower(trimmed(line.substr(0, sign))) != "url") continue;
             std::string value = trimmed(line.substr(sign + 1));
-            // The system takes what follows a NUL for no part of the text.
+            // To the system the text ends at a NUL.
             value = trimmed(value.substr(0, value.find('\0')));
             return value.substr(0, 254);
         }
@@ -66,7 +66,7 @@ struct Expected {
     std::wstring url;
 };
 
-// Shortcuts as people keep them, taken where they lie.
+// Real shortcuts, read where they are.
 class RealShortcuts : public ImportTest {
   protected:
     void SetUp() override
@@ -104,7 +104,7 @@ class RealShortcuts : public ImportTest {
 
 TEST_F(RealShortcuts, TheirUrlsAreOfManyKinds)
 {
-    // So that the tests below are about something.
+    // Otherwise the tests below would test nothing.
     EXPECT_TRUE(std::ranges::any_of(expected, [](const Expected& site) { return site.url.empty(); }));
     EXPECT_TRUE(std::ranges::any_of(expected, [](const Expected& site) { return site.url.size() == 254; }));
     EXPECT_GT(std::ranges::count_if(expected,

@@ -1,15 +1,15 @@
 #include "tests/window/journeys/journey.h"
 
 #include "platform/controls/status_bar.h"
+#include "tests/support/dropped_object.h"
+#include "tests/support/folder_browser.h"
+#include "tests/support/html_test.h"
+#include "tests/support/import_test.h"
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/site_editor.h"
 #include "tests/support/wine.h"
-#include "tests/window/capture/dropped_object.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/exchange/folder_browser.h"
-#include "tests/window/exchange/html_test.h"
-#include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/menus_seen.h"
 #include "update/update_check.h"
 #include "update/version_report.h"
 
@@ -32,7 +32,7 @@ constexpr const wchar_t* scanLog = L"scanned.log";
 constexpr const wchar_t* exportCaption = L"Export URL File";
 constexpr const wchar_t* browseCaption = L"Browse for Folder";
 
-// The second last has letters that the western code page lacks; the last one is no answer at all.
+// The last but one has letters that the western code page lacks; the last is no answer at all.
 const std::optional<std::wstring> titleAnswers[] = {L"News", L"Tools", L"Links",        L"Zoo",      L"a*b",
                                                     L"  ",   L"x<y",   L"\u6f22\u5b57", std::nullopt};
 const std::wstring siteNames[] = {L"Alpha", L"beta", L"Caf\u00e9", L"\u0416 one", L"", L"bar|bar", L"Zulu"};
@@ -65,8 +65,8 @@ std::string joined(const ModelSites& sites)
     return joined(lines);
 }
 
-// By hand, so that the reader of the program is not its own judge. The western code page is one byte a
-// letter.
+// Written by hand, so that the program's reader is not its own judge. In the western code page every letter
+// is one byte.
 ModelSites sitesIn(const std::string& bytes)
 {
     ModelSites sites;
@@ -152,7 +152,7 @@ Walk randomWalk(std::mt19937& random, std::size_t steps)
     for (JourneyStep& step : walk) {
         step = {static_cast<Act>(random() % (static_cast<unsigned>(Act::last) + 1)), random() % 1000,
                 random() % 1000, random() % 1000};
-        // Sites have to come in faster than they go.
+        // Sites must be added faster than they are removed.
         if (random() % 4 == 0) step.act = Act::addSite;
     }
     return walk;
@@ -194,7 +194,7 @@ void JourneyTest::begin()
 std::string JourneyTest::walk(const Walk& steps)
 {
     begin();
-    const CurrentFolder there(folder.path()); // renaming needs it
+    const CurrentFolder there(folder.path()); // renaming depends on it
     std::string failure = difference();
     for (std::size_t i = 0; i < steps.size() && failure.empty(); ++i) {
         act(steps[i]);
@@ -204,7 +204,7 @@ std::string JourneyTest::walk(const Walk& steps)
                       actNames[static_cast<std::size_t>(steps[i].act)] + ": " + failure;
     }
     model_.replies.clear();
-    workspace().shown.unsaved = false; // no questions
+    workspace().shown.unsaved = false; // so that nothing is asked
     stop();
     return failure;
 }
@@ -270,7 +270,7 @@ void JourneyTest::act(const JourneyStep& step)
         const std::size_t row = step.a % model_.categories.size();
         both([&] { model_.clickCategory(row); },
              [&] {
-                 // A second click on the selected label would edit it.
+                 // A second click on a selected label would edit it.
                  if (lstCategory().isSelected(row)) lstCategory().ItemClick(row);
                  else clickRow(lstCategory(), static_cast<int>(row));
              });
@@ -410,8 +410,8 @@ void JourneyTest::removeSites(const JourneyStep& step)
 void JourneyTest::renameCategory(const JourneyStep& step)
 {
     if (!model_.shown) return command(mnuRenameCat, 0);
-    // Wine takes a label that was not changed for a cancelled one, Windows for a new one: both are right
-    // while the file is there.
+    // Wine takes an unchanged label for a cancelled edit, Windows for a new one. Both come to the same
+    // while the file exists.
     const std::wstring& now = model_.categories[*model_.shown];
     if (oneOf(titleAnswers, step.b).value_or(now) == now && !model_.files.contains(now)) return;
     const auto& title = oneOf(titleAnswers, step.b);
@@ -519,7 +519,7 @@ void JourneyTest::cancelADialog(const JourneyStep& step)
         [&] { choose(opened.entry); });
 }
 
-// Add Category from the pop-up that a click below the last row opens.
+// Chooses Add Category from the pop-up menu that opens below the last row.
 void JourneyTest::rightClickBeside(const JourneyStep& step)
 {
     const auto& title = oneOf(titleAnswers, step.b);
@@ -533,7 +533,7 @@ void JourneyTest::rightClickBeside(const JourneyStep& step)
          });
 }
 
-// ---- what leaves the lists as they are
+// ---- commands that leave the lists as they are
 
 void JourneyTest::exportSite(const JourneyStep& step)
 {
@@ -574,9 +574,9 @@ void JourneyTest::copyAddress(const JourneyStep& step)
 {
     if (lstInfo().empty()) return;
     const std::size_t row = clickSite(step.a);
-    if (model_.list[row][0].empty()) return; // one without a name is not copied
+    if (model_.list[row][0].empty()) return; // the address of a site without a name is not copied
     both([] {}, [&] { choose(mnuCopyURL); });
-    if (OpenClipboard(nullptr) == 0) return; // somebody looks into it
+    if (OpenClipboard(nullptr) == 0) return; // another program has it open
     const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
     const auto* const text = static_cast<const wchar_t*>(GlobalLock(memory));
     if (text == nullptr || text != model_.list[row][1]) complaint_ += "another address was copied; ";
@@ -610,7 +610,6 @@ void JourneyTest::checkUpdates()
 
 // ---- the disk
 
-// Two seconds pass until a save gives up.
 void JourneyTest::addWhileHeld(const JourneyStep& step)
 {
     if (!model_.shown || !model_.files.contains(model_.categories[*model_.shown]) || step.b % 4 != 0) return;

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "tests/support/store_test.h"
 #include "tests/support/test_server.h"
 #include "tests/window/journeys/journey_model.h"
-#include "tests/window/store/store_test.h"
 
 #include <random>
 
 namespace vandrel::test {
 
-// One thing that the user does. The numbers choose what with and how, whatever the state is, so that a step
-// can be left out of a walk without making the others impossible.
+// One thing that the user does. The numbers choose with what and how, whatever the state is, so that
+// leaving a step out of a walk does not make the others impossible.
 struct JourneyStep {
     enum class Act {
         clickCategory,
@@ -59,10 +59,10 @@ std::string story(const Walk& walk);
 // The program beside its model.
 class JourneyTest : public StoreTest {
   protected:
-    // Walks on a small collection made anew. What is not as the model has it, with the step's number; empty
-    // when all is.
+    // Walks on a fresh small collection. Returns what differs from the model, with the number of the step;
+    // empty when nothing does.
     std::string walk(const Walk& steps);
-    // The walk without the steps that its failure does not need.
+    // The walk without the steps that are not needed for it to fail.
     Walk shortened(Walk steps);
 
   private:
@@ -72,7 +72,7 @@ class JourneyTest : public StoreTest {
     std::string difference();
     std::string diskDifference();
 
-    // Both the model's command and the program's; what comes up is answered as the model says.
+    // Runs the model's command and the program's, and answers the windows that come up as the model says.
     template <typename Model, typename Program> void both(Model model, Program program);
     void addSite(const JourneyStep& step);
     void removeSites(const JourneyStep& step);
@@ -92,10 +92,10 @@ class JourneyTest : public StoreTest {
     void addWhileHeld(const JourneyStep& step);
     HWND startRename();
 
-    // The command by menu, key or tool bar.
+    // Gives the command by menu, key or tool bar.
     void command(int entry, unsigned way, WORD key = 0, bool shift = false, int button = 0);
     std::size_t clickSite(unsigned number);
-    // Of no scheme that the system knows, or an address that answers.
+    // An address with a scheme that the system does not know, or one that answers.
     std::wstring freshUrl() { return L"zzz:" + std::to_wstring(++urls_); }
     std::wstring freshUrl(unsigned number)
     {

@@ -19,7 +19,7 @@ std::wstring it(std::size_t count) { return count == 1 ? L"it" : L"them"; }
 bool isRefused(const std::wstring& title) { return title.find_first_of(L":\\/?*\"") != title.npos; }
 bool isBlank(const std::wstring& title) { return title.find_first_not_of(L' ') == title.npos; }
 
-// As the western code page holds it, on one line.
+// The text in the western code page, on one line.
 std::wstring stored(const std::wstring& text)
 {
     std::wstring kept;
@@ -109,7 +109,7 @@ JourneyModel::Saved JourneyModel::save()
     if (categories.empty()) {
         expect(L"No Categories", L"There are no categories. Please make a category before adding a site.",
                Button::ok);
-        // A title that is refused is asked for again; then the user gives up.
+        // After a refused title the user is asked again, and gives up.
         const bool made = makeCategory();
         if (!made && titleAnswer && !isBlank(*titleAnswer)) {
             replies.push_back({asksTitle, L"", Button::cancel, {}});
@@ -140,7 +140,7 @@ void JourneyModel::saveOrTell()
     if (save() == Saved::failed) expectError(75, L"Path/File access error");
 }
 
-// Before another category is shown.
+// What happens before another category is shown.
 bool JourneyModel::leave()
 {
     if (!unsaved || categories.empty() || save() == Saved::yes) return true;
@@ -188,7 +188,7 @@ void JourneyModel::addSite(const std::array<std::wstring, 3>& texts)
     if (saved == Saved::failed) expectError(75, L"Path/File access error");
 }
 
-// A drop that fails says nothing.
+// A drop fails without a message.
 void JourneyModel::dropLink(const std::wstring& text)
 {
     replies.push_back({L"Add Site...", L"", Button::ok, {}});
@@ -436,7 +436,7 @@ void JourneyModel::restart()
                    yes ? Button::yes : Button::no);
             if (!yes) break;
             const Saved saved = save();
-            yes = saved == Saved::yes; // once more and the user gives up
+            yes = saved == Saved::yes; // it is asked again, and the user gives up
         } else if (save() == Saved::failed) {
             expect(L"Vandrel",
                    L"The changes to \"" + categories[*shown] +

@@ -21,15 +21,15 @@ struct Reply {
 using ModelSite = std::array<std::wstring, 4>; // name, URL, description, date
 using ModelSites = std::vector<ModelSite>;
 
-// What the program is to do, told a second time and as simply as can be: lists are vectors, a file is what it holds.
-// Nothing here is taken from the program's own code.
+// What the program should do, written a second time and as simply as possible: lists are vectors, and a file
+// is its sites. Nothing here uses the program's own code.
 //
-// Each command takes the answers that the user will give, leaves the windows that are to come up in
-// `replies`, and the state as it is to be afterwards.
+// Each command takes the answers that the user will give, and leaves the windows that should come up in
+// `replies` and the state that should follow.
 class JourneyModel {
   public:
     // ---- the disk
-    std::map<std::wstring, ModelSites> files; // by title; a title without one is a file that somebody removed
+    std::map<std::wstring, ModelSites> files; // by title, without those that have been removed
     std::set<std::wstring> readOnly;          // titles
     // ---- the window
     std::vector<std::wstring> categories;
@@ -40,19 +40,19 @@ class JourneyModel {
     std::vector<std::wstring> scanLog;
     bool unsaved = false;
     std::wstring caption = L"Vandrel";
-    std::size_t focusedCategory = 0; // by the keyboard; told by the window
+    std::size_t focusedCategory = 0; // taken from the window
     std::vector<Reply> replies;
 
     std::wstring today;
-    // The user's answers: a title for "Category Name" (none: cancelled), Yes or No to questions about what is
-    // not saved.
+    // The user's answers: a title for "Category Name" (none: cancelled), and Yes or No to questions about
+    // unsaved sites.
     std::optional<std::wstring> titleAnswer;
     bool yes = true;
 
     void start();
     void clickCategory(std::size_t row);
     void addSite(const std::array<std::wstring, 3>& texts);
-    void dropLink(const std::wstring& text); // confirmed as it is
+    void dropLink(const std::wstring& text); // the editor is confirmed without changes
     void editSite(std::size_t row, const std::array<std::wstring, 3>& texts);
     void openSite(std::size_t row);
     void removeSites(const std::set<std::size_t>& rows);
@@ -66,7 +66,7 @@ class JourneyModel {
     void searchAll();
     void pageOfAll();
     void pageOfShown();
-    // Sites of the test's server answer; whatever else there is does not.
+    // Sites on the test's server answer; no others do.
     void scanAll();
     void scanSite(std::size_t row);
     void exportSite(const std::wstring& file);
@@ -92,8 +92,8 @@ class JourneyModel {
     bool check(const ModelSite& site);
     std::size_t placeFor(const ModelSite& site) const;
 
-    std::wstring newDescription_; // of the last site that was added; an import of all files takes it
-    bool held_ = false;           // the shown category's file, by another program
+    std::wstring newDescription_; // of the last site that was added; importing all files reuses it
+    bool held_ = false;           // another program has the shown category's file open
     bool sorted_ = false;
     bool descending_ = false;
     std::size_t key_ = 0;

@@ -1,6 +1,6 @@
 #include "tests/window/journeys/journey.h"
 
-#include "tests/window/endurance/own_process.h"
+#include "tests/support/own_process.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -9,17 +9,19 @@
 namespace vandrel::test {
 namespace {
 
-// Any command after any other, by whatever way, beside a model of what each is to do. VANDREL_SEED repeats a
-// run; VANDREL_ENDURANCE is the per cent of all walks, of which ./test takes a few.
+// Any command after any other, given in any way, compared with a model of what each should do. VANDREL_SEED
+// repeats a run; VANDREL_ENDURANCE is the percentage of all walks, of which ./test takes a few.
 class Journeys : public JourneyTest {
   protected:
     static constexpr int allWalks = 1000;
     static constexpr int walksOfATest = 3;
     static constexpr std::size_t stepsOfAWalk = 50;
-    static constexpr const wchar_t* partVariable = L"VANDREL_WALKS"; // the first one's seed and their number
-    // Of one process: Wine's folder dialog leaves hundreds of drawing objects behind each time.
+    // Holds the seed of the first walk and their number.
+    static constexpr const wchar_t* partVariable = L"VANDREL_WALKS";
+    // Few enough for one process: under Wine the folder dialog leaves hundreds of drawing objects behind
+    // each time.
     static constexpr int walksOfAProcess = 10;
-    static constexpr DWORD limitMilliseconds = 600'000; // of one process
+    static constexpr DWORD limitMilliseconds = 600'000; // for one process
 
     static unsigned seed()
     {
@@ -53,7 +55,7 @@ class Journeys : public JourneyTest {
     }
 };
 
-TEST_F(Journeys, WhateverTheUserDoesListsAndFilesAreAsTheModelHasThem)
+TEST_F(Journeys, WhateverTheUserDoesListsAndFilesMatchTheModel)
 {
     unsigned first = seed();
     int count = walks();

@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -88,7 +88,7 @@ TEST_F(Availability, WithSitesEverythingIsUsable)
     EXPECT_TRUE(othersAreEnabled());
 }
 
-TEST_F(Availability, WithAnEmptyCategoryTheSiteCommandsAreNot)
+TEST_F(Availability, WithAnEmptyCategoryTheSiteCommandsAreDisabled)
 {
     folder.write(L"Empty.udb", "");
     start();
@@ -97,7 +97,7 @@ TEST_F(Availability, WithAnEmptyCategoryTheSiteCommandsAreNot)
     EXPECT_TRUE(othersAreEnabled());
 }
 
-TEST_F(Availability, WithoutCategoriesNeitherAre)
+TEST_F(Availability, WithoutCategoriesTheCategoryCommandsAreDisabledToo)
 {
     start();
     EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
@@ -163,7 +163,7 @@ TEST_F(Availability, RemovingTheLastCategoryDisablesRemoveAndRenameInBothMenus)
         [&] { return categoryCommandsThatAreNot(false).empty() && siteCommandsThatAreNot(false).empty(); }));
 }
 
-TEST_F(Availability, TheFirstCategoryEnablesItsCommandsAlone)
+TEST_F(Availability, TheFirstCategoryEnablesOnlyTheCategoryCommands)
 {
     start();
     Answers answers;
@@ -174,7 +174,7 @@ TEST_F(Availability, TheFirstCategoryEnablesItsCommandsAlone)
     EXPECT_EQ(siteCommandsThatAreNot(false), noCommand);
 }
 
-TEST_F(Availability, DependsOnNoSelection)
+TEST_F(Availability, DoesNotDependOnASelection)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -185,7 +185,7 @@ TEST_F(Availability, DependsOnNoSelection)
     EXPECT_EQ(categoryCommandsThatAreNot(true), noCommand);
 }
 
-TEST_F(Availability, TicksLeaveTheMenusAloneWhileNeitherListEmptiesOrFills)
+TEST_F(Availability, TheTimerLeavesTheMenusAloneUnlessAListEmptiesOrFills)
 {
     folder.write(L"Work.udb", threeSites);
     start();

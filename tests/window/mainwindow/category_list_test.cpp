@@ -1,6 +1,6 @@
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -60,7 +60,7 @@ TEST_F(CategoryList, AnArrowKeyLoadsTheCategory)
     EXPECT_EQ(main->caption(), L"Vandrel - B");
 }
 
-TEST_F(CategoryList, TheSelectedCategoryAloneIsAnOpenFolder)
+TEST_F(CategoryList, OnlyTheSelectedCategoryIsAnOpenFolder)
 {
     startWithThree();
     EXPECT_EQ(images(), (std::vector<int>{4, 3, 3}));
@@ -108,7 +108,7 @@ TEST_F(CategoryList, AClickBelowTheLastCategoryChangesNothing)
     EXPECT_EQ(lstCategory().currentRow(), 1U);
 }
 
-TEST_F(CategoryList, TheFirstColumnClickSortsDescendingAndTheNextTurnsItRound)
+TEST_F(CategoryList, TheFirstColumnClickSortsDescendingAndTheNextReversesIt)
 {
     startWithThree();
     clickHeader(lstCategory(), 0);
@@ -128,7 +128,7 @@ TEST_F(CategoryList, SortingKeepsTheSelectedCategorySelectedAndOpen)
     EXPECT_EQ(lstInfo().count(), 2U);
 }
 
-TEST_F(CategoryList, ANewCategoryTakesItsSortedPlace)
+TEST_F(CategoryList, ANewCategoryGoesToItsSortedPlace)
 {
     startWithThree();
     clickHeader(lstCategory(), 0);

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -34,7 +34,7 @@ TEST_F(CommandLine, OpensTheEditorWithItsTextAsTheLink)
     EXPECT_EQ(shown.name, L"");
 }
 
-TEST_F(CommandLine, IsLookedAtAfterTheFirstCategoryWasLoadedAndWithTheWindowInSight)
+TEST_F(CommandLine, IsHandledOnceTheFirstCategoryIsLoadedAndTheWindowVisible)
 {
     folder.write(L"Home.udb", threeSites);
     Answers answers;
@@ -114,7 +114,7 @@ TEST_F(CommandLine, WithoutCategoriesSavingAsksForOneAndTheSiteGoesThere)
     EXPECT_EQ(column(lstCategory()), std::vector<std::wstring>{L"First"});
 }
 
-TEST_F(CommandLine, AStoredPlaceAndFontAreThereBeforeTheEditorIs)
+TEST_F(CommandLine, AStoredPlaceAndFontAreRestoredBeforeTheEditorOpens)
 {
     setPreference(L"Config", L"Left", L"1500");
     setPreference(L"Config", L"Width", L"12000");

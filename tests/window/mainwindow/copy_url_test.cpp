@@ -1,4 +1,5 @@
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
+#include "tests/support/test_clock.h"
 
 #include <algorithm>
 #include <cstring>
@@ -7,19 +8,17 @@
 namespace vandrel::test {
 namespace {
 
-constexpr DWORD moment = 150; // milliseconds; the program tries for half a second
-
-// A window of another thread that has the clipboard open, for a while or until the end of the test.
+// A window of another thread that has the clipboard open.
 class ClipboardHolder {
   public:
-    explicit ClipboardHolder(DWORD milliseconds = INFINITE)
+    ClipboardHolder()
     {
-        thread_ = std::thread([this, milliseconds] {
+        thread_ = std::thread([this] {
             const HWND window = CreateWindowW(L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
                                               nullptr);
             opened_ = OpenClipboard(window) != 0;
             SetEvent(begun_);
-            WaitForSingleObject(end_, milliseconds);
+            WaitForSingleObject(end_, INFINITE);
             if (opened_) CloseClipboard();
             DestroyWindow(window);
         });
@@ -29,10 +28,15 @@ class ClipboardHolder {
     ClipboardHolder& operator=(const ClipboardHolder&) = delete;
     ~ClipboardHolder()
     {
-        SetEvent(end_);
-        thread_.join();
+        release();
         CloseHandle(begun_);
         CloseHandle(end_);
+    }
+
+    void release()
+    {
+        SetEvent(end_);
+        if (thread_.joinable()) thread_.join();
     }
 
     bool opened() const { return opened_; }
@@ -124,7 +128,7 @@ TEST_F(CopyingAnAddress, ChangesNeitherTheDateNorTheFile)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(CopyingAnAddress, TakesItAsItIs)
+TEST_F(CopyingAnAddress, CopiesItUnchanged)
 {
     folder.write(L"Work.udb", "A|  http://a/x y%20&\xE9 |text|\r\nB||text|\r\n");
     start();
@@ -136,7 +140,7 @@ TEST_F(CopyingAnAddress, TakesItAsItIs)
     }
 }
 
-TEST_F(CopyingAnAddress, OfSeveralSelectedSitesTakesTheCurrentOnesAlone)
+TEST_F(CopyingAnAddress, OfSeveralSelectedSitesCopiesOnlyTheCurrentOnes)
 {
     startWithSites();
     selectSites({0, 1, 2});
@@ -179,11 +183,12 @@ TEST_F(CopyingAnAddress, WaitsAMomentForAProgramThatHasTheClipboardOpen)
     startWithSites();
     putOnClipboard(L"old");
     Answers none;
-    {
-        const ClipboardHolder holder(moment);
-        ASSERT_TRUE(holder.opened());
-        choose(mnuCopyURL);
-    }
+    TestClock clock;
+    ClipboardHolder holder;
+    ASSERT_TRUE(holder.opened());
+    clock.afterSleeping(150, [&] { holder.release(); });
+    choose(mnuCopyURL);
+    EXPECT_EQ(clock.slept(), 150U);
     EXPECT_ANSWERED(none);
     EXPECT_EQ(clipboardText(), L"http://c.example/");
 }
@@ -193,12 +198,14 @@ TEST_F(CopyingAnAddress, RaisesAnErrorWhenTheClipboardStaysOpenElsewhere)
     startWithSites();
     putOnClipboard(L"old");
     {
+        const TestClock clock;
         const ClipboardHolder holder;
         ASSERT_TRUE(holder.opened());
         Answers answers;
         expectErrorBox(answers, 521, L"Can't open Clipboard");
         choose(mnuCopyURL);
         EXPECT_ANSWERED(answers);
+        EXPECT_EQ(clock.slept(), 500U);
     }
     EXPECT_EQ(clipboardText(), L"old");
     choose(mnuCopyURL);

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -23,7 +23,7 @@ class DamagedPreferences : public MainWindowTest {
     std::wstring application_ = L"VandrelTest-damaged-" + std::to_wstring(GetCurrentProcessId());
 };
 
-TEST_F(DamagedPreferences, ValuesOfAnotherTypeReadAsMissing)
+TEST_F(DamagedPreferences, ValuesOfAnotherTypeCountAsMissing)
 {
     folder.write(L"Work.udb", threeSites);
     const DWORD one = 1;
@@ -58,14 +58,14 @@ TEST_F(DamagedPreferences, AValueOfAnotherTypeIsReplacedByATextAtShutdown)
     EXPECT_EQ(preference(L"Config", L"Col1"), L"2160");
 }
 
-TEST_F(DamagedPreferences, ATextWithoutItsEndIsReadUpToItsLastLetter)
+TEST_F(DamagedPreferences, ATextWithoutAFinalNulIsReadToItsLastLetter)
 {
     setRaw(L"Options", L"FontName", REG_SZ, L"Tahoma", 12);
     start();
     EXPECT_EQ(main->workspace().options.font.name, L"Tahoma");
 }
 
-TEST_F(DamagedPreferences, AFontSizeBelowNoughtGivesAFontThatCanBeRead)
+TEST_F(DamagedPreferences, AFontSizeBelowZeroGivesALegibleFont)
 {
     setPreference(L"Options", L"FontSize", L"-3");
     start();
@@ -76,7 +76,7 @@ TEST_F(DamagedPreferences, AFontSizeBelowNoughtGivesAFontThatCanBeRead)
     EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(main->dpi()), 72));
 }
 
-TEST_F(DamagedPreferences, AFontNameThatNoFontHasStillShowsTexts)
+TEST_F(DamagedPreferences, AnUnknownFontNameStillShowsTexts)
 {
     setPreference(L"Options", L"FontName", std::wstring(500, L'x'));
     start();
@@ -85,7 +85,7 @@ TEST_F(DamagedPreferences, AFontNameThatNoFontHasStillShowsTexts)
     EXPECT_EQ(preference(L"Options", L"FontName"), std::wstring(500, L'x'));
 }
 
-TEST_F(DamagedPreferences, AColumnWidthThatIsNoNumberGivesTheFallback)
+TEST_F(DamagedPreferences, AColumnWidthThatIsNotANumberGivesTheFallback)
 {
     for (const wchar_t* const key : {L"Col1", L"Col2", L"Col3", L"Col4"})
         setPreference(L"Config", key, L"abc");

@@ -1,15 +1,9 @@
 #include "platform/controls/font.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
-
-LOGFONTW fontOf(HWND window)
-{
-    LOGFONTW font{};
-    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
-    return font;
-}
 
 class DisplayFontOfTheWindow : public MainWindowTest {
   protected:
@@ -23,29 +17,16 @@ class DisplayFontOfTheWindow : public MainWindowTest {
         folder.write(L"Work.udb", threeSites);
         start();
     }
-    // The controls, and those that they are made of and that show texts.
-    std::vector<HWND> windows()
-    {
-        std::vector<HWND> all;
-        for (Control* const control : main->controls()) all.push_back(control->handle());
-        for (ListView* const list : {&lstCategory(), &lstInfo()}) {
-            all.push_back(reinterpret_cast<HWND>(SendMessageW(list->handle(), LVM_GETHEADER, 0, 0)));
-        }
-        all.push_back(FindWindowExW(main->searchPanel().cmbSearch.handle(), nullptr, L"Edit", nullptr));
-        return all;
-    }
-    HFONT listFont() { return reinterpret_cast<HFONT>(SendMessageW(lstInfo().handle(), WM_GETFONT, 0, 0)); }
+    HFONT listFont() { return fontHandleOf(lstInfo().handle()); }
     int lineHeight() { return textSize(listFont(), L"Ágjpqy").cy; }
 };
 
 TEST_F(DisplayFontOfTheWindow, ReachesEveryControl)
 {
     startWith(L"Tahoma", 11, true, true, 255);
-    for (const HWND window : windows()) {
+    for (const HWND window : windowsWithTexts(*main)) {
         const LOGFONTW font = fontOf(window);
-        wchar_t name[40]{};
-        GetClassNameW(window, name, 40);
-        EXPECT_STREQ(font.lfFaceName, L"Tahoma") << testing::PrintToString(std::wstring(name));
+        EXPECT_STREQ(font.lfFaceName, L"Tahoma") << testing::PrintToString(classOf(window));
         EXPECT_EQ(font.lfHeight, -MulDiv(11, static_cast<int>(main->dpi()), 72));
         EXPECT_EQ(font.lfWeight, FW_BOLD);
         EXPECT_EQ(font.lfItalic, TRUE);
@@ -55,7 +36,7 @@ TEST_F(DisplayFontOfTheWindow, ReachesEveryControl)
 TEST_F(DisplayFontOfTheWindow, IsArialAtEightPointsUprightOnAFirstRun)
 {
     start();
-    for (const HWND window : windows()) {
+    for (const HWND window : windowsWithTexts(*main)) {
         const LOGFONTW font = fontOf(window);
         EXPECT_STREQ(font.lfFaceName, L"Arial");
         EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(main->dpi()), 72));

@@ -1,5 +1,5 @@
 #include "shared/vendor.h"
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -29,20 +29,20 @@ TEST_F(HelpCommand, OpensTheHelpPageBesideTheProgram)
     EXPECT_EQ(recorder.linesOf(1), Lines{recorder.opening(folder.path() + L"\\help.html")});
 }
 
-TEST_F(HelpCommand, WithoutTheHelpPageTellsOnTwoLinesWhereThereIsOne)
+TEST_F(HelpCommand, WithoutTheHelpPageSaysOnTwoLinesWhereToFindOne)
 {
     start();
     expectItIsMissing();
 }
 
-TEST_F(HelpCommand, TakesAFolderForNoHelpPage)
+TEST_F(HelpCommand, DoesNotMistakeAFolderForTheHelpPage)
 {
     makeFolder(L"help.html");
     start();
     expectItIsMissing();
 }
 
-TEST_F(HelpCommand, TheMessageHasAnOkButtonAloneAndTheMainWindowBehindIt)
+TEST_F(HelpCommand, TheMessageHasOnlyAnOkButtonAndBelongsToTheMainWindow)
 {
     start();
     Answers answers;

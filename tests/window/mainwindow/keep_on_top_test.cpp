@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -21,7 +21,7 @@ class KeepOnTopSetting : public MainWindowTest {
     }
 };
 
-TEST_F(KeepOnTopSetting, PutsTheWindowIntoTheTopmostLayerAndIsSavedAtOnce)
+TEST_F(KeepOnTopSetting, MakesTheWindowTopmostAndIsSavedAtOnce)
 {
     start();
     ASSERT_EQ(GetWindow(toolTips(), GW_OWNER), main->handle())
@@ -34,7 +34,7 @@ TEST_F(KeepOnTopSetting, PutsTheWindowIntoTheTopmostLayerAndIsSavedAtOnce)
     EXPECT_EQ(GetWindow(toolTips(), GW_OWNER), main->handle());
 }
 
-TEST_F(KeepOnTopSetting, ChosenTwiceLeavesTheNormalLayerAndAStoredNought)
+TEST_F(KeepOnTopSetting, ChosenTwiceLeavesTheWindowNormalAndStoresZero)
 {
     start();
     main->run(mnuKeepTop);
@@ -72,7 +72,7 @@ TEST_F(KeepOnTopSetting, IsNotWrittenAtShutdown)
     EXPECT_EQ(preference(L"Config", L"KeepTop"), L"0");
 }
 
-TEST_F(KeepOnTopSetting, SiteDialogsStandInFrontAndTheWindowIsTopmostAgainAfterThem)
+TEST_F(KeepOnTopSetting, SiteDialogsAreInFrontAndTheWindowIsTopmostAgainAfterThem)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -103,7 +103,7 @@ TEST_F(KeepOnTopSetting, SiteDialogsStandInFrontAndTheWindowIsTopmostAgainAfterT
     }
 }
 
-TEST_F(KeepOnTopSetting, TheToolBarsSiteEditorStandsInFrontToo)
+TEST_F(KeepOnTopSetting, TheToolBarsSiteEditorIsInFrontToo)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -118,7 +118,7 @@ TEST_F(KeepOnTopSetting, TheToolBarsSiteEditorStandsInFrontToo)
     EXPECT_TRUE(isOnTop());
 }
 
-TEST_F(KeepOnTopSetting, WithoutItADialogLeavesTheWindowInTheNormalLayer)
+TEST_F(KeepOnTopSetting, WhenOffADialogLeavesTheWindowNormal)
 {
     start();
     Answers answers;
@@ -128,7 +128,7 @@ TEST_F(KeepOnTopSetting, WithoutItADialogLeavesTheWindowInTheNormalLayer)
     EXPECT_FALSE(isOnTop());
 }
 
-TEST_F(KeepOnTopSetting, TheEditorForACommandLineStandsInFrontToo)
+TEST_F(KeepOnTopSetting, TheEditorForACommandLineIsInFrontToo)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     folder.write(L"Work.udb", threeSites);

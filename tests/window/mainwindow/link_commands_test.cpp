@@ -1,7 +1,7 @@
 #include "tests/support/input.h"
+#include "tests/support/link_test.h"
 #include "tests/support/list_clicks.h"
-#include "tests/window/mainwindow/link_test.h"
-#include "tests/window/mainwindow/menus_seen.h"
+#include "tests/support/menus_seen.h"
 
 namespace vandrel::test {
 namespace {
@@ -78,7 +78,7 @@ TEST_F(LinkCommands, ThePopUpOpensTheSite)
 
 TEST_F(LinkCommands, ThePopUpOpensTheSiteInANewWindow)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, recorder.program());
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", recorder.program());
     popUp({VK_DOWN, VK_DOWN, VK_RETURN});
     EXPECT_EQ(recorder.linesOf(1), Lines{recorder.program() + L" http://c.example/"});
     EXPECT_EQ(folder.read(L"Work.udb"), threeSitesWithTheSecondOpened());
@@ -114,7 +114,7 @@ TEST_F(LinkCommands, ThePopUpShowsTheProperties)
     EXPECT_ANSWERED(answers);
 }
 
-TEST_F(LinkCommands, F1LooksForTheHelpPage)
+TEST_F(LinkCommands, F1OpensTheHelpPage)
 {
     Answers answers;
     answers.expect(L"Error Opening Help", [](HWND box) { press(box, IDOK); });

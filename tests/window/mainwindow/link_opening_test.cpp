@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -15,7 +15,7 @@ TEST_F(OpeningASite, HandsItsAddressToTheShell)
     EXPECT_EQ(recorder.linesOf(1), Lines{recorder.opening(L"http://c.example/")});
 }
 
-TEST_F(OpeningASite, HandsTheAddressOverAsItIsWritten)
+TEST_F(OpeningASite, HandsTheAddressOverUnchanged)
 {
     const std::wstring address = L"http://c.example/a b%20c?q=1&r=%41#part";
     folder.write(L"Work.udb", "A|" + std::string(address.begin(), address.end()) + "||\r\n");
@@ -44,7 +44,7 @@ TEST_F(OpeningASite, AsksForTheDateEachTime)
               std::string::npos);
 }
 
-TEST_F(OpeningASite, ThatNothingCanOpenDatesItAllTheSameWithoutAWord)
+TEST_F(OpeningASite, ThatNothingCanOpenDatesItWithoutAMessage)
 {
     for (const std::string address : {"nobody-knows-this://x", "", "word", "C:\\no\\such\\file.txt"}) {
         folder.write(L"Work.udb", "A|" + address + "|x|1/1/2001\r\n");
@@ -89,7 +89,7 @@ TEST_F(OpeningASite, KeepsTheSelectionAndThePlaceInTheList)
     EXPECT_EQ(lstInfo().count(), 300U);
 }
 
-TEST_F(OpeningASite, OfSeveralSelectedOnesOpensTheCurrentAlone)
+TEST_F(OpeningASite, OfSeveralSelectedOnesOpensOnlyTheCurrent)
 {
     startWithSites();
     selectSites({0, 2, 1});
@@ -101,7 +101,7 @@ TEST_F(OpeningASite, OfSeveralSelectedOnesOpensTheCurrentAlone)
               (Lines{recorder.opening(L"http://c.example/"), recorder.opening(L"http://last.example/")}));
 }
 
-TEST_F(OpeningASite, InAListSortedByDateStaysTheOneThatIsSelected)
+TEST_F(OpeningASite, InAListSortedByDateKeepsItSelected)
 {
     startWithSites();
     siteRows().sortBy(3, SortOrder::descending);

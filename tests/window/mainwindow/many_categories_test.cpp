@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 #include <algorithm>
 

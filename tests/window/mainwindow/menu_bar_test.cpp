@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 #include <set>
 
@@ -104,7 +104,7 @@ constexpr int barNames[] = {
     mnuCheckUpdates,
 };
 
-TEST_F(MenuBar, HasEveryCaptionKeySeparatorAndSubmenuInItsPlace)
+TEST_F(MenuBar, HasEveryCaptionKeySeparatorAndSubmenu)
 {
     start();
     EXPECT_EQ(treeOf(GetMenu(main->handle())), expectedBar);
@@ -118,7 +118,7 @@ TEST_F(MenuBar, EachEntryAnswersToItsOwnName)
     EXPECT_EQ(ids, std::vector<int>(std::begin(barNames), std::end(barNames)));
 }
 
-TEST_F(MenuBar, NoIdIsGivenTwiceNotEvenInThePopUps)
+TEST_F(MenuBar, NoIdOccursTwiceNotEvenInThePopUps)
 {
     folder.write(L"A.udb", "");
     folder.write(L"B.udb", "");
@@ -132,7 +132,7 @@ TEST_F(MenuBar, NoIdIsGivenTwiceNotEvenInThePopUps)
     EXPECT_EQ(ids.size(), 45U + 14U + 2U + 4U);
 }
 
-TEST_F(MenuBar, NothingIsCheckedBeforeAnythingWasChosen)
+TEST_F(MenuBar, NothingIsCheckedAtFirst)
 {
     start();
     for (const MenuItem& item : allItemsOf(GetMenu(main->handle()))) {
@@ -140,7 +140,7 @@ TEST_F(MenuBar, NothingIsCheckedBeforeAnythingWasChosen)
     }
 }
 
-TEST_F(MenuBar, ThePopUpMenusShowOnNoBar)
+TEST_F(MenuBar, ThePopUpMenusAreNotOnTheBar)
 {
     start();
     for (const MenuItem& item : itemsOf(GetMenu(main->handle()))) {

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -19,7 +19,7 @@ class OpeningInANewWindow : public LinkTest {
 
 TEST_F(OpeningInANewWindow, StartsTheSystemsBrowserWithTheAddress)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, recorder.program());
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", recorder.program());
     startWithSites();
     choose(mnuOpenNew);
     EXPECT_EQ(recorder.linesOf(1), Lines{recorder.program() + L" http://c.example/"});
@@ -30,7 +30,7 @@ TEST_F(OpeningInANewWindow, FindsABrowserWithBlanksInItsPathAndDoesNotQuoteTheAd
     const TempFolder programs(L"a browser");
     const std::wstring path = programs.file(L"my browser.exe");
     ASSERT_TRUE(CopyFileW(recorder.program().c_str(), path.c_str(), TRUE));
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, path);
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", path);
     folder.write(L"Work.udb", "A|http://a/x y%20z \"q\"||\r\n");
     start();
     lstInfo().select(0);
@@ -44,7 +44,7 @@ TEST_F(OpeningInANewWindow, FindsABrowserWithBlanksInItsPathAndDoesNotQuoteTheAd
 
 TEST_F(OpeningInANewWindow, DatesTheSiteTodayAndSavesAtOnce)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, recorder.program());
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", recorder.program());
     startWithSites();
     choose(mnuOpenNew);
     EXPECT_EQ(lstInfo().text(1, 3), L"11/16/2002");
@@ -54,28 +54,28 @@ TEST_F(OpeningInANewWindow, DatesTheSiteTodayAndSavesAtOnce)
 
 TEST_F(OpeningInANewWindow, WithoutABrowserRaisesAnErrorAndChangesNothing)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, std::nullopt);
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", std::nullopt);
     startWithSites();
     expectItCannotBeStarted();
 }
 
 TEST_F(OpeningInANewWindow, WithAnEmptyBrowserPathRaisesAnErrorAndChangesNothing)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, L"");
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", L"");
     startWithSites();
     expectItCannotBeStarted();
 }
 
 TEST_F(OpeningInANewWindow, WithAWrongBrowserPathRaisesAnErrorAndChangesNothing)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, folder.file(L"no browser.exe"));
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", folder.file(L"no browser.exe"));
     startWithSites();
     expectItCannotBeStarted();
 }
 
 TEST_F(OpeningInANewWindow, WithNoneSelectedDoesNothing)
 {
-    const RegistryDefault browser(HKEY_LOCAL_MACHINE, browserKey, recorder.program());
+    const RegistryValue browser(HKEY_LOCAL_MACHINE, browserKey, L"", recorder.program());
     startWithSites();
     lstInfo().clearSelection();
     Answers none;

@@ -1,6 +1,6 @@
 #include "tests/support/input.h"
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 #include <map>
 
@@ -68,13 +68,13 @@ class PopUpMenus : public MainWindowTest {
     }
 };
 
-TEST_F(PopUpMenus, TheSiteListsHasEveryEntryInItsPlace)
+TEST_F(PopUpMenus, TheSiteListsMenuHasEveryEntry)
 {
     startWithTwoCategories();
     EXPECT_EQ(sitePopUpTree(), expectedSitePopUp);
 }
 
-TEST_F(PopUpMenus, OpenUrlIsTheBoldDefaultOfTheSiteListsAlone)
+TEST_F(PopUpMenus, OpenUrlIsTheBoldDefaultOfTheSiteListsMenuOnly)
 {
     startWithTwoCategories();
     std::vector<std::wstring> defaults;
@@ -88,7 +88,7 @@ TEST_F(PopUpMenus, OpenUrlIsTheBoldDefaultOfTheSiteListsAlone)
     EXPECT_EQ(defaults, std::vector<std::wstring>{L"&Open URL"});
 }
 
-TEST_F(PopUpMenus, TheCategoryListsHasItsFourEntriesAndNoDefault)
+TEST_F(PopUpMenus, TheCategoryListsMenuHasItsFourEntriesAndNoDefault)
 {
     startWithTwoCategories();
     std::string tree;
@@ -147,7 +147,7 @@ TEST_F(PopUpMenus, ASiteCannotBeMovedToTheCategoryItIsIn)
     EXPECT_EQ(moveEntries(), (std::map<std::wstring, bool>{{L"Home", true}, {L"Work", false}}));
 }
 
-TEST_F(PopUpMenus, TitlesAreComparedToTheLetterForMoveTo)
+TEST_F(PopUpMenus, TitlesAreComparedExactlyForMoveTo)
 {
     startWithTwoCategories();
     Answers answers;
@@ -158,7 +158,7 @@ TEST_F(PopUpMenus, TitlesAreComparedToTheLetterForMoveTo)
               (std::map<std::wstring, bool>{{L"Home", false}, {L"Work", true}, {L"home page", true}}));
 }
 
-TEST_F(PopUpMenus, AnAmpersandInATitleIsNoAccessKeyOfMoveTo)
+TEST_F(PopUpMenus, AnAmpersandInATitleIsNotAnAccessKeyInMoveTo)
 {
     folder.write(L"R&D.udb", threeSites);
     start();
@@ -183,7 +183,7 @@ TEST_F(PopUpMenus, ChoosingAMoveEntryMovesTheSiteThere)
     EXPECT_EQ(main->caption(), L"Vandrel - Home");
 }
 
-TEST_F(PopUpMenus, TheirEntriesRunWhatTheBarRuns)
+TEST_F(PopUpMenus, TheirEntriesRunTheSameAsThoseOfTheBar)
 {
     startWithTwoCategories();
     lstInfo().select(0);
@@ -266,7 +266,7 @@ TEST_F(PopUpMenus, ARightClickBelowTheLastCategoryLeavesTheShownOneSelected)
                                             "Alpha|http://c.example/|first|10/1/2002\r\n");
 }
 
-TEST_F(PopUpMenus, TheCategoryPopUpOpenedThereActsOnTheShownCategory)
+TEST_F(PopUpMenus, TheCategoryPopUpBelowTheLastRowActsOnTheShownCategory)
 {
     startWithTwoCategories();
     Answers answers;
@@ -277,7 +277,7 @@ TEST_F(PopUpMenus, TheCategoryPopUpOpenedThereActsOnTheShownCategory)
     EXPECT_EQ(folder.names(), std::vector<std::wstring>{L"Work.udb"});
 }
 
-TEST_F(PopUpMenus, RenameFromThereEditsTheShownCategory)
+TEST_F(PopUpMenus, RenameFromBelowTheLastRowEditsTheShownCategory)
 {
     startWithTwoCategories();
     const MenuVisit visit([](HMENU) {}, {VK_UP, VK_RETURN});
@@ -304,7 +304,7 @@ TEST_F(PopUpMenus, ASaveGoesToTheShownCategoryThoughTheNativeListHasNoneSelected
 }
 
 // Windows reports the right click from within its press; nothing runs there.
-TEST_F(PopUpMenus, NothingRunsWithinTheReportOfARightClick)
+TEST_F(PopUpMenus, NoCommandRunsInsideTheNotificationOfARightClick)
 {
     startWithTwoCategories();
     NMITEMACTIVATE click{};

@@ -1,5 +1,5 @@
 #include "platform/windows/topmost.h"
-#include "tests/window/mainwindow/link_test.h"
+#include "tests/support/link_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -72,7 +72,7 @@ TEST_F(PropertiesCommand, ChangesNothing)
     EXPECT_EQ(folder.read(L"Work.udb"), threeSites);
 }
 
-TEST_F(PropertiesCommand, ItsDialogDoesNotTakeTheDisplayFont)
+TEST_F(PropertiesCommand, ItsDialogDoesNotUseTheDisplayFont)
 {
     startWithSites();
     workspace().options.font.name = L"Times New Roman";
@@ -99,7 +99,7 @@ TEST_F(PropertiesCommand, WithNoneSelectedShowsNothing)
     EXPECT_ANSWERED(none);
 }
 
-TEST_F(PropertiesCommand, ItsDialogStandsInFrontOfAWindowThatIsKeptOnTop)
+TEST_F(PropertiesCommand, ItsDialogIsInFrontOfAWindowThatIsKeptOnTop)
 {
     setPreference(L"Config", L"KeepTop", L"1");
     startWithSites();
@@ -116,7 +116,7 @@ TEST_F(PropertiesCommand, ItsDialogStandsInFrontOfAWindowThatIsKeptOnTop)
     EXPECT_TRUE(isTopmost(main->handle()));
 }
 
-TEST_F(PropertiesCommand, DoesNotPutAWindowOnTopThatWasNot)
+TEST_F(PropertiesCommand, DoesNotMakeAWindowTopmostThatWasNot)
 {
     startWithSites();
     Answers answers;

@@ -1,5 +1,5 @@
 #include "tests/support/pixels.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {

@@ -1,5 +1,5 @@
 #include "tests/support/message_watch.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -47,7 +47,7 @@ TEST_F(Resize, ColumnsThatWereDraggedKeepTheirWidthsAtAnotherScale)
     }
 }
 
-TEST_F(Resize, FollowsTheArithmetic)
+TEST_F(Resize, FollowsTheLayoutRules)
 {
     startWith(12000, 9000);
     for (const SIZE size : {SIZE{1000, 700}, SIZE{700, 500}, SIZE{1200, 900}}) {
@@ -154,7 +154,7 @@ TEST_F(Resize, MinimisedChangesNothingAndRestoringLaysOutAgain)
     EXPECT_EQ(sites().left, before.left);
 }
 
-TEST_F(Resize, MaximisedFollowsTheArithmeticToo)
+TEST_F(Resize, MaximisedFollowsTheLayoutRulesToo)
 {
     startWith(12000, 9000);
     ShowWindow(main->handle(), SW_MAXIMIZE);
@@ -186,7 +186,7 @@ TEST_F(Resize, FreezesTheWindowWhileItMovesTheControls)
     EXPECT_TRUE(frozen);
 }
 
-TEST_F(Resize, AtTheSmallestSizeNothingLiesOverAnythingElse)
+TEST_F(Resize, AtTheSmallestSizeNothingOverlaps)
 {
     startWith(9135, 5685);
     const HWND windows[] = {lstCategory().handle(),       splitterBar(*main),
@@ -207,7 +207,7 @@ TEST_F(Resize, AtTheSmallestSizeNothingLiesOverAnythingElse)
     }
 }
 
-TEST_F(Resize, TheSearchBoxAndItsButtonStandSideBySideWithinTheirPanel)
+TEST_F(Resize, TheSearchBoxAndItsButtonAreSideBySideInTheirPanel)
 {
     startWith(9135, 5685);
     const RECT panel = clientOf(main->searchPanel().handle());

@@ -1,7 +1,7 @@
 #include "store/site_operations.h"
 #include "tests/support/input.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 #include <algorithm>
 #include <tuple>
@@ -151,7 +151,7 @@ TEST_F(Shortcuts, DelInTheSearchBoxDeletesALetter)
     EXPECT_EQ(lstInfo().count(), 3U);
 }
 
-TEST_F(Shortcuts, InTheSearchBoxOnlyTheKeysThatEditItsTextAreNoCommands)
+TEST_F(Shortcuts, InTheSearchBoxOnlyEditingKeysAreNotCommands)
 {
     startWithSites();
     main->searchPanel().cmbSearch.setFocus();
@@ -161,7 +161,7 @@ TEST_F(Shortcuts, InTheSearchBoxOnlyTheKeysThatEditItsTextAreNoCommands)
     }
 }
 
-TEST_F(Shortcuts, OtherKeysOfTheSearchBoxStayItsOwn)
+TEST_F(Shortcuts, TheSearchBoxKeepsItsOtherKeys)
 {
     startWithSites();
     ComboBox& box = main->searchPanel().cmbSearch;
@@ -233,7 +233,7 @@ TEST_F(Shortcuts, DelInALabelDeletesALetter)
     pressKey(VK_ESCAPE);
 }
 
-TEST_F(Shortcuts, InALabelOnlyTheKeysThatEditNothingAreCommands)
+TEST_F(Shortcuts, InALabelOnlyKeysThatDoNotEditAreCommands)
 {
     startWithSites();
     main->run(mnuRenameCat);
@@ -244,7 +244,7 @@ TEST_F(Shortcuts, InALabelOnlyTheKeysThatEditNothingAreCommands)
     pressKey(VK_ESCAPE);
 }
 
-TEST_F(Shortcuts, KeysInADialogAreNoCommandsOfTheMainWindow)
+TEST_F(Shortcuts, KeysInADialogAreNotCommandsOfTheMainWindow)
 {
     startWithSites();
     lstInfo().select(1);

@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -50,7 +50,7 @@ TEST_F(Shutdown, WritesTheDefaultsOfAFirstRunToo)
     EXPECT_EQ(config(L"KeepTop"), L"");
 }
 
-TEST_F(Shutdown, TheOptionsAreWrittenOnlyThen)
+TEST_F(Shutdown, TheOptionsAreNotWrittenEarlier)
 {
     start();
     main->workspace().options.font.size = 12;
@@ -59,7 +59,7 @@ TEST_F(Shutdown, TheOptionsAreWrittenOnlyThen)
     EXPECT_EQ(option(L"FontSize"), L"12");
 }
 
-TEST_F(Shutdown, WritesThePlaceThatTheWindowHasThen)
+TEST_F(Shutdown, WritesTheCurrentPlaceOfTheWindow)
 {
     start();
     SetWindowPos(main->handle(), nullptr, 50, 40, 900, 500, SWP_NOZORDER);
@@ -71,7 +71,7 @@ TEST_F(Shutdown, WritesThePlaceThatTheWindowHasThen)
     EXPECT_EQ(config(L"Height"), L"7500");
 }
 
-TEST_F(Shutdown, WritesTheColumnsThatTheListHasThen)
+TEST_F(Shutdown, WritesTheCurrentColumnsOfTheList)
 {
     start();
     const int pixels[] = {101, 77, 33, 20};
@@ -83,7 +83,7 @@ TEST_F(Shutdown, WritesTheColumnsThatTheListHasThen)
     EXPECT_EQ(config(L"Col4"), L"300");
 }
 
-TEST_F(Shutdown, AColumnThatNobodyDraggedKeepsItsFraction)
+TEST_F(Shutdown, AColumnThatWasNotDraggedKeepsItsFraction)
 {
     setPreference(L"Config", L"Col1", L"2160.5");
     start();
@@ -91,7 +91,7 @@ TEST_F(Shutdown, AColumnThatNobodyDraggedKeepsItsFraction)
     EXPECT_EQ(config(L"Col1"), L"2160.5");
 }
 
-TEST_F(Shutdown, WhileMinimisedLeftAndTopAreNought)
+TEST_F(Shutdown, WhileMinimisedLeftAndTopAreZero)
 {
     setPreference(L"Config", L"Left", L"1500");
     setPreference(L"Config", L"Top", L"1500");
@@ -107,7 +107,7 @@ TEST_F(Shutdown, WhileMinimisedLeftAndTopAreNought)
     EXPECT_EQ(config(L"Height"), std::to_wstring(std::lround(heightOf(minimised) * 1440.0 / dpi)));
 }
 
-TEST_F(Shutdown, AfterOneWhileMinimisedTheWindowComesBackInTheSmallestSize)
+TEST_F(Shutdown, AfterShutdownWhileMinimisedTheWindowComesBackInTheSmallestSize)
 {
     start();
     ShowWindow(main->handle(), SW_MINIMIZE);
@@ -161,7 +161,7 @@ TEST_F(Shutdown, AsksNothingAndEndsTheProgram)
     EXPECT_EQ(folder.read(L"Work.udb"), threeSites);
 }
 
-TEST_F(Shutdown, AStoreThatTakesNothingIsToldAndTheWindowClosesAllTheSame)
+TEST_F(Shutdown, AFailingStoreIsReportedAndTheWindowClosesAllTheSame)
 {
     store = SettingsStore(std::wstring(300, L'x')); // longer than a key's name can be
     start();
@@ -178,7 +178,7 @@ TEST_F(Shutdown, AStoreThatTakesNothingIsToldAndTheWindowClosesAllTheSame)
     EXPECT_EQ(told.rfind(L"Run-time error '", 0), 0U) << testing::PrintToString(told);
 }
 
-TEST_F(Shutdown, AViewSettingThatCannotBeSavedIsToldAndStillTakesEffect)
+TEST_F(Shutdown, AViewSettingThatCannotBeSavedIsReportedAndStillTakesEffect)
 {
     store = SettingsStore(std::wstring(300, L'x'));
     start();
@@ -189,7 +189,7 @@ TEST_F(Shutdown, AViewSettingThatCannotBeSavedIsToldAndStillTakesEffect)
     EXPECT_TRUE(lstInfo().gridLines());
 }
 
-TEST_F(Shutdown, WhileADialogWaitsEndsTheDialogAndSavesNothingOfIt)
+TEST_F(Shutdown, WhileADialogIsOpenEndsItAndSavesNothingOfIt)
 {
     folder.write(L"Work.udb", threeSites);
     const std::pair<int, const wchar_t*> dialogs[] = {

@@ -1,6 +1,6 @@
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -86,7 +86,7 @@ TEST_F(SiteList, AClickOnEmptySpaceLeavesTheStatusBar)
     EXPECT_EQ(panel(3), L"URL: http://c.example/  ");
 }
 
-TEST_F(SiteList, ALongTextIsShownWhole)
+TEST_F(SiteList, ALongTextIsShownInFull)
 {
     const std::string longName(600, 'n');
     folder.write(L"Work.udb", longName + "|http://x/||\r\n");
@@ -107,7 +107,7 @@ TEST_P(SiteListColumns, TheFirstClickSortsThatColumnDescending)
     EXPECT_TRUE(std::ranges::is_sorted(sorted, std::ranges::greater()));
 }
 
-TEST_F(SiteList, TheOrderTurnsRoundOnEveryClickWhicheverColumn)
+TEST_F(SiteList, EveryClickReversesTheOrderWhicheverTheColumn)
 {
     startWithSites();
     clickHeader(lstInfo(), 0);

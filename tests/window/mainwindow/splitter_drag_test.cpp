@@ -55,7 +55,7 @@ TEST_F(SplitterDrag, TheBarFollowsTheMouseAndTheListsFollowTheBar)
     EXPECT_EQ(place().left, before + 55);
 }
 
-TEST_F(SplitterDrag, TheDescriptionColumnGoesByTheListsWidthBeforeItAndDoesNotCountTheDate)
+TEST_F(SplitterDrag, TheDescriptionColumnDependsOnTheWidthBeforeItAndIgnoresTheDate)
 {
     setPreference(L"Config", L"Col4", L"900");
     start();
@@ -123,7 +123,7 @@ TEST_F(SplitterDrag, TheReleaseLeavesABarAbove60WhereItIs)
     EXPECT_EQ(widthOf(categories()), p(2340) - 100);
 }
 
-TEST_F(SplitterDrag, BeyondTheRightEdgeTheSiteListIsNothingWide)
+TEST_F(SplitterDrag, BeyondTheRightEdgeTheSiteListHasNoWidth)
 {
     start();
     press(2);
@@ -172,7 +172,7 @@ TEST_F(SplitterDrag, AnyButtonSetsTheAnchor)
     release(0);
 }
 
-TEST_F(SplitterDrag, HeldKeysDoNotHinderTheDrag)
+TEST_F(SplitterDrag, KeysHeldDownDoNotHinderTheDrag)
 {
     start();
     const LONG before = place().left;
@@ -182,7 +182,7 @@ TEST_F(SplitterDrag, HeldKeysDoNotHinderTheDrag)
     release(2);
 }
 
-TEST_F(SplitterDrag, TheMouseIsTheBarsUntilTheRelease)
+TEST_F(SplitterDrag, TheBarHasTheMouseUntilTheRelease)
 {
     start();
     press(2);
@@ -191,7 +191,7 @@ TEST_F(SplitterDrag, TheMouseIsTheBarsUntilTheRelease)
     EXPECT_NE(GetCapture(), bar());
 }
 
-TEST_F(SplitterDrag, WhatTakesTheMouseAwayEndsItAsARelease)
+TEST_F(SplitterDrag, LosingTheMouseEndsItLikeARelease)
 {
     start();
     const auto takeMouse = [&] { SetCapture(lstInfo().handle()); };
@@ -214,7 +214,7 @@ TEST_F(SplitterDrag, WhatTakesTheMouseAwayEndsItAsARelease)
     }
 }
 
-TEST_F(SplitterDrag, EndsOnce)
+TEST_F(SplitterDrag, EndsOnlyOnce)
 {
     TestWindow parent;
     parent.show();
@@ -268,7 +268,7 @@ TEST_F(SplitterDrag, FreezesTheWindowWhileItMovesTheControls)
     EXPECT_TRUE(frozen);
 }
 
-TEST_F(SplitterDrag, ShowsTheCursorThatTellsOfIt)
+TEST_F(SplitterDrag, ShowsTheResizeCursor)
 {
     start();
     EXPECT_EQ(reinterpret_cast<HCURSOR>(GetClassLongPtrW(bar(), GCLP_HCURSOR)),

@@ -80,7 +80,7 @@ TEST_F(SplitterKeys, OtherKeysLeaveItWhereItIs)
     EXPECT_EQ(place().left, before);
 }
 
-TEST_F(SplitterKeys, InAFieldTheyBelongToTheText)
+TEST_F(SplitterKeys, InATextFieldTheKeysEditTheText)
 {
     start();
     const LONG before = place().left;
@@ -95,7 +95,7 @@ TEST_F(SplitterKeys, InAFieldTheyBelongToTheText)
     EXPECT_TRUE(lstCategory().editingLabel());
 }
 
-TEST_F(SplitterKeys, WhereTheMousePressedLastMakesNoDifference)
+TEST_F(SplitterKeys, TheLastMousePressMakesNoDifference)
 {
     start();
     SendMessageW(bar(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 10));

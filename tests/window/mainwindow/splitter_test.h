@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 

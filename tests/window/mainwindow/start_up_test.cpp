@@ -1,6 +1,6 @@
 #include "mainwindow/known_paths.h"
 #include "platform/base/scope_exit.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -27,7 +27,7 @@ TEST_F(StartUp, TheFirstCategoryIsSelectedAndLoaded)
     EXPECT_EQ(lstInfo().count(), lstCategory().text(0) == L"Home" ? 3U : 1U);
 }
 
-TEST_F(StartUp, OnlyFilesWithTheExtensionToTheLetterAreCategories)
+TEST_F(StartUp, OnlyFilesWithExactlyTheExtensionAreCategories)
 {
     folder.write(L"My.Links.udb", "");
     folder.write(L"Notes.txt", "");
@@ -78,7 +78,7 @@ TEST_F(StartUp, AFirstRunHasTheFallbackColumnsAndNoDate)
     EXPECT_NEAR(static_cast<double>(columnTwips(2)), list - (2160 + 2880 + 0 + 270), 15);
 }
 
-TEST_F(StartUp, StoredColumnsAreRestoredAndOnlyTheDescriptionFitsItself)
+TEST_F(StartUp, StoredColumnsAreRestoredAndOnlyTheDescriptionAdapts)
 {
     setPreference(L"Config", L"Width", L"16000");
     setPreference(L"Config", L"Height", L"9000");
@@ -92,7 +92,7 @@ TEST_F(StartUp, StoredColumnsAreRestoredAndOnlyTheDescriptionFitsItself)
     EXPECT_NEAR(static_cast<double>(columnTwips(2)), list - (1500 + 1800 + 900 + 270), 15);
 }
 
-TEST_F(StartUp, EachColumnOfNoughtGetsItsOwnFallback)
+TEST_F(StartUp, EachColumnOfZeroGetsItsOwnFallback)
 {
     setPreference(L"Config", L"Col1", L"0");
     setPreference(L"Config", L"Col2", L"1800");
@@ -101,7 +101,7 @@ TEST_F(StartUp, EachColumnOfNoughtGetsItsOwnFallback)
     EXPECT_EQ(columnTwips(1), 1800);
 }
 
-TEST_F(StartUp, AFontNameOfNoughtIsArial)
+TEST_F(StartUp, AFontNameOfZeroIsArial)
 {
     setPreference(L"Options", L"FontName", L"0");
     setPreference(L"Options", L"HTMLFont", L"0");
@@ -138,7 +138,7 @@ TEST_F(StartUp, MoveToListsTheCategoriesInTheListsOrder)
     EXPECT_EQ(captions.size(), 3U);
 }
 
-TEST_F(StartUp, TheFavoritesFolderIsTheShells)
+TEST_F(StartUp, TheFavoritesFolderIsThatOfTheShell)
 {
     start();
     EXPECT_EQ(main->workspace().favoritesFolder, Registry_Module::favoritesFolder());

@@ -1,6 +1,6 @@
 #include "shared/apply_font.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -44,7 +44,7 @@ TEST_F(StatusArea, StaysAtTheLowerEdgeAfterAResize)
     EXPECT_EQ(widthOf(placeOf(bar())), clientOf(main->handle()).right);
 }
 
-TEST_F(StatusArea, TheProgressBarLiesInItsFirstPanelUnseen)
+TEST_F(StatusArea, TheProgressBarIsHiddenInItsFirstPanel)
 {
     start();
     EXPECT_EQ(GetParent(progress()), bar());

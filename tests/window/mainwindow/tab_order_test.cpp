@@ -1,6 +1,6 @@
 #include "store/site_operations.h"
 #include "tests/support/input.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -48,14 +48,14 @@ TEST_F(TabOrder, ShiftTabGoesTheSameWayBack)
               (std::vector<std::string>{"search button", "search box", "sites", "categories"}));
 }
 
-TEST_F(TabOrder, TheDisabledSearchPanelIsPassedOver)
+TEST_F(TabOrder, TheDisabledSearchPanelIsSkipped)
 {
     start();
     EXPECT_EQ(focusAfterTabs(3, false), (std::vector<std::string>{"sites", "categories", "sites"}));
     EXPECT_EQ(focusAfterTabs(2, true), (std::vector<std::string>{"categories", "sites"}));
 }
 
-TEST_F(TabOrder, TheCategoryListGetsTheKeyboardWhenTheSearchPanelIsDisabledUnderIt)
+TEST_F(TabOrder, TheCategoryListGetsTheFocusWhenTheFocusedSearchPanelIsDisabled)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -71,7 +71,7 @@ TEST_F(TabOrder, TheCategoryListGetsTheKeyboardWhenTheSearchPanelIsDisabledUnder
 }
 
 // The question takes the keyboard away and gives it back before the panel is disabled.
-TEST_F(TabOrder, AndSoItDoesWhenTheLastSiteIsRemovedByTheMenu)
+TEST_F(TabOrder, TheCategoryListGetsTheFocusWhenTheLastSiteIsRemovedByTheMenu)
 {
     for (const bool fromButton : {false, true}) {
         folder.write(L"Work.udb", "Only|http://o.example/|x|1/1/2001\r\n");
@@ -94,7 +94,7 @@ TEST_F(TabOrder, AndSoItDoesWhenTheLastSiteIsRemovedByTheMenu)
     }
 }
 
-TEST_F(TabOrder, ADialogGivesTheKeyboardBackEachTime)
+TEST_F(TabOrder, ADialogReturnsTheFocusEachTime)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -119,7 +119,7 @@ TEST_F(TabOrder, TabInALabelStaysThere)
     pressKey(VK_ESCAPE);
 }
 
-TEST_F(TabOrder, CtrlTabMovesNothing)
+TEST_F(TabOrder, CtrlTabDoesNothing)
 {
     folder.write(L"Work.udb", threeSites);
     start();

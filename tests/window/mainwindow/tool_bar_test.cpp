@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -76,7 +76,7 @@ TEST_F(Toolbar1, EachButtonHasAPictureOfItsOwnAndNoText)
     EXPECT_EQ(ImageList_GetImageCount(images), 9);
 }
 
-TEST_F(Toolbar1, OnlyTheScanButtonHasADropDownMenuBesideItsOwnCommand)
+TEST_F(Toolbar1, OnlyTheScanButtonHasADropDownMenuAsWellAsACommand)
 {
     start();
     for (int position = 1; position <= 12; ++position) {
@@ -92,7 +92,7 @@ TEST_F(Toolbar1, TheScanMenuHasItsTwoEntries)
     EXPECT_EQ(treeOf(main->toolBar().buttonMenu()), "Scan Selected\nScan All URLs\n");
 }
 
-TEST_F(Toolbar1, AClickOnAButtonTellsItsPosition)
+TEST_F(Toolbar1, AClickOnAButtonReportsItsPosition)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -102,7 +102,7 @@ TEST_F(Toolbar1, AClickOnAButtonTellsItsPosition)
     EXPECT_EQ(clicked, (std::vector<int>{1, 2, 4, 5, 7, 8, 9, 10, 12}));
 }
 
-TEST_F(Toolbar1, ADisabledButtonTellsNothing)
+TEST_F(Toolbar1, ADisabledButtonReportsNothing)
 {
     folder.write(L"Empty.udb", "");
     start();
@@ -112,7 +112,7 @@ TEST_F(Toolbar1, ADisabledButtonTellsNothing)
     EXPECT_EQ(clicked, (std::vector<int>{1, 2, 4, 7, 12}));
 }
 
-TEST_F(Toolbar1, TheArrowOfTheScanButtonOpensItsMenuWhoseEntriesTellTheirKeys)
+TEST_F(Toolbar1, TheArrowOfTheScanButtonOpensItsMenuWhoseEntriesReportTheirKeys)
 {
     folder.write(L"Work.udb", threeSites);
     start();
@@ -183,7 +183,7 @@ TEST_F(Toolbar1, SeparatorsAndOtherPositionsAndKeysRunNothing)
     EXPECT_EQ(lstInfo().count(), 3U);
 }
 
-TEST_F(Toolbar1, ItsButtonsAreWhollyWithinItAndItIsAboveTheLists)
+TEST_F(Toolbar1, ItsButtonsAreInsideItAndItIsAboveTheLists)
 {
     start();
     for (int position = 1; position <= 12; ++position) {

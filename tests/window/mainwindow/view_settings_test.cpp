@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -88,7 +88,7 @@ TEST_F(ViewSettings, StoredOnesAreRestored)
     EXPECT_TRUE(listHas(LVS_EX_TRACKSELECT));
 }
 
-TEST_F(ViewSettings, OnlyAOneMeansOn)
+TEST_F(ViewSettings, OnlyOneMeansOn)
 {
     for (const wchar_t* const key : {L"GridLines", L"HoverSel", L"KeepTop"})
         setPreference(L"Config", key, L"2");
@@ -107,7 +107,7 @@ TEST_F(ViewSettings, AStoredOneIsSwitchedOffByItsEntry)
     EXPECT_EQ(preference(L"Config", L"GridLines"), L"0");
 }
 
-TEST_F(ViewSettings, GridLinesAndHoverSelectionAreOnlyTheSiteLists)
+TEST_F(ViewSettings, OnlyTheSiteListHasGridLinesAndHoverSelection)
 {
     setPreference(L"Config", L"GridLines", L"1");
     setPreference(L"Config", L"HoverSel", L"1");

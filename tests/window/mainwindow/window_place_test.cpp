@@ -1,4 +1,4 @@
-#include "tests/window/mainwindow/window_parts.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 namespace {
@@ -51,19 +51,19 @@ TEST_F(WindowPlace, AStoredPlaceIsRestored)
     expectPlace(px(*main, 1500), px(*main, 750), px(*main, 12000), px(*main, 9000));
 }
 
-TEST_F(WindowPlace, ANegativeLeftAloneIsSetToNought)
+TEST_F(WindowPlace, ANegativeLeftAloneBecomesZero)
 {
     startAt(L"-3000", L"750", L"12000", L"9000");
     expectPlace(0, px(*main, 750), px(*main, 12000), px(*main, 9000));
 }
 
-TEST_F(WindowPlace, ANegativeTopAloneIsSetToNought)
+TEST_F(WindowPlace, ANegativeTopAloneBecomesZero)
 {
     startAt(L"1500", L"-3000", L"12000", L"9000");
     expectPlace(px(*main, 1500), 0, px(*main, 12000), px(*main, 9000));
 }
 
-TEST_F(WindowPlace, BothEdgesCanBeSetToNought)
+TEST_F(WindowPlace, BothEdgesCanBecomeZero)
 {
     startAt(L"-15", L"-15", L"12000", L"9000");
     expectPlace(0, 0, px(*main, 12000), px(*main, 9000));
@@ -97,13 +97,13 @@ TEST_F(WindowPlace, AMillionTwipsFitOnTheScreen)
     expectSeen();
 }
 
-TEST_F(WindowPlace, AMillionTwipsToTheLeftAreSetToNought)
+TEST_F(WindowPlace, AMillionTwipsToTheLeftBecomeZero)
 {
     startAt(L"-1000000", L"-1000000", L"12000", L"9000");
     expectPlace(0, 0, px(*main, 12000), px(*main, 9000));
 }
 
-TEST_F(WindowPlace, NumbersThatNoWindowHasAreSurvived)
+TEST_F(WindowPlace, AbsurdNumbersDoNoHarm)
 {
     startAt(L"1e300", L"-1e300", L"99999999999999999999", L"-5");
     expectSeen();
@@ -111,7 +111,7 @@ TEST_F(WindowPlace, NumbersThatNoWindowHasAreSurvived)
     EXPECT_GE(heightOf(place()), px(*main, 5685));
 }
 
-TEST_F(WindowPlace, TextsThatAreNoNumbersReadAsNought)
+TEST_F(WindowPlace, TextsThatAreNotNumbersReadAsZero)
 {
     startAt(L"abc", L"", L"wide", L"--4");
     expectPlace(0, 0, px(*main, 9135), px(*main, 5685));

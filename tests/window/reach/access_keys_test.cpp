@@ -3,9 +3,9 @@
 namespace vandrel::test {
 namespace {
 
-using AccessKeys = std::map<wchar_t, std::wstring>; // a letter, and the control that it leads to
+using AccessKeys = std::map<wchar_t, std::wstring>; // by letter, the control that it leads to
 
-// What the parent of a button would be told of a press; the button does nothing then.
+// Records presses of buttons and keeps them from their parents, so that they do nothing.
 class Presses {
   public:
     explicit Presses(HWND parent) : parent_(parent)
@@ -38,7 +38,7 @@ bool hasMarks(HWND control)
     return kind == WC_STATICW && (GetWindowLongPtrW(control, GWL_STYLE) & SS_NOPREFIX) == 0;
 }
 
-// The marked letters of what can be seen, small.
+// The access keys of all visible controls, in lower case.
 std::vector<wchar_t> lettersOf(HWND window)
 {
     std::vector<wchar_t> letters;
@@ -67,7 +67,7 @@ const std::map<Shown, AccessKeys> accessKeys{
 
 class LettersWithAlt : public ReachTest, public testing::WithParamInterface<Shown> {};
 
-TEST_P(LettersWithAlt, AreThoseThatAreMarkedAndEachStandsForOneControl)
+TEST_P(LettersWithAlt, AreTheMarkedOnesAndEachBelongsToOneControl)
 {
     std::vector<wchar_t> expected;
     for (const auto& [letter, name] : accessKeys.at(GetParam())) expected.push_back(letter);
@@ -79,7 +79,7 @@ TEST_P(LettersWithAlt, LeadToTheirControlOrPressIt)
     in(GetParam(), [](HWND window) {
         for (const auto& [letter, name] : accessKeys.at(GetParam())) {
             SCOPED_TRACE(static_cast<char>(letter));
-            // From a control that no letter leads to.
+            // Start from a control that no letter leads to.
             SetFocus(window);
             Presses presses(window);
             PostMessageW(window, WM_SYSCHAR, letter, 0x20000001);

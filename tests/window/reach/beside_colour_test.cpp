@@ -1,12 +1,12 @@
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {
 
-// What a colour tells is told by something else as well.
+// Whatever a colour shows is shown by something else as well.
 class BesideColour : public ScanTest {
   protected:
-    // Whether the pictures differ in what is drawn, and not in colours alone.
+    // The shape of a picture: whether each pixel is drawn, in whatever colour.
     std::vector<bool> shapeOf(int image)
     {
         const auto list = reinterpret_cast<HIMAGELIST>(
@@ -47,7 +47,7 @@ TEST_F(BesideColour, ADeadSiteHasAPictureOfAnotherShape)
     EXPECT_GE(different, static_cast<int>(alive.size() / 20)) << "told apart by colour alone";
 }
 
-TEST_F(BesideColour, WhatAScanFindsDeadIsMarkedToldAndInTheLog)
+TEST_F(BesideColour, ADeadLinkIsMarkedReportedAndLogged)
 {
     const std::wstring nobody = server.refusedAddress();
     begin({{L"Alive", at(L"/ok")}, {L"Dead", nobody}});

@@ -6,7 +6,7 @@
 namespace vandrel::test {
 namespace {
 
-// Light on dark, as the system's high-contrast themes are, for one test.
+// Sets light colours on dark, like the system's high-contrast themes, for one test.
 class LightOnDark {
   public:
     LightOnDark()
@@ -41,7 +41,7 @@ int lightness(COLORREF color)
     return (GetRValue(color) * 3 + GetGValue(color) * 6 + GetBValue(color)) / 10;
 }
 
-// What the screen shows of a control: its commonest colour, and the lightest that stands on that.
+// The colours of a control on the screen: the commonest, and the lightest on top of it.
 struct Seen {
     int ground;
     int lightest;
@@ -64,7 +64,7 @@ bool showsText(HWND control)
 {
     const std::wstring kind = classOf(control);
     if (kind == WC_LISTBOXW) return SendMessageW(control, LB_GETCOUNT, 0, 0) > 0;
-    if (kind == WC_LISTVIEWW) return true; // the captions of its columns, at least
+    if (kind == WC_LISTVIEWW) return true; // it has at least the captions of its columns
     return !windowText(control).empty();
 }
 

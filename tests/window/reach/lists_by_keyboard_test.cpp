@@ -1,5 +1,5 @@
-#include "tests/window/exchange/import_test.h"
-#include "tests/window/mainwindow/recorder.h"
+#include "tests/support/import_test.h"
+#include "tests/support/recorder.h"
 #include "tests/window/reach/reach_test.h"
 
 namespace vandrel::test {

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "mainwindow/menu_entries.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_facts.h"
+#include "tests/support/window_parts.h"
 
 #include <algorithm>
 #include <map>
 
-// How the windows of the program are used without a mouse, and what a screen reader says of them.
+// How the program's windows are used without a mouse, and what a screen reader says about them.
 namespace vandrel::test {
 
 using Names = std::vector<std::wstring>;
@@ -37,13 +38,6 @@ inline void PrintTo(Shown shown, std::ostream* out)
     *out << names[static_cast<std::size_t>(shown)];
 }
 
-inline std::wstring classOf(HWND window)
-{
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
 inline bool isLabel(HWND window)
 {
     return classOf(window) == WC_STATICW && (GetWindowLongPtrW(window, GWL_STYLE) & WS_TABSTOP) == 0;
@@ -55,7 +49,7 @@ inline bool isFrame(HWND window)
            (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
-// Without a text it only holds other controls.
+// A static control without text only holds other controls.
 inline bool isPanel(HWND window)
 {
     return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0 && windowText(window).empty();
@@ -67,8 +61,8 @@ inline std::wstring withoutMarks(std::wstring text)
     return text;
 }
 
-// What a screen reader calls the control: its own text, or the label before it where its text is what it
-// holds.
+// What a screen reader calls the control: its own text, or the label before it when its text is its
+// content.
 inline std::wstring spokenName(HWND control)
 {
     const std::wstring kind = classOf(control);
@@ -79,14 +73,15 @@ inline std::wstring spokenName(HWND control)
     return withoutMarks(windowText(before));
 }
 
-// Of a control, also when a part of it is meant: the text box of a combo box, the header of a list.
+// The control that the window is a part of, as a text box is of a combo box and a header of a list;
+// otherwise the window itself.
 inline HWND wholeControl(HWND window)
 {
     const std::wstring parent = classOf(GetParent(window));
     return parent == WC_COMBOBOXW || parent == WC_LISTVIEWW ? GetParent(window) : window;
 }
 
-// Everything that can be seen in the window, parts of controls left out.
+// All visible controls in the window, without their parts.
 inline std::vector<HWND> visibleWithin(HWND window)
 {
     std::vector<HWND> all;
@@ -101,7 +96,7 @@ inline std::vector<HWND> visibleWithin(HWND window)
     return all;
 }
 
-// A key through the program's own message loop, with Shift held or not.
+// Presses a key, with Shift or without, through the program's own message loop.
 inline void typeIn(HWND window, WPARAM key, bool shift = false)
 {
     BYTE before[256]{};
@@ -114,7 +109,7 @@ inline void typeIn(HWND window, WPARAM key, bool shift = false)
     SetKeyboardState(before);
 }
 
-// Every window of the program, opened by its command of the main window.
+// Every window of the program, opened by its command in the main window.
 class ReachTest : public StoreTest {
   protected:
     ReachTest()
@@ -128,7 +123,7 @@ class ReachTest : public StoreTest {
         lstInfo().select(0);
     }
 
-    // Opens the window, looks at it, and closes it unless the looking does that.
+    // Opens the window, calls `look` with it, and closes it unless `look` does.
     void in(Shown shown, const std::function<void(HWND)>& look, bool closesItself = true)
     {
         SCOPED_TRACE(testing::PrintToString(shown));
@@ -172,7 +167,7 @@ class ReachTest : public StoreTest {
         EXPECT_ANSWERED(answers);
     }
 
-    // The controls that Tab leads to, from the first one on and back to it.
+    // The controls that Tab leads to, from the focused one until it comes round again.
     static Names stopsFromFocus(bool backwards)
     {
         Names stops;

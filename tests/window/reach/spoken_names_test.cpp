@@ -4,8 +4,8 @@
 namespace vandrel::test {
 namespace {
 
-// Every control that can be seen, as its kind and its name; labels, frames and panels hold the others. The
-// splitter bar is for the mouse alone, and the status bar's texts speak for themselves.
+// Every visible control by its kind and name, except labels, frames and panels. The splitter bar has no
+// name because it is for the mouse only, and the status bar's texts are read out themselves.
 const std::map<Shown, Names> names{
     {Shown::mainWindow,
      {L"Button: Quick Search", L"ComboBox: Quick Search", L"SysListView32: Categories",
@@ -59,12 +59,12 @@ INSTANTIATE_TEST_SUITE_P(EveryWindow, SpokenNames, testing::ValuesIn(allShown));
 
 class SpokenNamesOfHidden : public ReachTest {};
 
-TEST_F(SpokenNamesOfHidden, ProgressBarsAreNamedBeforeTheyAreSeen)
+TEST_F(SpokenNamesOfHidden, ProgressBarsAreNamedBeforeTheyAppear)
 {
     for (const Shown shown : {Shown::mainWindow, Shown::import}) {
         in(shown, [](HWND window) {
             HWND bar = FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr);
-            if (bar == nullptr) { // sunk into the status bar
+            if (bar == nullptr) { // it is inside the status bar
                 const HWND status = FindWindowExW(window, nullptr, STATUSCLASSNAMEW, nullptr);
                 bar = FindWindowExW(status, nullptr, PROGRESS_CLASSW, nullptr);
             }

@@ -4,7 +4,7 @@
 namespace vandrel::test {
 namespace {
 
-// The controls as Tab goes through them, from the one that has the focus at first.
+// The controls in tab order, beginning with the one that has the focus at first.
 const std::map<Shown, Names> stops{
     {Shown::mainWindow, {L"Categories", L"Sites", L"Quick Search", L"Quick Search"}},
     {Shown::siteEditor, {L"Site Name:", L"Site URL:", L"Description:", L"OK", L"Cancel", L"..."}},
@@ -23,12 +23,12 @@ const std::map<Shown, Names> stops{
 
 class TabStops : public ReachTest, public testing::WithParamInterface<Shown> {};
 
-TEST_P(TabStops, TabLeadsThroughAllInTheirOrder)
+TEST_P(TabStops, TabGoesThroughAllInOrder)
 {
     in(GetParam(), [](HWND) { EXPECT_EQ(stopsFromFocus(false), stops.at(GetParam())); });
 }
 
-TEST_P(TabStops, ShiftTabLeadsTheSameWayBack)
+TEST_P(TabStops, ShiftTabGoesTheSameWayBack)
 {
     Names backwards = stops.at(GetParam());
     std::reverse(backwards.begin() + 1, backwards.end());

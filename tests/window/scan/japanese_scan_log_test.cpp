@@ -1,4 +1,4 @@
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {

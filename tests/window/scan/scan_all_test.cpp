@@ -1,7 +1,7 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
-#include "tests/window/mainwindow/menus_seen.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/menus_seen.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -15,7 +15,7 @@ TEST_F(ScanAll, AsksForEverySiteInItsOrder)
     EXPECT_EQ(server.requests(), (std::vector<std::string>{"/ok?1", "/ok?2", "/ok?3"}));
 }
 
-TEST_F(ScanAll, WhatAnswersIsReachableWhateverItSays)
+TEST_F(ScanAll, ASiteThatAnswersIsReachableWhateverItSays)
 {
     begin({{L"A", at(L"/ok")},
            {L"B", at(L"/missing")},
@@ -29,7 +29,7 @@ TEST_F(ScanAll, WhatAnswersIsReachableWhateverItSays)
                          success(L"E", at(L"/ok?again")));
 }
 
-TEST_F(ScanAll, WhatCannotBeOpenedIsNot)
+TEST_F(ScanAll, ASiteThatCannotBeOpenedIsNotReachable)
 {
     const std::wstring refused = server.refusedAddress();
     begin({{L"A", at(L"/ok")},
@@ -49,7 +49,7 @@ TEST_F(ScanAll, WhatCannotBeOpenedIsNot)
                          failed(L"F", L"mailto:a@b.example") + success(L"G", at(L"/ok?2")));
 }
 
-TEST_F(ScanAll, ASiteThatTakesTheConnectionAndTooLongIsReachable)
+TEST_F(ScanAll, ASiteThatConnectsButTakesTooLongIsReachable)
 {
     begin({{L"A", at(L"/silent")}, {L"B", at(L"/trickle")}, {L"C", at(L"/ok")}});
     workspace().inetScan.setRequestTimeout(200);
@@ -67,7 +67,7 @@ TEST_F(ScanAll, ASiteThatWantsItsCookieBackIsReachable)
     EXPECT_EQ(server.cookies(), (std::vector<std::string>{"", "seen=1", "", "seen=1"}));
 }
 
-TEST_F(ScanAll, SoIsOneThatSendsTheClientRoundAndRound)
+TEST_F(ScanAll, ASiteThatRedirectsInCirclesIsReachable)
 {
     begin({{L"A", at(L"/loop")}, {L"B", at(L"/ok")}});
     scanAll();
@@ -75,7 +75,7 @@ TEST_F(ScanAll, SoIsOneThatSendsTheClientRoundAndRound)
     EXPECT_EQ(log(), success(L"A", at(L"/loop")) + success(L"B", at(L"/ok")));
 }
 
-TEST_F(ScanAll, OneThatSendsTheClientToAHostThatIsNotFoundIsNot)
+TEST_F(ScanAll, ASiteThatRedirectsToAnUnknownHostIsNotReachable)
 {
     server.redirect("/away", narrow(dead));
     begin({{L"A", at(L"/away")}, {L"B", at(L"/ok")}});
@@ -83,7 +83,7 @@ TEST_F(ScanAll, OneThatSendsTheClientToAHostThatIsNotFoundIsNot)
     EXPECT_EQ(images(), (Images{5, 1}));
 }
 
-TEST_F(ScanAll, NorOneThatSendsItToAHostWhoseNameIsLookedUpTooLong)
+TEST_F(ScanAll, ASiteThatRedirectsToAHostWhoseLookUpTakesTooLongIsNotReachable)
 {
     server.redirect("/away", narrow(server.addressByName(L"/silent")));
     begin({{L"A", at(L"/away")}, {L"B", at(L"/ok")}});
@@ -98,7 +98,7 @@ TEST_F(ScanAll, NorOneThatSendsItToAHostWhoseNameIsLookedUpTooLong)
     EXPECT_EQ(images(), (Images{5, 1}));
 }
 
-TEST_F(ScanAll, OneThatTheOtherHostKeepsWaitingIsReachable)
+TEST_F(ScanAll, ASiteThatRedirectsToASlowHostIsReachable)
 {
     server.redirect("/away", narrow(server.addressByName(L"/silent")));
     begin({{L"A", at(L"/away")}, {L"B", at(L"/ok")}});
@@ -136,13 +136,13 @@ TEST_F(ScanAll, OtherStatesChangeNothing)
     EXPECT_EQ(images(), (Images{1, 5}));
 }
 
-TEST_F(ScanAll, ASuccessIsForgottenWithItsSite)
+TEST_F(ScanAll, ASuccessDoesNotCountForTheNextSite)
 {
     begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/ok?2")}});
     const auto told = workspace().inetScan.StateChanged;
     int states = 0;
     workspace().inetScan.StateChanged = [&](short state) {
-        if (++states <= 2) told(state); // of the second site nothing is heard
+        if (++states <= 2) told(state); // no state is reported for the second site
     };
     scanAllAndTold(L"Unavailable Site", oneUnavailable);
     EXPECT_EQ(log(), success(L"A", at(L"/ok?1")) + failed(L"B", at(L"/ok?2")));
@@ -168,15 +168,15 @@ TEST_F(ScanAll, ResolvingANameForgetsIt)
     const auto told = workspace().inetScan.StateChanged;
     int states = 0;
     workspace().inetScan.StateChanged = [&](short state) {
-        if (++states != 4) told(state); // of the second site only the name
+        if (++states != 4) told(state); // for the second site only that its name is looked up
     };
     scanAllAndTold(L"Unavailable Sites", twoUnavailable);
     EXPECT_EQ(log(), failed(L"A", refused) + failed(L"B", at(L"/ok")) + success(L"C", at(L"/ok?2")));
 }
 
-// ---- what is told
+// ---- the messages
 
-TEST_F(ScanAll, OneOfTwoIsToldInTheSingular)
+TEST_F(ScanAll, OneOfTwoIsReportedInTheSingular)
 {
     begin({{L"A", dead}, {L"B", at(L"/ok")}});
     scanAllAndTold(L"Unavailable Site", oneUnavailable);
@@ -185,7 +185,7 @@ TEST_F(ScanAll, OneOfTwoIsToldInTheSingular)
     EXPECT_EQ(panel(1), L"Scan complete.");
 }
 
-TEST_F(ScanAll, TwoOfThreeAreToldInThePlural)
+TEST_F(ScanAll, TwoOfThreeAreReportedInThePlural)
 {
     begin({{L"A", dead}, {L"B", at(L"/ok")}, {L"C", dead}});
     scanAllAndTold(L"Unavailable Sites", twoUnavailable);
@@ -194,7 +194,7 @@ TEST_F(ScanAll, TwoOfThreeAreToldInThePlural)
     EXPECT_EQ(panel(1), L"Scan complete.");
 }
 
-TEST_F(ScanAll, AllOfThemEndItWithoutHidingTheBarOrSayingThatItIsComplete)
+TEST_F(ScanAll, WhenAllFailTheBarStaysAndItIsNotSaidToBeComplete)
 {
     begin({{L"A", dead}, {L"B", L"http://"}});
     workspace().StatusBar1.setPanelText(1, L"before");
@@ -207,7 +207,7 @@ TEST_F(ScanAll, AllOfThemEndItWithoutHidingTheBarOrSayingThatItIsComplete)
     EXPECT_EQ(log(), failed(L"A", dead) + failed(L"B", L"http://"));
 }
 
-TEST_F(ScanAll, ASingleSiteThatFailsIsAllOfThem)
+TEST_F(ScanAll, ASingleSiteThatFailsCountsAsAllOfThem)
 {
     begin({{L"A", dead}});
     scanAllAndTold(L"Check Internet Connection", allUnavailable);
@@ -226,7 +226,7 @@ TEST_F(ScanAll, ABarThatStayedIsHiddenByTheNextScan)
     EXPECT_EQ(images(), Images{1});
 }
 
-TEST_F(ScanAll, TheMessageHasAnOkButtonAloneAndTheMainWindowBehindIt)
+TEST_F(ScanAll, TheMessageHasOnlyAnOkButtonAndBelongsToTheMainWindow)
 {
     begin({{L"A", dead}, {L"B", at(L"/ok")}});
     Answers answers;
@@ -241,7 +241,7 @@ TEST_F(ScanAll, TheMessageHasAnOkButtonAloneAndTheMainWindowBehindIt)
     EXPECT_ANSWERED(answers);
 }
 
-TEST_F(ScanAll, WhenAllAnswerNothingIsTold)
+TEST_F(ScanAll, WhenAllAnswerThereIsNoMessage)
 {
     begin({{L"A", at(L"/ok")}});
     scanAll();
@@ -249,7 +249,7 @@ TEST_F(ScanAll, WhenAllAnswerNothingIsTold)
     EXPECT_FALSE(PB().visible());
 }
 
-// ---- what is shown
+// ---- what the window shows
 
 TEST_F(ScanAll, ShowsNameAddressAndProgressOfTheSiteThatIsChecked)
 {
@@ -302,7 +302,7 @@ TEST_F(ScanAll, AnEmptyCategoryIsComplete)
     EXPECT_EQ(panel(3), L"three");
 }
 
-TEST_F(ScanAll, ARedXOfAnEarlierScanIsTakenAwayBeforeTheCheckAndNotEarlier)
+TEST_F(ScanAll, ARedXFromAnEarlierScanIsRemovedJustBeforeTheCheck)
 {
     begin({{L"A", at(L"/held?1")}, {L"B", at(L"/held?2")}});
     siteRows().setAllImages(deadSiteImage);

@@ -1,4 +1,5 @@
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
+#include "tests/support/text_lines.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -8,9 +9,9 @@ namespace fs = std::filesystem;
 namespace vandrel::test {
 namespace {
 
-constexpr std::size_t mostSites = 110; // of a category that is taken
+constexpr std::size_t mostSites = 110; // in a category that is tested
 
-// The folder that lies beside the project as "shared"; none where it is absent.
+// The folder "shared" beside the project; none when it is missing.
 std::optional<fs::path> realCollection()
 {
     wchar_t program[MAX_PATH]{};
@@ -25,14 +26,14 @@ std::optional<fs::path> realCollection()
     return std::nullopt;
 }
 
-// Names as people have them, with addresses of the test's server.
+// Real names, with addresses on the test's server.
 class ScanCollection : public ScanTest {
   protected:
     struct Expected {
         std::vector<std::string> log;
         Images images;
     };
-    // Writes the category with other addresses, and says what the scan makes of it.
+    // Writes the category with addresses of known outcome, and returns what the scan must find.
     Expected rewrite(const std::wstring& file, const std::string& bytes)
     {
         const std::pair<std::string, bool> outcomes[] = {
@@ -64,15 +65,6 @@ class ScanCollection : public ScanTest {
     static std::size_t sitesIn(const std::string& bytes)
     {
         return static_cast<std::size_t>(std::ranges::count(bytes, '\n'));
-    }
-    static std::vector<std::string> linesOf(const std::string& bytes)
-    {
-        std::vector<std::string> lines;
-        for (std::size_t start = 0, end = 0; start < bytes.size(); start = end + 2) {
-            end = std::min(bytes.find("\r\n", start), bytes.size());
-            lines.push_back(bytes.substr(start, end - start));
-        }
-        return lines;
     }
 };
 

@@ -1,13 +1,13 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
 #include "store/site_operations.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 #include "update/update_check.h"
 
 namespace vandrel::test {
 namespace {
 
-// What the user does while a site is checked.
+// What the user may do while a site is being checked.
 class ScanDisturbed : public ScanTest {
   protected:
     // Four sites; the server holds its answer to the second.
@@ -187,12 +187,12 @@ TEST_F(ScanDisturbed, TheSameCategoryReadAgainHasItsSitesAndTheirMarks)
     beginWithADeadOne();
     scanAllOfADeadOneAnd([&] {
         clickCategory(L"Links");
-        siteRows().setImage(3, deadSiteImage); // of which a check takes it away
+        siteRows().setImage(3, deadSiteImage); // which a check takes away
     });
     EXPECT_EQ(images(), (Images{1, 1, 5, 1}));
 }
 
-TEST_F(ScanDisturbed, SoHasOneToWhichTheUserComesBack)
+TEST_F(ScanDisturbed, ACategoryToWhichTheUserReturnsHasItsSitesAndTheirMarks)
 {
     category(L"Other", {{L"C", dead}});
     beginWithADeadOne();
@@ -280,7 +280,7 @@ TEST_F(ScanDisturbed, NoSecondScanBegins)
     EXPECT_EQ(server.requests().size(), 8U) << "afterwards one does";
 }
 
-TEST_F(ScanDisturbed, NorBesideAScanOfTheSelectedOnes)
+TEST_F(ScanDisturbed, NoSecondScanBeginsDuringAScanOfTheSelectedOnes)
 {
     beginWithFour();
     lstInfo().selectAll();
@@ -404,7 +404,7 @@ TEST_F(ScanDisturbed, InTheSameCategoryReadAgainTheSelectedAreChecked)
     EXPECT_EQ(images(), (Images{1, 5, 1, 1})) << "the one that was the current one shows the last result";
 }
 
-TEST_F(ScanDisturbed, ThereTheNewCurrentSiteShowsTheResultWhenThereIsOne)
+TEST_F(ScanDisturbed, InTheSameCategoryReadAgainTheNewCurrentSiteShowsTheResult)
 {
     begin({{L"A", at(L"/ok?1")}, {L"B", at(L"/held")}, {L"C", dead}, {L"D", at(L"/ok?4")}});
     selectSites({1, 2});

@@ -1,13 +1,13 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {
 
 class ScanLog : public ScanTest {
   protected:
-    // The command ends in this run-time error, and leaves nothing behind.
+    // The command must end in this run-time error and leave nothing behind.
     void expectItFails(int entry, int number, const wchar_t* description)
     {
         Answers answers;
@@ -45,7 +45,7 @@ TEST_F(ScanLog, GrowsFromScanToScanAndFromRunToRun)
     EXPECT_EQ(log(), expected);
 }
 
-TEST_F(ScanLog, KeepsWhatStandsInItAlready)
+TEST_F(ScanLog, KeepsWhatItHoldsAlready)
 {
     folder.write(L"scanned.log", "not ended");
     begin({{L"A", at(L"/ok")}});
@@ -96,7 +96,7 @@ TEST_F(ScanLog, IsWrittenInTheAnsiCodePage)
                          " - Success\r\n");
 }
 
-TEST_F(ScanLog, TakesNamesAndAddressesAsTheyStand)
+TEST_F(ScanLog, HasNamesAndAddressesUnchanged)
 {
     begin({{L"a - b - Failed", at(L"/ok? - ")}, {L"", L""}, {L" ", at(L"/ok?1")}});
     scanAllAndTold(L"Unavailable Site", oneUnavailable);
@@ -114,7 +114,7 @@ TEST_F(ScanLog, IsInTheFolderOfTheCategories)
     EXPECT_TRUE(elsewhere.names().empty());
 }
 
-TEST_F(ScanLog, IsNoCategory)
+TEST_F(ScanLog, IsNotACategory)
 {
     begin({{L"A", at(L"/ok")}});
     scanAll();

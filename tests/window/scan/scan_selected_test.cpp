@@ -1,6 +1,6 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
-#include "tests/window/scan/scan_test.h"
+#include "tests/support/scan_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -59,13 +59,13 @@ TEST_F(ScanSelected, TheMarkOfAnEarlierScanStaysDuringTheCheck)
 TEST_F(ScanSelected, OfSeveralTheCurrentOneShowsTheLastResult)
 {
     beginWithFour();
-    selectSites({1, 2, 0}); // the first is the current, the third is checked last
+    selectSites({1, 2, 0}); // the first is the current one, the third is checked last
     scanSelected();
     EXPECT_EQ(images(), (Images{1, 1, 1, 1})) << "the second failed and is not marked";
     EXPECT_EQ(log(), success(L"A", at(L"/ok?1")) + failed(L"B", dead) + success(L"C", at(L"/ok?3")));
 }
 
-TEST_F(ScanSelected, AlsoWhenItIsReachableItself)
+TEST_F(ScanSelected, OfSeveralTheCurrentOneShowsItAlsoWhenReachableItself)
 {
     beginWithFour();
     selectSites({1, 0});
@@ -74,7 +74,7 @@ TEST_F(ScanSelected, AlsoWhenItIsReachableItself)
     EXPECT_EQ(log(), success(L"A", at(L"/ok?1")) + failed(L"B", dead));
 }
 
-TEST_F(ScanSelected, EachResultIsShownThereInItsTurn)
+TEST_F(ScanSelected, OfSeveralTheCurrentOneShowsEachResultInTurn)
 {
     begin({{L"A", dead}, {L"B", at(L"/held")}, {L"C", at(L"/ok")}});
     selectSites({0, 1, 2});
@@ -109,7 +109,7 @@ TEST_F(ScanSelected, AnEmptyCategoryIsComplete)
     EXPECT_FALSE(PB().visible());
 }
 
-TEST_F(ScanSelected, TellsNothingWhenAllOfThemFail)
+TEST_F(ScanSelected, ShowsNoMessageWhenAllOfThemFail)
 {
     begin({{L"A", dead}, {L"B", L"http://"}});
     lstInfo().selectAll();
@@ -173,7 +173,7 @@ TEST_F(ScanSelected, ATimeOutAfterTheConnectionIsASuccess)
     EXPECT_EQ(log(), success(L"A", at(L"/silent")) + success(L"B", at(L"/ok")));
 }
 
-TEST_F(ScanSelected, TheSelectionIsLookedAtWhenItIsARowsTurn)
+TEST_F(ScanSelected, EachRowsSelectionIsReadWhenItsTurnComes)
 {
     begin({{L"A", at(L"/held")}, {L"B", at(L"/ok?b")}, {L"C", at(L"/ok?c")}});
     selectSites({0, 1});

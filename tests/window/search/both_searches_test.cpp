@@ -1,4 +1,4 @@
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -22,7 +22,7 @@ class BothSearches : public SearchTest {
     }
 };
 
-TEST_F(BothSearches, TakeTheSameLettersForTheSame)
+TEST_F(BothSearches, TreatTheSameLettersAsEqual)
 {
     const std::pair<const wchar_t*, const wchar_t*> terms[] = {
         {L"MUSTERSTRASSE", L"Musterstra\u00DFe"},

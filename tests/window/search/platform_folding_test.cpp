@@ -55,7 +55,7 @@ TEST(PlatformFolding, LettersWithAccentsAreTheSameInBothCasesButNotTheBareOnes)
     expectDifferent(L"\u00FC", L"u");
 }
 
-TEST(PlatformFolding, TheSharpSCountsAsTwo)
+TEST(PlatformFolding, TheSharpSCountsAsTwoLetters)
 {
     expectSame(L"\u00DF", L"ss");
     expectSame(L"\u00DF", L"SS");
@@ -110,7 +110,7 @@ TEST(PlatformFolding, DigitsAndMarksAreOnlyThemselves)
     }
 }
 
-TEST(PlatformFolding, WhatItTakesForTheSameTheSystemDoes)
+TEST(PlatformFolding, WhatItTreatsAsEqualTheSystemDoesToo)
 {
     const CaseFolding& folding = platformFolding();
     std::map<wchar_t, std::wstring> variants;
@@ -132,7 +132,7 @@ TEST(PlatformFolding, WhatItTakesForTheSameTheSystemDoes)
     }
 }
 
-TEST(PlatformFolding, WhatTheSystemTakesForTheSameLetterInTwoCasesItDoes)
+TEST(PlatformFolding, WhatTheSystemTreatsAsOneLetterInTwoCasesItDoesToo)
 {
     const CaseFolding& folding = platformFolding();
     for (unsigned code = 1; code < 0x10000; ++code) {

@@ -2,9 +2,9 @@
 
 #include "tests/support/input.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_parts.h"
 #include "tests/support/wine.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -22,7 +22,7 @@ class QuickSearch : public StoreTest {
     {
         folder.write(L"Work.udb", sites);
         start();
-        SendMessageW(main->handle(), WM_TIMER, 1, 0); // what the clock does every millisecond
+        SendMessageW(main->handle(), WM_TIMER, 1, 0); // as the timer does every millisecond
     }
     ComboBox& box() { return main->searchPanel().cmbSearch; }
     HWND edit() { return GetWindow(box().handle(), GW_CHILD); }
@@ -46,7 +46,7 @@ class QuickSearch : public StoreTest {
         for (std::size_t i = 0; i < box().count(); ++i) entries.push_back(box().entry(i));
         return entries;
     }
-    // The entry of the list that the keys or the mouse went to.
+    // The entry in the list that the keys or the mouse have highlighted.
     std::wstring highlighted()
     {
         return box().entry(static_cast<std::size_t>(SendMessageW(box().handle(), CB_GETCURSEL, 0, 0)));
@@ -61,7 +61,7 @@ class QuickSearch : public StoreTest {
     }
 };
 
-TEST_F(QuickSearch, TheFocusTakesTheInvitationAway)
+TEST_F(QuickSearch, TheFocusRemovesThePrompt)
 {
     startWithThree();
     EXPECT_EQ(box().text(), L"Quick Search");
@@ -81,7 +81,7 @@ TEST_F(QuickSearch, TheFocusLeavesEveryOtherTextAlone)
     }
 }
 
-TEST_F(QuickSearch, TheButtonFindsTheNextSiteBehindTheCurrentOne)
+TEST_F(QuickSearch, TheButtonFindsTheNextSiteAfterTheCurrentOne)
 {
     startWithThree();
     lstInfo().select(0);
@@ -316,7 +316,7 @@ TEST_F(QuickSearch, LooksInTheShownCategoryAlone)
     EXPECT_EQ(selectedTitle(), L"Other");
 }
 
-TEST_F(QuickSearch, CannotStartBehindTheLargestNumber)
+TEST_F(QuickSearch, CannotStartBeyondTheLargestNumber)
 {
     std::string many;
     for (int i = 0; i < 33'000; ++i) many += "s||\r\n";
@@ -333,7 +333,7 @@ TEST_F(QuickSearch, CannotStartBehindTheLargestNumber)
     EXPECT_EQ(history(), Lines{L"s"}) << "what failed is not remembered";
 }
 
-TEST_F(QuickSearch, ButFindsWhatLiesBehindIt)
+TEST_F(QuickSearch, FindsWhatLiesBeyondTheLargestNumber)
 {
     std::string many;
     for (int i = 0; i < 33'000; ++i) many += "s||\r\n";
@@ -360,7 +360,7 @@ TEST_F(QuickSearch, IsDisabledWhileThereIsNoSite)
     EXPECT_TRUE(main->searchPanel().enabled());
 }
 
-// Search by itself, as the command calls it.
+// The search itself, as the command calls it.
 TEST_F(QuickSearch, TheSearchItselfBeginsAtTheRowItIsGivenAndNeitherScrollsNorFocuses)
 {
     std::string many;
@@ -374,7 +374,7 @@ TEST_F(QuickSearch, TheSearchItselfBeginsAtTheRowItIsGivenAndNeitherScrollsNorFo
     Search(workspace(), L"WANTED", 2, SearchMode::text, 7);
     EXPECT_EQ(current(), std::optional<std::size_t>(501));
     EXPECT_EQ(scrolled, 0);
-    // Wine scrolls by itself to a row that becomes the current one.
+    // Wine scrolls to a row that becomes the current one.
     if (!runsUnderWine()) {
         EXPECT_FALSE(isInView(501));
     }
@@ -387,7 +387,7 @@ TEST_F(QuickSearch, TheSearchItselfBeginsAtTheRowItIsGivenAndNeitherScrollsNorFo
     EXPECT_ANSWERED(answers);
 }
 
-// The message filter starts the search, so its error must not get past that.
+// A message filter starts the search, and no error may leave it.
 TEST_F(QuickSearch, BeyondTheLastRowThatTheNumberCanHoldEnterShowsTheErrorAndTheProgramGoesOn)
 {
     std::string many;

@@ -1,10 +1,10 @@
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
 
-// The site editor is open over the main window. What it is about is a row of the list that a search would
-// replace, so the search window beside it waits.
+// The site editor is open over the main window. It edits a row of the list that a search would replace, so
+// the search window beside it has to wait.
 class SearchBesideEditor : public SearchTest {
   protected:
     SearchBesideEditor()

@@ -5,7 +5,7 @@
 namespace vandrel::test {
 namespace {
 
-// What the user and other programs do to categories and sites while they are searched.
+// What the user and other programs may do to categories and sites while they are being searched.
 class SearchDisturbed : public SearchOfThreeTest {
   protected:
     void remove(const std::wstring& title)
@@ -30,7 +30,7 @@ TEST_F(SearchDisturbed, ALaterCategoryThatIsRemovedIsLeftOut)
     EXPECT_EQ(panel(2), L"19 site(s) searched");
 }
 
-TEST_F(SearchDisturbed, TheOneOfBeforeThatIsRemovedGivesItsPlaceToTheNext)
+TEST_F(SearchDisturbed, ThePreviousCategoryThatIsRemovedGivesItsPlaceToTheNext)
 {
     clickCategory(L"B");
     const SearchTurns turns(*main, [&](int turn) {
@@ -42,7 +42,7 @@ TEST_F(SearchDisturbed, TheOneOfBeforeThatIsRemovedGivesItsPlaceToTheNext)
     EXPECT_EQ(search().results().count(), 22U);
 }
 
-TEST_F(SearchDisturbed, TheOneThatIsSearchedAndRemovedIsSearchedToItsEnd)
+TEST_F(SearchDisturbed, ACategoryThatIsRemovedWhileItIsSearchedIsSearchedToItsEnd)
 {
     clickCategory(L"C");
     const SearchTurns turns(*main, [&](int turn) {
@@ -128,7 +128,7 @@ TEST_F(SearchDisturbed, AFileThatAnotherProgramHoldsHasNoSitesAndIsKept)
     EXPECT_EQ(folder.read(L"B.udb"), manySites("b", 3));
 }
 
-TEST_F(SearchDisturbed, AFileThatGrowsIsSearchedAsItIsWhenItIsItsTurn)
+TEST_F(SearchDisturbed, AFileThatGrowsIsSearchedAsItIsWhenItsTurnComes)
 {
     const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;

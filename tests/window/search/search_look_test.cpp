@@ -1,18 +1,11 @@
 #include "platform/controls/font.h"
 #include "search/search_layout.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/look.h"
+#include "tests/support/search_test.h"
+#include "tests/support/window_facts.h"
 
 namespace vandrel::test {
 namespace {
-
-struct Look {
-    const char* name;
-    int size;
-    bool bold;
-    bool italic;
-};
-
-void PrintTo(const Look& look, std::ostream* out) { *out << look.name; }
 
 struct Part {
     HWND window;
@@ -24,12 +17,10 @@ struct Part {
 std::vector<Part> partsOf(HWND dialog)
 {
     std::vector<Part> parts;
-    for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        std::array<wchar_t, 64> kind{};
-        GetClassNameW(child, kind.data(), 64);
+    for (const HWND child : childrenOf(dialog)) {
         const auto type = GetWindowLongPtrW(child, GWL_STYLE) & BS_TYPEMASK;
-        const bool button = std::wstring(kind.data()) == L"Button";
-        std::wstring name = kind.data();
+        std::wstring name = classOf(child);
+        const bool button = name == L"Button";
         if (button && type == BS_GROUPBOX) name = L"Frame";
         if (button && (type == BS_AUTORADIOBUTTON || type == BS_AUTOCHECKBOX || type == BS_RADIOBUTTON ||
                        type == BS_CHECKBOX))
@@ -37,15 +28,6 @@ std::vector<Part> partsOf(HWND dialog)
         parts.push_back({child, name, windowText(child), placeOf(child)});
     }
     return parts;
-}
-
-HFONT fontOf(HWND window) { return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)); }
-
-bool isWithin(const RECT& inner, const RECT& outer)
-{
-    RECT both{};
-    UnionRect(&both, &inner, &outer);
-    return EqualRect(&both, &outer) != 0;
 }
 
 class SearchLookTest : public SearchTest {
@@ -67,7 +49,7 @@ class SearchLookTest : public SearchTest {
         SendMessageW(dialog(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
         return {limits.ptMinTrackSize.x, limits.ptMinTrackSize.y};
     }
-    // The frame around the results; it lies below the other one without a text.
+    // The frame around the results, the lower of the two without text.
     RECT resultsFrame()
     {
         RECT lowest{};
@@ -97,7 +79,7 @@ TEST_P(SearchLook, EveryControlHasTheDisplayFont)
 {
     for (const Part& part : partsOf(dialog())) {
         LOGFONTW used{};
-        ASSERT_NE(GetObjectW(fontOf(part.window), sizeof used, &used), 0) << nameOf(part);
+        ASSERT_NE(GetObjectW(fontHandleOf(part.window), sizeof used, &used), 0) << nameOf(part);
         EXPECT_EQ(std::wstring(used.lfFaceName), font.name);
         EXPECT_EQ(used.lfHeight, -MulDiv(font.size, static_cast<int>(search().dpi()), 72)) << nameOf(part);
         EXPECT_EQ(used.lfItalic != 0, font.italic);
@@ -140,7 +122,7 @@ TEST_P(SearchLook, NoTextIsClipped)
 {
     resize(1, 1);
     for (const Part& part : partsOf(dialog())) {
-        const SIZE text = textSize(fontOf(part.window), part.text.empty() ? L"Ag" : part.text);
+        const SIZE text = textSize(fontHandleOf(part.window), part.text.empty() ? L"Ag" : part.text);
         const int width = widthOf(part.area);
         const int height = heightOf(part.area);
         if (part.kind == L"Static") {
@@ -198,14 +180,14 @@ TEST_F(SearchSize, OneDirectionCanBeSmallAlone)
     EXPECT_EQ(heightOf(outerPlace(dialog())), px(4755));
 }
 
-TEST_F(SearchSize, LargerIsAsTheUserWants)
+TEST_F(SearchSize, AnyLargerSizeIsTheUsersChoice)
 {
     resize(px(7200) + 1, px(4755) + 1);
     EXPECT_EQ(widthOf(outerPlace(dialog())), px(7200) + 1);
     EXPECT_EQ(heightOf(outerPlace(dialog())), px(4755) + 1);
 }
 
-// Rounding to pixels may be off by one.
+// Rounding to pixels may put it off by one.
 TEST_F(SearchSize, TheResultsTakeTheHeightThatIsLeft)
 {
     for (const SIZE size : {SIZE{600, 400}, SIZE{700, 611}, SIZE{1100, 850}}) {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 
-// Twelve, three and seven sites: a search lets messages run three times.
+// Categories of twelve, three and seven sites. A search dispatches messages three times.
 class SearchOfThreeTest : public SearchTest {
   protected:
     SearchOfThreeTest()

@@ -1,5 +1,5 @@
-#include "tests/window/mainwindow/recorder.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/recorder.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -20,7 +20,7 @@ class SearchOpening : public SearchTest {
         const POINT at = pointOnRow(search().results(), row);
         SendMessageW(part(parts::results), WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
     }
-    // The tip of the results.
+    // The tool tip of the results.
     std::wstring tip()
     {
         struct Search {
@@ -100,7 +100,7 @@ TEST_F(SearchOpening, TheRowThatSaysThatThereIsNothingOpensNothing)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(SearchOpening, AnEmptyListOpensNothingAndHasNoTip)
+TEST_F(SearchOpening, AnEmptyListOpensNothingAndHasNoToolTip)
 {
     startWithCategories();
     SetFocus(part(parts::results));
@@ -110,7 +110,7 @@ TEST_F(SearchOpening, AnEmptyListOpensNothingAndHasNoTip)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(SearchOpening, TheTipIsAboutTheSelectedRowWhereverTheMouseIs)
+TEST_F(SearchOpening, TheToolTipIsAboutTheSelectedRowWhereverTheMouseIs)
 {
     startWithCategories();
     find(L"daily");

@@ -1,5 +1,5 @@
-#include "tests/window/endurance/resources.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/resources.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -22,7 +22,7 @@ TEST_F(SearchResources, ManySearchesTakeNoMoreMemoryThanAFew)
     folder.write(L"B.udb", manySites("site", 200) + manySites("other", 600));
     start();
     open();
-    // Both ways of keeping hits: the category's whole text, and a copy of a few.
+    // Both ways of keeping hits: with the category's whole text, and with copies of a few.
     const auto searchTwice = [this] {
         find(L"site");
         find(L"site 77");

@@ -1,5 +1,5 @@
 #include "tests/support/from_outside.h"
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -21,7 +21,7 @@ TEST_F(SearchResults, InAllSectionsWithLetterCaseTheNameDoesNotEither)
     EXPECT_EQ(foundIn(allSections, true, L"DAILY"), Lines{L"Compiler"});
 }
 
-TEST_F(SearchResults, ATermThatCameWithoutTheKeyboardIsSearchedFor)
+TEST_F(SearchResults, ATermThatWasNotTypedIsSearchedFor)
 {
     startWithCategories();
     setTextFromOutside(part(parts::term), L"Compiler");
@@ -42,7 +42,7 @@ TEST_F(SearchResults, OneSectionIsSearchedAloneAndFollowsTheBox)
     EXPECT_EQ(foundIn(descriptionOnly, true, L"DAILY"), Lines{L"Compiler"});
 }
 
-TEST_F(SearchResults, WithNoSectionOnNothingIsFoundAndAllIsCounted)
+TEST_F(SearchResults, WithNoSectionChosenNothingIsFoundButAllSitesAreCounted)
 {
     startWithCategories();
     SendMessageW(part(parts::section), BM_SETCHECK, BST_UNCHECKED, 0);
@@ -83,7 +83,7 @@ TEST_F(SearchResults, ThreeOfForty)
     EXPECT_EQ(panel(2), L"40 site(s) searched");
 }
 
-TEST_F(SearchResults, NoneIsARowThatSaysSo)
+TEST_F(SearchResults, NoResultIsARowThatSaysSo)
 {
     startWithCategories();
     find(L"nowhere to be found");
@@ -180,7 +180,7 @@ TEST_F(SearchResults, WithoutAnyCategoryAreNone)
     EXPECT_TRUE(lstInfo().empty());
 }
 
-TEST_F(SearchResults, OfMoreThanSixteenBitsAreAllCounted)
+TEST_F(SearchResults, MoreThanSixteenBitsHoldAreAllCounted)
 {
     folder.write(L"Huge.udb", manySites("hit", 33'000));
     start();

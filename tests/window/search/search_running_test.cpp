@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 #include "tests/window/search/search_of_three.h"
 
 namespace vandrel::test {
@@ -33,7 +33,7 @@ TEST_F(SearchRunning, TheMainWindowShowsTheCategoryThatIsSearched)
     EXPECT_EQ(selectedTitle(), L"A");
 }
 
-TEST_F(SearchRunning, WhatBelongsToTheSearchIsDisabledAndTheRestIsNot)
+TEST_F(SearchRunning, TheSearchsOwnControlsAreDisabledAndTheOthersAreNot)
 {
     const SearchTurns turns(*main, [&](int) {
         for (const int id : {parts::term, IDOK, parts::section, parts::section + 1, parts::section + 2,
@@ -50,7 +50,7 @@ TEST_F(SearchRunning, WhatBelongsToTheSearchIsDisabledAndTheRestIsNot)
         EXPECT_TRUE(IsWindowEnabled(part(id))) << id;
 }
 
-TEST_F(SearchRunning, AFocusInItDoesNotGetLost)
+TEST_F(SearchRunning, TheFocusInTheWindowIsNotLost)
 {
     SetFocus(part(parts::term));
     const SearchTurns turns(*main, [&](int) { EXPECT_TRUE(IsWindowEnabled(GetFocus())); });
@@ -59,7 +59,7 @@ TEST_F(SearchRunning, AFocusInItDoesNotGetLost)
     EXPECT_EQ(GetFocus(), part(parts::term));
 }
 
-TEST_F(SearchRunning, CloseEndsItAndShowsTheCategoryOfBefore)
+TEST_F(SearchRunning, CloseEndsItAndShowsThePreviousCategory)
 {
     clickCategory(L"B");
     const SearchTurns turns(*main, [&](int turn) {
@@ -83,13 +83,13 @@ TEST_F(SearchRunning, EscEndsItToo)
     EXPECT_TRUE(pumpUntil([&] { return main->searchWindow() == nullptr; }));
 }
 
-TEST_F(SearchRunning, ClosedItLivesUntilItHasEnded)
+TEST_F(SearchRunning, WhenClosedItLivesUntilTheSearchHasEnded)
 {
     const SearchTurns turns(*main, [&](int turn) {
         if (turn != 1) return;
         press(dialog(), IDCANCEL);
         const frmSearch* const before = main->searchWindow();
-        SendMessageW(main->handle(), WM_TIMER, 1, 0); // what the clock does every millisecond
+        SendMessageW(main->handle(), WM_TIMER, 1, 0); // as the timer does every millisecond
         main->run(mnuFind);
         EXPECT_EQ(main->searchWindow(), before);
     });
@@ -151,7 +151,7 @@ TEST_F(SearchRunning, ResultsThatAreSelectedMeanwhileLeaveOneSelectedInTheEnd)
     EXPECT_EQ(search().results().selectedCount(), 1U);
 }
 
-TEST_F(SearchRunning, SeveralSelectedResultsStaySoWhileItRuns)
+TEST_F(SearchRunning, SeveralSelectedResultsStaySelectedWhileItRuns)
 {
     std::vector<std::vector<std::size_t>> selected;
     const SearchTurns turns(*main, [&](int turn) {
@@ -165,7 +165,7 @@ TEST_F(SearchRunning, SeveralSelectedResultsStaySoWhileItRuns)
     EXPECT_EQ(selectedRows(search().results()), std::vector<std::size_t>{0});
 }
 
-TEST_F(SearchRunning, FindBringsTheSameWindow)
+TEST_F(SearchRunning, FindShowsTheSameWindow)
 {
     const HWND before = dialog();
     const SearchTurns turns(*main, [&](int) {

@@ -1,4 +1,4 @@
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -15,7 +15,7 @@ class SearchSorting : public SearchTest {
     }
 };
 
-TEST_F(SearchSorting, TheFirstClickGoesDownAndEveryClickTurnsTheOrder)
+TEST_F(SearchSorting, TheFirstClickSortsDescendingAndEveryClickReversesTheOrder)
 {
     EXPECT_EQ(found(), (Lines{L"beta", L"alpha", L"gamma"})) << "unsorted at first";
     clickHeader(search().results(), 0);
@@ -26,7 +26,7 @@ TEST_F(SearchSorting, TheFirstClickGoesDownAndEveryClickTurnsTheOrder)
     EXPECT_EQ(found(), (Lines{L"gamma", L"beta", L"alpha"}));
 }
 
-TEST_F(SearchSorting, AClickOnAnotherColumnTurnsTheOrderToo)
+TEST_F(SearchSorting, AClickOnAnotherColumnReversesTheOrderToo)
 {
     clickHeader(search().results(), 0);
     clickHeader(search().results(), 1);

@@ -1,4 +1,4 @@
-#include "tests/window/search/search_test.h"
+#include "tests/support/search_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -84,7 +84,7 @@ TEST_F(SearchWindow, IsTopmostAlsoWhenTheMainWindowIsKeptOnTopAlready)
     EXPECT_TRUE(isTopmost(dialog()));
 }
 
-TEST_F(SearchWindow, FoundAgainIsTheSameWindow)
+TEST_F(SearchWindow, OpenedAgainItIsTheSameWindow)
 {
     start();
     open();
@@ -129,7 +129,7 @@ TEST_F(SearchWindow, BeginsWithAllSectionsLetterCaseIgnoredAndNoResults)
     EXPECT_EQ(panel(2), L"");
 }
 
-TEST_F(SearchWindow, OneSectionIsOnAtATime)
+TEST_F(SearchWindow, OneSectionIsChosenAtATime)
 {
     start();
     open();
@@ -162,7 +162,7 @@ TEST_F(SearchWindow, EscTheButtonAndTheCloseBoxCloseIt)
     }
 }
 
-TEST_F(SearchWindow, ClosedItComesBackFresh)
+TEST_F(SearchWindow, AfterClosingItOpensAfresh)
 {
     startWithCategories();
     find(L"daily");
@@ -173,7 +173,7 @@ TEST_F(SearchWindow, ClosedItComesBackFresh)
     EXPECT_TRUE(search().results().empty());
 }
 
-TEST_F(SearchWindow, ClosedItLeavesTheKeyboardToTheMainWindow)
+TEST_F(SearchWindow, AfterClosingTheMainWindowHasTheFocus)
 {
     start();
     open();
@@ -182,7 +182,7 @@ TEST_F(SearchWindow, ClosedItLeavesTheKeyboardToTheMainWindow)
     EXPECT_TRUE(IsChild(main->handle(), GetFocus()));
 }
 
-TEST_F(SearchWindow, TabGoesThroughTheControlsInTheirOrder)
+TEST_F(SearchWindow, TabGoesThroughTheControlsInOrder)
 {
     start();
     open();
@@ -212,7 +212,7 @@ TEST_F(SearchWindow, TheArrowKeysGoThroughTheSections)
     EXPECT_EQ(GetFocus(), part(parts::section + 3)) << "Tab leads to the one that is on";
 }
 
-TEST_F(SearchWindow, GoesWithTheMainWindow)
+TEST_F(SearchWindow, ClosesWithTheMainWindow)
 {
     start();
     open();
@@ -226,7 +226,7 @@ TEST_F(SearchWindow, ColumnsThatWereDraggedKeepTheirWidthsAtAnotherScale)
     startWithCategories();
     ListView& results = search().results();
     const unsigned dpi = results.dpi();
-    SendMessageW(results.handle(), LVM_SETCOLUMNWIDTH, 0, 90); // as a drag in the header does
+    SendMessageW(results.handle(), LVM_SETCOLUMNWIDTH, 0, 90); // as dragging in the header does
     RECT place{};
     GetWindowRect(dialog(), &place);
     for (const unsigned next : {dpi * 3 / 2, dpi}) {

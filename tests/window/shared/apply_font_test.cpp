@@ -4,6 +4,7 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/windows/form.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <gtest/gtest.h>
 
@@ -30,19 +31,12 @@ struct TestForm : Form {
     int lastSizeWhenTold = 0;
 };
 
-LOGFONTW fontOf(const Control& control)
-{
-    LOGFONTW font{};
-    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(control.handle(), WM_GETFONT, 0, 0)), sizeof font, &font);
-    return font;
-}
-
 TEST(ApplyFont, GivesFaceSizeBoldAndItalicToEveryControl)
 {
     TestForm form;
     ApplyFont(form, L"Tahoma", 0, 12, true, true);
     for (const Control* const control : form.controls()) {
-        const LOGFONTW font = fontOf(*control);
+        const LOGFONTW font = fontOf(control->handle());
         EXPECT_STREQ(font.lfFaceName, L"Tahoma");
         EXPECT_EQ(font.lfHeight, -MulDiv(12, static_cast<int>(form.window.dpi()), 72));
         EXPECT_EQ(font.lfWeight, FW_BOLD);
@@ -56,23 +50,23 @@ TEST(ApplyFont, BoldAndItalicAreTakenAwayAgain)
     ApplyFont(form, L"Arial", 0, 12, true, true);
     ApplyFont(form, L"Arial", 0, 12, false, false);
     for (const Control* const control : form.controls()) {
-        EXPECT_EQ(fontOf(*control).lfWeight, FW_NORMAL);
-        EXPECT_EQ(fontOf(*control).lfItalic, FALSE);
+        EXPECT_EQ(fontOf(control->handle()).lfWeight, FW_NORMAL);
+        EXPECT_EQ(fontOf(control->handle()).lfItalic, FALSE);
     }
 }
 
-TEST(ApplyFont, BoldAndItalicAreTwoThings)
+TEST(ApplyFont, BoldAndItalicAreIndependent)
 {
     TestForm form;
     ApplyFont(form, L"Arial", 0, 9, true, false);
-    EXPECT_EQ(fontOf(form.label).lfWeight, FW_BOLD);
-    EXPECT_EQ(fontOf(form.label).lfItalic, FALSE);
+    EXPECT_EQ(fontOf(form.label.handle()).lfWeight, FW_BOLD);
+    EXPECT_EQ(fontOf(form.label.handle()).lfItalic, FALSE);
     ApplyFont(form, L"Arial", 0, 9, false, true);
-    EXPECT_EQ(fontOf(form.label).lfWeight, FW_NORMAL);
-    EXPECT_EQ(fontOf(form.label).lfItalic, TRUE);
+    EXPECT_EQ(fontOf(form.label.handle()).lfWeight, FW_NORMAL);
+    EXPECT_EQ(fontOf(form.label.handle()).lfItalic, TRUE);
 }
 
-TEST(ApplyFont, ColoursWhatHasATextColourAndPassesOverWhatHasNone)
+TEST(ApplyFont, ColoursOnlyWhatHasATextColour)
 {
     TestForm form;
     ApplyFont(form, L"Arial", RGB(1, 2, 250), 9, false, false);
@@ -94,14 +88,14 @@ TEST(ApplyFont, TakesTheDisplayFontOfTheOptionsAsOne)
 {
     TestForm form;
     ApplyFont(form, DisplayFont{L"Courier New", 0xFF, 10, true, false});
-    const LOGFONTW font = fontOf(form.button);
+    const LOGFONTW font = fontOf(form.button.handle());
     EXPECT_STREQ(font.lfFaceName, L"Courier New");
     EXPECT_EQ(font.lfHeight, -MulDiv(10, static_cast<int>(form.window.dpi()), 72));
     EXPECT_EQ(font.lfWeight, FW_BOLD);
     EXPECT_EQ(static_cast<COLORREF>(SendMessageW(form.list.handle(), LVM_GETTEXTCOLOR, 0, 0)), 0xFFU);
 }
 
-TEST(ApplyFont, TellsTheFormOnceWhenAllControlsHaveTheFont)
+TEST(ApplyFont, NotifiesTheFormOnceWhenAllControlsHaveTheFont)
 {
     TestForm form;
     ApplyFont(form, L"Arial", 0, 14, false, false);
@@ -118,7 +112,7 @@ TEST(ApplyFont, AFaceThatNoSystemHasOrThatIsTooLongRaisesNothing)
     EXPECT_NE(SendMessageW(form.label.handle(), WM_GETFONT, 0, 0), 0);
 }
 
-TEST(ApplyFont, AFormWithoutControlsIsToldAllTheSame)
+TEST(ApplyFont, AFormWithoutControlsIsNotifiedToo)
 {
     struct Bare : Form {
         std::vector<Control*> controls() override { return {}; }

@@ -15,7 +15,7 @@ class PauseOfTopmost : public testing::Test {
     KeepOnTop keepOnTop{window.handle(), 0};
 };
 
-TEST_F(PauseOfTopmost, TakesTheWindowOutOfTheLayerAndPutsItBack)
+TEST_F(PauseOfTopmost, MakesTheWindowNormalAndThenTopmostAgain)
 {
     keepOnTop.flag = 1;
     setTopmost(window.handle(), true);
@@ -36,7 +36,7 @@ TEST_F(PauseOfTopmost, WithoutTheFlagDoesNothing)
     EXPECT_TRUE(onTop());
 }
 
-TEST_F(PauseOfTopmost, PutsNothingIntoTheLayerThatTheFlagDoesNotKeepThere)
+TEST_F(PauseOfTopmost, MakesNoWindowTopmostThatTheFlagDoesNot)
 {
     {
         const TopmostPause pause(keepOnTop);
@@ -44,7 +44,7 @@ TEST_F(PauseOfTopmost, PutsNothingIntoTheLayerThatTheFlagDoesNotKeepThere)
     EXPECT_FALSE(onTop());
 }
 
-TEST_F(PauseOfTopmost, AFlagClearedMeanwhileLeavesTheNormalLayer)
+TEST_F(PauseOfTopmost, AFlagClearedMeanwhileLeavesTheWindowNormal)
 {
     keepOnTop.flag = 1;
     setTopmost(window.handle(), true);

@@ -6,13 +6,13 @@
 namespace vandrel::test {
 namespace {
 
-// A child window, so that the system takes away no bit of the style.
+// A child window, so that the system removes no bit of the style.
 class Off2000Edges : public testing::Test {
   protected:
     Off2000Edges() { window.show(); }
     ~Off2000Edges() override { DestroyWindow(child); }
     void give(LONG_PTR style) const { SetWindowLongPtrW(child, GWL_EXSTYLE, style); }
-    // Without the bit that the system sets and clears by itself, as the other edges are.
+    // Without the bit that the system sets and clears itself, depending on the other edges.
     LONG_PTR style() const { return GetWindowLongPtrW(child, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_WINDOWEDGE}; }
     SIZE inner() const
     {
@@ -69,7 +69,7 @@ TEST_F(Off2000Edges, TheFrameIsThereAtOnceAndPlaceAndSizeStay)
     EXPECT_TRUE(EqualRect(&before, &after));
 }
 
-TEST_F(Off2000Edges, TheOrderOfTheWindowsStays)
+TEST_F(Off2000Edges, TheZOrderStays)
 {
     const HWND other = CreateWindowExW(0, L"Static", L"", WS_CHILD | WS_VISIBLE, 0, 0, 9, 9, window.handle(),
                                        nullptr, nullptr, nullptr);

@@ -68,7 +68,7 @@ TEST_F(AddingACategory, TakesItsPlaceInASortedList)
     EXPECT_EQ(selectedTitle(), L"a");
 }
 
-TEST_F(AddingACategory, AnEmptyOrBlankAnswerAndCancelChangeNothing)
+TEST_F(AddingACategory, AnEmptyOrBlankAnswerOrCancelChangesNothing)
 {
     folder.write(L"Work.udb", "A|a\r\n");
     folder.write(L"Play.udb", "");
@@ -178,7 +178,7 @@ TEST_F(AddingACategory, TheSameTitleAgainEmptiesItsFileAndIsShownTwice)
     EXPECT_EQ(folder.names(), (Lines{L"Other.udb", L"Work.udb"}));
 }
 
-TEST_F(AddingACategory, TheSameTitleInOtherLettersEmptiesTheSameFile)
+TEST_F(AddingACategory, TheSameTitleInAnotherCaseEmptiesTheSameFile)
 {
     folder.write(L"Work.udb", "A|a\r\nB|b\r\n");
     start();
@@ -221,7 +221,7 @@ TEST_F(AddingACategory, InASortedListTheSelectionStaysWithItsCategoryWhenTheFile
     EXPECT_EQ(selectedTitle(), L"a");
 }
 
-TEST_F(AddingACategory, BlanksAroundTheTitleBelongToTheFileName)
+TEST_F(AddingACategory, BlanksAroundTheTitleArePartOfTheFileName)
 {
     start();
     add(L"  early");
@@ -251,7 +251,7 @@ TEST_F(AddingACategory, TheNameOfADeviceIsATitleLikeAnyOther)
     SaveItems(workspace());
     clickCategory(L"CON");
     EXPECT_EQ(sites(), Lines{L"A|a||1"});
-    // By the form of its name that is no device's; what cleans up after the test knows the other one.
+    // Under the form of its name that is not the device's: the clean-up after the test uses the other one.
     EXPECT_TRUE(DeleteFileW((L"\\\\?\\" + folder.file(L"CON.udb")).c_str()));
 }
 

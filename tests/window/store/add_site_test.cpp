@@ -1,6 +1,6 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -87,7 +87,7 @@ TEST_F(AddingASite, ResetsTheNewNameAndUrlButNotTheDescription)
     EXPECT_EQ(workspace().site.newSiteDescription, L"one");
 }
 
-TEST_F(AddingASite, NothingOfTheSiteBeforeComesBackInTheEditor)
+TEST_F(AddingASite, NothingOfThePreviousSiteComesBackInTheEditor)
 {
     folder.write(L"Work.udb", "");
     start();
@@ -99,7 +99,7 @@ TEST_F(AddingASite, NothingOfTheSiteBeforeComesBackInTheEditor)
     EXPECT_EQ(sites(), (Lines{L"|http://||11/16/2002", L"A|http://a/|one|11/16/2002"}));
 }
 
-TEST_F(AddingASite, EmptyFieldsAreTaken)
+TEST_F(AddingASite, EmptyFieldsAreAccepted)
 {
     folder.write(L"Work.udb", "");
     start();

@@ -1,4 +1,4 @@
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 #include <algorithm>
 
@@ -24,7 +24,7 @@ TEST_F(CategoryListing, ATitleIsTheFileNameUpToItsLastPoint)
     EXPECT_EQ(sortedTitles(), (Lines{L" early", L"My.Links", L"Work"}));
 }
 
-TEST_F(CategoryListing, OnlyNamesThatEndInTheExtensionToTheLetterAreCategories)
+TEST_F(CategoryListing, OnlyNamesWithExactlyTheExtensionAreCategories)
 {
     for (const wchar_t* const name : {L"Notes.txt", L"Old.UDB", L"Other.Udb", L"udb", L"Bookudb", L"A.udbx",
                                       L"B.udb.bak", L"scanned.log"}) {
@@ -35,7 +35,7 @@ TEST_F(CategoryListing, OnlyNamesThatEndInTheExtensionToTheLetterAreCategories)
     EXPECT_EQ(titles(), Lines{L"Work"});
 }
 
-TEST_F(CategoryListing, AFolderOfSuchANameAndWhatLiesInAFolderAreNoCategories)
+TEST_F(CategoryListing, FoldersOfThatNameAndFilesInFoldersAreNotCategories)
 {
     makeFolder(L"Trap.udb");
     makeFolder(L"Below");
@@ -45,7 +45,7 @@ TEST_F(CategoryListing, AFolderOfSuchANameAndWhatLiesInAFolderAreNoCategories)
     EXPECT_EQ(titles(), Lines{L"Work"});
 }
 
-TEST_F(CategoryListing, WhatACrashLeftBehindWhileSavingIsNoCategory)
+TEST_F(CategoryListing, WhatACrashLeftBehindWhileSavingIsNotACategory)
 {
     folder.write(L"Work.udb", "");
     folder.write(L"Work.udb.1234.tmp", "half");

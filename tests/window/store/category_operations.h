@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mainwindow/menu_entries.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 

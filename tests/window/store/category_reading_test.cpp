@@ -1,12 +1,12 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
 
 class CategoryReading : public StoreTest {};
 
-TEST_F(CategoryReading, CommentsAndLinesWithoutASeparatorAreNoSites)
+TEST_F(CategoryReading, CommentsAndLinesWithoutASeparatorAreNotSites)
 {
     folder.write(L"Work.udb", ";note\r\nplain text\r\nA|B\r\n;C|D|E|F\r\n");
     start();
@@ -55,7 +55,7 @@ TEST_F(CategoryReading, AnEmptyFileIsAnEmptyCategory)
     EXPECT_EQ(main->caption(), L"Vandrel - Void");
 }
 
-TEST_F(CategoryReading, WhatTheDateFieldHoldsIsShownAsItStands)
+TEST_F(CategoryReading, TheDateFieldIsShownAsItIs)
 {
     folder.write(L"Work.udb", "A|B|C|yesterday, 31.02.99\r\n");
     start();
@@ -72,7 +72,7 @@ TEST_F(CategoryReading, EverySiteHasTheSitePictureAndADeadMarkIsGone)
     EXPECT_EQ(siteRows().image(1), 1);
 }
 
-TEST_F(CategoryReading, TheSelectedCategoryAloneShowsTheOpenFolder)
+TEST_F(CategoryReading, OnlyTheSelectedCategoryShowsTheOpenFolder)
 {
     for (const wchar_t* const name : {L"A.udb", L"B.udb", L"C.udb"}) folder.write(name, "");
     start();
@@ -165,7 +165,7 @@ TEST_F(CategoryReading, AFileThatAnotherProgramHoldsGivesAnEmptyListAndNoMessage
     EXPECT_EQ(main->caption(), L"Vandrel - B");
 }
 
-TEST_F(CategoryReading, AFolderThatTookTheFilesPlaceGivesAnEmptyListAndNoMessage)
+TEST_F(CategoryReading, AFolderInPlaceOfTheFileGivesAnEmptyListAndNoMessage)
 {
     folder.write(L"A.udb", "x|y\r\n");
     folder.write(L"B.udb", "x|y\r\n");

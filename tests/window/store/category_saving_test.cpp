@@ -1,4 +1,4 @@
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -25,7 +25,7 @@ TEST_F(SavingACategory, WritesAnEmptyFileForAnEmptyList)
     EXPECT_EQ(folder.read(L"Work.udb"), "");
 }
 
-TEST_F(SavingACategory, WritesTheWholeFileAnewAndNothingBesideIt)
+TEST_F(SavingACategory, RewritesTheWholeFileAndLeavesNothingBesideIt)
 {
     folder.write(L"Work.udb", ";comment\r\nnoise\r\nA|a|x|1\r\nB|b|y|2\r\n");
     folder.write(L"Other.udb", "C|c\r\n");
@@ -85,7 +85,8 @@ TEST_F(SavingACategory, LettersOutsideTheCodePageBecomeQuestionMarksAndNeverASep
     if (GetACP() != 1252) GTEST_SKIP() << "the letters are chosen for code page 1252";
     folder.write(L"Work.udb", "");
     start();
-    // A Polish letter, the full-width bar that a best fit would turn into "|", and letters that the page has.
+    // A Polish letter, the full-width bar that a best fit would turn into "|", and letters of the code
+    // page.
     siteRows().add({L"\u0141\u00F3d\u017A", L"a\uFF5Cb", L"\u20AC \u00FC", L"1"}, siteImage);
     SaveItems(workspace());
     EXPECT_EQ(folder.read(L"Work.udb"), "?\xF3"

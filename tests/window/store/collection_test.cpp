@@ -1,5 +1,5 @@
 #include "store/site_operations.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -9,7 +9,7 @@ namespace fs = std::filesystem;
 namespace vandrel::test {
 namespace {
 
-// A folder that lies beside the project as "shared"; none where it is absent.
+// A folder in "shared" beside the project; none when it is missing.
 std::optional<fs::path> besideTheProject(const wchar_t* name)
 {
     wchar_t program[MAX_PATH]{};
@@ -36,7 +36,7 @@ std::vector<std::string> recordsOf(const std::string& bytes)
     return records;
 }
 
-// Real bookmarks in the formats that the code page of this run can read.
+// Real bookmarks, those that the code page of this run can read.
 class Collection : public StoreTest {
   protected:
     void changeOneSiteOf(const std::wstring& title)

@@ -1,5 +1,5 @@
 #include "store/site_operations.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -51,7 +51,7 @@ TEST_F(EditingADescription, CancelKeepsTheOldOneAndSavesTheList)
     EXPECT_EQ(folder.read(L"Work.udb"), "A|a|old|1\r\nB|b|other|2\r\n");
 }
 
-TEST_F(EditingADescription, ItIsTakenAsItIsTyped)
+TEST_F(EditingADescription, ItIsStoredAsTyped)
 {
     startWithTwo();
     selectSites({0});

@@ -1,6 +1,6 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -63,7 +63,7 @@ TEST_F(EditingASite, CancelChangesNothingAndWritesNothing)
     EXPECT_EQ(folder.read(L"Work.udb"), "untouched");
 }
 
-TEST_F(EditingASite, EndsTheEditModeInBothCasesAndLeavesTheCancelMarkAsTheEditorLeftIt)
+TEST_F(EditingASite, EndsEditModeEitherWayAndLeavesTheCancelFlagAsItIs)
 {
     startWithTwo();
     selectSites({0});
@@ -92,7 +92,7 @@ TEST_F(EditingASite, AddingAfterwardsOpensTheEditorForANewSite)
     EXPECT_EQ(lstInfo().count(), 3U);
 }
 
-TEST_F(EditingASite, ASeparatorIsWrittenAsItIsTyped)
+TEST_F(EditingASite, ASeparatorIsWrittenAsTyped)
 {
     startWithTwo();
     selectSites({0});
@@ -127,7 +127,7 @@ TEST_F(EditingASite, WithoutASelectedSiteNoEditorOpens)
     EXPECT_EQ(lstInfo().count(), 2U);
 }
 
-TEST_F(EditingASite, WhatTheUserDidNotTouchComesBackToTheLetter)
+TEST_F(EditingASite, UntouchedTextsAreStoredUnchanged)
 {
     const std::string odd("O\0d\td|http://o/\n|one\rtwo\x1A\x81|1\r\n", 30);
     folder.write(L"Work.udb", odd);
@@ -138,7 +138,7 @@ TEST_F(EditingASite, WhatTheUserDidNotTouchComesBackToTheLetter)
     EXPECT_EQ(folder.read(L"Work.udb"), odd);
 }
 
-TEST_F(EditingASite, ATextLongerThanTheBoxTakesComesBackWhole)
+TEST_F(EditingASite, ATextLongerThanTheBoxAcceptsIsKeptWhole)
 {
     const std::string bytes = "A|a|" + std::string(200'000, 'x') + "|1\r\n";
     folder.write(L"Work.udb", bytes);

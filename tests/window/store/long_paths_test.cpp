@@ -1,9 +1,9 @@
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
 
-// A data folder whose path is longer than the 260 characters that the system's ordinary names have.
+// A data folder whose path is longer than the 260 characters of an ordinary path.
 class LongPath : public StoreTest {
   protected:
     LongPath()

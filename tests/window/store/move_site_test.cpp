@@ -1,6 +1,6 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -82,7 +82,7 @@ TEST_F(MovingASite, OfTwoCategoriesWithOneTitleTheFirstGetsIt)
     EXPECT_EQ(folder.read(L"To.udb"), "9|q|r|9/9/2009\r\n2|b|y|\r\n");
 }
 
-TEST_F(MovingASite, TitlesAreComparedToTheLetter)
+TEST_F(MovingASite, TitlesAreComparedExactly)
 {
     startWithTwoCategories();
     categoryRows().clear();
@@ -120,7 +120,7 @@ TEST_F(MovingASite, AnEntryWhoseCategoryHasGoneMovesNothing)
     expectNothingMoved();
 }
 
-TEST_F(MovingASite, AMissingTargetFileIsMadeAnew)
+TEST_F(MovingASite, AMissingTargetFileIsMadeAgain)
 {
     startWithTwoCategories();
     DeleteFileW(folder.file(L"To.udb").c_str());
@@ -212,7 +212,7 @@ TEST_F(MovingASite, WhenTheSourceCannotBeSavedATargetThatWasMissingIsMissingAgai
     EXPECT_EQ(column(lstInfo()), (Lines{L"1", L"2", L"3"}));
 }
 
-TEST_F(MovingASite, ThenTheNextSaveStillHasTheSite)
+TEST_F(MovingASite, WhenTheSourceCannotBeSavedTheNextSaveStillHasTheSite)
 {
     startWithTwoCategories();
     makeReadOnly(L"From.udb");
@@ -226,8 +226,8 @@ TEST_F(MovingASite, ThenTheNextSaveStillHasTheSite)
     EXPECT_EQ(folder.read(L"From.udb"), from);
 }
 
-// Windows has one file for both titles.
-TEST_F(MovingASite, ToTheSameFileInOtherLettersLosesNothing)
+// On Windows both titles mean the same file.
+TEST_F(MovingASite, ToTheSameFileInAnotherCaseLosesNothing)
 {
     startWithTwoCategories();
     categoryRows().add({L"FROM"}, closedFolderImage);

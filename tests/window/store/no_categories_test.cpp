@@ -1,6 +1,6 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -34,7 +34,7 @@ TEST_F(NoCategories, AddingASiteStillOpensTheEditorAndThenAsksForACategory)
     EXPECT_EQ(sites(), Lines{L"A|http://a/|one|11/16/2002"});
 }
 
-TEST_F(NoCategories, TheOneThatIsMadeIsSelectedAndShownAsOpen)
+TEST_F(NoCategories, TheNewCategoryIsSelectedAndShownAsOpen)
 {
     start();
     Answers answers;

@@ -1,11 +1,11 @@
 #include "store/site_operations.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
 
 // What other programs, editors and accidents make of a category file. The site named Touch gets a new
-// description; everything else has to come back.
+// description; everything else must stay.
 class OddFile : public StoreTest {
   protected:
     std::string savedByAChangeElsewhere(const std::string& bytes)
@@ -76,7 +76,7 @@ TEST_F(OddFile, AnEndOfFileByteInTheMiddleEndsNothing)
     EXPECT_EQ(savedByAChangeElsewhere(odd + touchBefore + odd), odd + touchAfter + odd);
 }
 
-TEST_F(OddFile, AnEndOfFileByteBehindTheLastLineIsNoSite)
+TEST_F(OddFile, AnEndOfFileByteAfterTheLastLineIsNotASite)
 {
     EXPECT_EQ(savedByAChangeElsewhere("A|a|x|1\r\n" + touchBefore + "\x1A"), "A|a|x|1\r\n" + touchAfter);
 }
@@ -87,9 +87,9 @@ TEST_F(OddFile, AByteOrderMarkIsKept)
     EXPECT_EQ(savedByAChangeElsewhere(odd + touchBefore), odd + touchAfter);
 }
 
-TEST_F(OddFile, AFileOfAnotherEncodingDoesNoHarm)
+TEST_F(OddFile, AFileInAnotherEncodingDoesNoHarm)
 {
-    // UTF-16 with its mark: lines with a separator are sites, and every byte of them comes back.
+    // UTF-16 with a byte order mark: lines with a separator are sites, and every byte of them is kept.
     const std::string odd("\xFF\xFEO\0|\0o\0|\0x\0|\0\x31\0\r\n", 18);
     EXPECT_EQ(savedByAChangeElsewhere(odd + touchBefore), odd + touchAfter);
 }
@@ -101,22 +101,22 @@ TEST_F(OddFile, OfManySeparatorsTheFirstFourPiecesAreKept)
               "Odd|o|x|1\r\n" + touchAfter + "|||\r\n");
 }
 
-TEST_F(OddFile, EveryByteThatIsNoSeparatorAndNoLineEndIsKept)
+TEST_F(OddFile, EveryByteOtherThanSeparatorsAndLineEndsIsKept)
 {
     std::string odd = "Odd|";
     for (int byte = 0; byte < 256; ++byte) {
         if (byte == '|' || byte == '\r' || byte == '\n') continue;
         odd.push_back(static_cast<char>(byte));
-        // Apart, so that in a double-byte code page no two of them spell a letter.
+        // Kept apart, so that no two of them form a letter in a double-byte code page.
         odd.push_back(' ');
     }
     odd += "|x|1\r\n";
     EXPECT_EQ(savedByAChangeElsewhere(odd + touchBefore + odd), odd + touchAfter + odd);
 }
 
-TEST_F(OddFile, BytesThatSpellNothingAreKept)
+TEST_F(OddFile, BytesThatAreNotLettersAreKept)
 {
-    // 81, 8D, 8F, 90 and 9D have no letter in code page 1252.
+    // In code page 1252 the bytes 81, 8D, 8F, 90 and 9D are no letters.
     const std::string odd = "\x81|\x8D\x8F|\x90|\x9D\r\n";
     EXPECT_EQ(savedByAChangeElsewhere(touchBefore + odd), touchAfter + odd);
 }
@@ -133,7 +133,7 @@ TEST_F(OddFile, BlanksAndTabsAroundTheFieldsAreKept)
     EXPECT_EQ(savedByAChangeElsewhere(odd + touchBefore), odd + touchAfter);
 }
 
-TEST_F(OddFile, AFileOfLineEndsAloneIsAnEmptyCategory)
+TEST_F(OddFile, AFileOfNothingButLineEndsIsAnEmptyCategory)
 {
     folder.write(L"Odd.udb", "\r\n\r\r\n\n\r\n\n\r");
     start();

@@ -24,7 +24,7 @@ class RemovingACategory : public StoreTest {
     }
 };
 
-TEST_F(RemovingACategory, DeletesItsFileTakesItsItemOffAndEmptiesTheSiteList)
+TEST_F(RemovingACategory, DeletesItsFileRemovesItsItemAndEmptiesTheSiteList)
 {
     startWithThree();
     remove(IDYES);
@@ -55,7 +55,7 @@ TEST_F(RemovingACategory, NoChangesNothing)
     EXPECT_EQ(selectedTitle(), L"B");
 }
 
-TEST_F(RemovingACategory, AsksWithYesAndNoAlone)
+TEST_F(RemovingACategory, AsksWithOnlyYesAndNo)
 {
     startWithThree();
     std::vector<int> buttons;

@@ -1,5 +1,5 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -23,7 +23,7 @@ class RemovingSites : public StoreTest {
     std::wstring outcome() { return workspace().StatusBar1.panelText(1); }
 };
 
-// Notes what the progress bar is told.
+// Records what the progress bar is set to.
 struct ProgressLog {
     bool shown = false;
     static LRESULT CALLBACK watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -57,7 +57,7 @@ TEST_F(RemovingSites, NoChangesNothing)
     EXPECT_EQ(outcome(), before);
 }
 
-TEST_F(RemovingSites, AsksWithYesAndNoAlone)
+TEST_F(RemovingSites, AsksWithOnlyYesAndNo)
 {
     startWithTen();
     selectSites({1});
@@ -103,7 +103,7 @@ TEST_F(RemovingSites, AllOfThemLeaveAnEmptyCategory)
     EXPECT_EQ(folder.read(L"Work.udb"), "");
 }
 
-TEST_F(RemovingSites, NeighboursAndTheEndsGoToo)
+TEST_F(RemovingSites, NeighboursAndTheEndsAreRemovedToo)
 {
     startWithTen();
     selectSites({0, 1, 2, 8, 9});

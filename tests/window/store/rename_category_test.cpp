@@ -5,7 +5,7 @@ namespace {
 
 class CategoryRename : public StoreTest {
   protected:
-    // A data folder with a category that is open, and the program started from that folder.
+    // Starts with one category, which is shown, in a data folder from which the program was started.
     void startIn(const std::wstring& currentFolder)
     {
         folder.write(L"Old.udb", "a|1\r\n");
@@ -15,7 +15,7 @@ class CategoryRename : public StoreTest {
     }
     void startThere() { startIn(folder.path()); }
 
-    // Edits the selected label as the user does: the command, the new text, Enter or Esc.
+    // Edits the selected label as the user does, with the command, the new text, and Enter or Esc.
     void rename(const std::wstring& text, WPARAM end = VK_RETURN)
     {
         choose(mnuRenameCat);
@@ -110,8 +110,8 @@ TEST_F(CategoryRename, ATitleOfBlanksIsRefusedAndTheOldNameStays)
     expectUnchanged();
 }
 
-// Past the native list: Wine's takes a label without text for a cancelled edit, Windows' hands over the empty
-// text.
+// Without the native list: Wine's takes an empty label for a cancelled edit, that of Windows passes the
+// empty text on.
 TEST_F(CategoryRename, AnEmptyTitleIsRefusedAndTheOldNameStays)
 {
     startThere();
@@ -146,7 +146,7 @@ TEST_F(CategoryRename, EscLeavesTheOldName)
     expectUnchanged();
 }
 
-TEST_F(CategoryRename, BlanksAroundTheTitleBelongToTheFileName)
+TEST_F(CategoryRename, BlanksAroundTheTitleArePartOfTheFileName)
 {
     startThere();
     rename(L" New ");
@@ -171,19 +171,19 @@ TEST_F(CategoryRename, TheSameTextChangesNothing)
     expectUnchanged();
 }
 
-TEST_F(CategoryRename, OtherCapitalLettersAreANewName)
+TEST_F(CategoryRename, AnotherLetterCaseIsANewName)
 {
     startThere();
     Answers answers;
     rename(L"OLD");
     EXPECT_ANSWERED(answers);
     EXPECT_EQ(titles(), (Lines{L"OLD", L"Other"}));
-    // The name's letters on the disk are not asked for: Wine leaves them, Windows changes them.
+    // The letter case of the name on the disk is not checked: Wine keeps it, Windows changes it.
     EXPECT_EQ(folder.names().size(), 2U);
     EXPECT_EQ(folder.read(L"OLD.udb"), "a|1\r\n");
 }
 
-TEST_F(CategoryRename, BeginningToEditTheLabelIsNoClickOnTheCategory)
+TEST_F(CategoryRename, BeginningToEditTheLabelIsNotAClickOnTheCategory)
 {
     startThere();
     int clicks = 0;
@@ -193,7 +193,7 @@ TEST_F(CategoryRename, BeginningToEditTheLabelIsNoClickOnTheCategory)
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(CategoryRename, EditingTheLabelReadsNothingAnew)
+TEST_F(CategoryRename, EditingTheLabelReadsNothingAgain)
 {
     startThere();
     siteRows().setText(0, 2, L"not saved yet");
@@ -203,7 +203,7 @@ TEST_F(CategoryRename, EditingTheLabelReadsNothingAnew)
     EXPECT_EQ(sites(), Lines{L"a|1|not saved yet|"});
 }
 
-TEST_F(CategoryRename, WorksInTheCurrentDirectoryAloneByDesign)
+TEST_F(CategoryRename, WorksInTheCurrentDirectoryOnlyByDesign)
 {
     const TempFolder elsewhere(L"elsewhere");
     startIn(elsewhere.path());

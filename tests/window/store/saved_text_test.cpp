@@ -2,13 +2,13 @@
 
 #include "mainwindow/menu_entries.h"
 #include "store/site_operations.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
 
-// The list shows what the file holds, at once.
+// The list shows at once what the file now holds.
 class SavedTexts : public StoreTest {
   protected:
     void startWithOne()
@@ -25,7 +25,7 @@ class SavedTexts : public StoreTest {
     }
 };
 
-TEST_F(SavedTexts, LettersThatTheCodePageLacksAreQuestionMarksInTheNewRow)
+TEST_F(SavedTexts, LettersOutsideTheCodePageAreQuestionMarksInANewRow)
 {
     startWithOne();
     Answers answers;
@@ -36,7 +36,7 @@ TEST_F(SavedTexts, LettersThatTheCodePageLacksAreQuestionMarksInTheNewRow)
     expectListAsInTheFile();
 }
 
-TEST_F(SavedTexts, AndInAnEditedOne)
+TEST_F(SavedTexts, LettersOutsideTheCodePageAreQuestionMarksInAnEditedRow)
 {
     startWithOne();
     Answers answers;
@@ -47,7 +47,7 @@ TEST_F(SavedTexts, AndInAnEditedOne)
     expectListAsInTheFile();
 }
 
-TEST_F(SavedTexts, AndInADescriptionThatIsAskedFor)
+TEST_F(SavedTexts, LettersOutsideTheCodePageAreQuestionMarksInADescription)
 {
     startWithOne();
     Answers answers;
@@ -70,7 +70,7 @@ TEST_F(SavedTexts, ALinkOfSeveralLinesIsOneRecord)
     expectListAsInTheFile();
 }
 
-TEST_F(SavedTexts, ALineEndThatIsEditedInIsABlankAndWhatIsNotTouchedStays)
+TEST_F(SavedTexts, ALineEndThatIsTypedBecomesABlankAndUntouchedTextsStay)
 {
     folder.write(L"Work.udb", "a\rb|http://x/|c|1/1/2001\r\n");
     start();

@@ -1,8 +1,6 @@
 #include "mainwindow/menu_entries.h"
-#include "tests/window/platform/files/failing_files.h"
-#include "tests/window/store/store_test.h"
-
-#include <thread>
+#include "tests/support/failing_files.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 namespace {
@@ -56,9 +54,8 @@ TEST_F(SavingFault, AFileThatAnotherProgramHoldsIsWaitedForAndThenRefused)
 {
     startWithAChange();
     HeldFile held(folder.file(L"Work.udb"));
-    const ULONGLONG begin = GetTickCount64();
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 70);
-    EXPECT_GE(GetTickCount64() - begin, 1500U);
+    EXPECT_EQ(held.slept(), 2000U);
     held.release();
     expectTheOldFileAndTheNewList();
     SaveItems(workspace());
@@ -69,12 +66,9 @@ TEST_F(SavingFault, AFileThatAnotherProgramHoldsForAMomentIsSavedWhenItLetsGo)
 {
     startWithAChange();
     HeldFile held(folder.file(L"Work.udb"));
-    std::thread other([&] {
-        Sleep(150);
-        held.release();
-    });
+    held.releaseAfterSleeping(150);
     EXPECT_EQ(errorOf([&] { SaveItems(workspace()); }), 0);
-    other.join();
+    EXPECT_EQ(held.slept(), 150U);
     EXPECT_EQ(folder.read(L"Work.udb"), after);
     EXPECT_EQ(folder.names(), Lines{L"Work.udb"});
 }
@@ -98,7 +92,7 @@ TEST_F(SavingFault, AFolderInThePlaceOfTheFileIsRefused)
     EXPECT_EQ(lstInfo().text(0, 2), L"changed");
 }
 
-TEST_F(SavingFault, AFolderThatIsGoneIsAPathNotFound)
+TEST_F(SavingFault, AMissingFolderIsPathNotFound)
 {
     startWithAChange();
     workspace().dataFolder = folder.file(L"gone");
@@ -125,7 +119,7 @@ TEST_F(SavingFault, TheUserGetsTheRunTimeErrorBoxAndTheProgramGoesOn)
     EXPECT_EQ(folder.read(L"Work.udb"), "B|b|y|2\r\n");
 }
 
-// ---- a file that was there but could not be read
+// ---- a file that exists but could not be read
 
 TEST_F(SavingFault, ACategoryThatCouldNotBeReadIsNotOverwrittenUntilItIsReadAgain)
 {

@@ -1,5 +1,5 @@
 #include "platform/controls/status_bar.h"
-#include "tests/window/dialogs/site_editor.h"
+#include "tests/support/site_editor.h"
 #include "tests/window/store/category_operations.h"
 
 namespace vandrel::test {
@@ -8,7 +8,7 @@ namespace {
 constexpr const wchar_t* noCategories =
     L"There are no categories. Please make a category before adding a site.";
 
-// Nothing that was entered leaves the screen unsaved.
+// Nothing that was entered disappears from the screen unsaved.
 class UnsavedSites : public StoreTest {
   protected:
     Answers& expectSite(Answers& answers, const std::wstring& name)
@@ -23,7 +23,7 @@ class UnsavedSites : public StoreTest {
     {
         return answers.expectBox(L"Vandrel", text, button, MB_ICONQUESTION);
     }
-    // Without any category: enters a site, and makes no category for it.
+    // Enters a site while there is no category, and makes none for it.
     void addStraySite(const std::wstring& name)
     {
         Answers answers;
@@ -50,7 +50,7 @@ class UnsavedSites : public StoreTest {
     {
         SetFileAttributesW(folder.file(name).c_str(), FILE_ATTRIBUTE_NORMAL);
     }
-    // Of a category that is shown and cannot be saved.
+    // Makes a change in a shown category that cannot be saved.
     void failToSave()
     {
         Answers answers;
@@ -63,7 +63,7 @@ class UnsavedSites : public StoreTest {
         L"The changes to \"Work\" could not be saved: Path/File access error.\r\n\r\nDiscard them?";
 };
 
-// ---- categories are there, and none is shown
+// ---- categories exist, but none is shown
 
 TEST_F(UnsavedSites, TheFirstSiteGoesToTheFirstCategoryThatWasMade)
 {
@@ -78,7 +78,7 @@ TEST_F(UnsavedSites, TheFirstSiteGoesToTheFirstCategoryThatWasMade)
     EXPECT_EQ(sites(), Lines{L"a|http://a/||11/16/2002"});
 }
 
-TEST_F(UnsavedSites, AfterARemovalTheCategoryWithTheKeyboardsFocusTakesTheSiteBehindItsOwn)
+TEST_F(UnsavedSites, AfterARemovalTheFocusedCategoryTakesTheSiteAfterItsOwn)
 {
     folder.write(L"A.udb", "1|u\r\n");
     folder.write(L"B.udb", "2|zzz\r\n");
@@ -150,7 +150,7 @@ TEST_F(UnsavedSites, ATitleThatTheSystemRefusesIsAskedForAgain)
     EXPECT_EQ(folder.names(), Lines{L"First.udb"});
 }
 
-TEST_F(UnsavedSites, AfterACancelPanelOneSaysHowManyAreNotSaved)
+TEST_F(UnsavedSites, AfterCancellingPanelOneSaysHowManyAreNotSaved)
 {
     start();
     addStraySite(L"a");
@@ -177,7 +177,7 @@ TEST_F(UnsavedSites, TheNextCategoryThatIsMadeTakesThem)
     EXPECT_EQ(panel(), L"");
 }
 
-TEST_F(UnsavedSites, NoDropsThem)
+TEST_F(UnsavedSites, NoDiscardsThem)
 {
     start();
     addStraySite(L"a");
@@ -190,7 +190,7 @@ TEST_F(UnsavedSites, NoDropsThem)
     EXPECT_TRUE(lstInfo().empty());
     EXPECT_EQ(selectedTitle(), L"(none)");
     EXPECT_EQ(panel(), L"");
-    clickCategory(L"News"); // and nothing is asked any more
+    clickCategory(L"News"); // nothing more is asked
 }
 
 TEST_F(UnsavedSites, RemovingThemLeavesNothingToSave)
@@ -247,7 +247,7 @@ TEST_F(UnsavedSites, ClosingTriesOnceMoreToSaveAChange)
     EXPECT_EQ(folder.read(L"Work.udb"), "new|http://new/||11/16/2002\r\n");
 }
 
-TEST_F(UnsavedSites, ClosingWithAChangeThatCannotBeSavedAsksUntilItCanOrNo)
+TEST_F(UnsavedSites, ClosingWithAnUnsavableChangeAsksUntilItIsSavedOrNoIsChosen)
 {
     folder.write(L"Work.udb", "");
     start();
@@ -282,7 +282,7 @@ TEST_F(UnsavedSites, AnotherClickSavesTheChangeFirst)
     EXPECT_EQ(sites(), Lines{L"o|p||"});
 }
 
-TEST_F(UnsavedSites, AChangeThatStillCannotBeSavedStaysUnlessItMayBeDiscarded)
+TEST_F(UnsavedSites, AChangeThatStillCannotBeSavedStaysUntilTheUserDiscardsIt)
 {
     folder.write(L"Other.udb", "o|p\r\n");
     folder.write(L"Work.udb", "w|x\r\n");
@@ -302,7 +302,7 @@ TEST_F(UnsavedSites, AChangeThatStillCannotBeSavedStaysUnlessItMayBeDiscarded)
     EXPECT_EQ(sites(), Lines{L"o|p||"});
 }
 
-TEST_F(UnsavedSites, ASearchOfAllCategoriesLeavesAChangeThatIsNotToBeDiscarded)
+TEST_F(UnsavedSites, ASearchOfAllCategoriesKeepsAChangeThatIsNotDiscarded)
 {
     folder.write(L"Other.udb", "o|p\r\n");
     folder.write(L"Work.udb", "");
@@ -324,7 +324,7 @@ TEST_F(UnsavedSites, ASearchOfAllCategoriesLeavesAChangeThatIsNotToBeDiscarded)
     EXPECT_EQ(folder.read(L"Work.udb"), "new|http://new/||11/16/2002\r\n");
 }
 
-TEST_F(UnsavedSites, ACategoryThatCouldNotBeReadHandsItsNewSitesToTheNextOne)
+TEST_F(UnsavedSites, NewSitesOfAnUnreadableCategoryGoToTheNextOne)
 {
     folder.write(L"Other.udb", "o|p\r\n");
     folder.write(L"Work.udb", "w|x\r\n");

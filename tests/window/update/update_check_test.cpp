@@ -2,9 +2,9 @@
 
 #include "platform/system/internet_transfer.h"
 #include "shared/vendor.h"
+#include "tests/support/link_test.h"
 #include "tests/support/meanwhile.h"
 #include "tests/support/test_server.h"
-#include "tests/window/mainwindow/link_test.h"
 #include "update/version_report.h"
 
 namespace vandrel::test {
@@ -19,7 +19,7 @@ class UpdateCheck : public LinkTest {
         start();
         workspace().inetScan.setRequestTimeout(5000);
     }
-    // Asks the test's server, with the menu's entry.
+    // Checks for an update at the test's server, through the menu entry.
     void check()
     {
         CheckUpdates(workspace(), server.root(), [this](bool on) {
@@ -41,7 +41,7 @@ class UpdateCheck : public LinkTest {
                           L"from the Help menu if you ever need to update in the future.",
                           IDOK, MB_ICONASTERISK);
     }
-    // This answer is another version, and the user does not want it.
+    // This answer announces another version, which the user declines.
     void expectQuestionFor(const std::string& answer, const std::wstring& shown)
     {
         server.put(versionPath, answer);
@@ -79,7 +79,7 @@ TEST_F(UpdateCheck, TheRunningVersionIsTheOneOfTheProgramFile)
                                     std::to_wstring(HIWORD(info.dwFileVersionLS)));
 }
 
-TEST_F(UpdateCheck, TheSameVersionNeedsNone)
+TEST_F(UpdateCheck, TheSameVersionNeedsNoUpdate)
 {
     server.put(versionPath, bytes(runningVersion()));
     Answers answers;
@@ -106,7 +106,7 @@ TEST_F(UpdateCheck, EveryOtherAnswerIsAnotherVersion)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(UpdateCheck, AMissingPageIsOneToo)
+TEST_F(UpdateCheck, AMissingPageIsAnotherVersionToo)
 {
     Answers answers;
     decline(answers, L"no such page");
@@ -128,7 +128,7 @@ TEST_F(UpdateCheck, AnAnswerOfAMegabyteCanBeDeclined)
     expectEntryWasDisabledOnce();
 }
 
-TEST_F(UpdateCheck, TheQuestionHasYesAndNoAndTheMainWindowBehindIt)
+TEST_F(UpdateCheck, TheQuestionHasYesAndNoAndBelongsToTheMainWindow)
 {
     server.put(versionPath, "99.0.0");
     Answers answers;
@@ -196,7 +196,7 @@ TEST_F(UpdateCheck, TheEntryIsDisabledWhileItWaitsAndMessagesRun)
     expectEntryWasDisabledOnce();
 }
 
-TEST_F(UpdateCheck, ASiteThatIsNotThereIsAnError)
+TEST_F(UpdateCheck, ASiteThatCannotBeReachedIsAnError)
 {
     Answers none;
     EXPECT_EQ(errorOf([&] {
@@ -208,7 +208,7 @@ TEST_F(UpdateCheck, ASiteThatIsNotThereIsAnError)
     expectEntryWasDisabledOnce();
 }
 
-TEST_F(UpdateCheck, SoIsOneThatDoesNotAnswerInTime)
+TEST_F(UpdateCheck, ASiteThatDoesNotAnswerInTimeIsAnError)
 {
     workspace().inetScan.setRequestTimeout(200);
     EXPECT_EQ(errorOf([&] {
@@ -230,7 +230,7 @@ TEST_F(UpdateCheck, TheMenusCommandAsksTheMakersSite)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(UpdateCheck, ClosingTheWindowMeanwhileEndsItSilently)
+TEST_F(UpdateCheck, ClosingTheWindowMeanwhileEndsItWithoutAMessage)
 {
     const HWND window = main->handle();
     Meanwhile meanwhile([&] { return server.held() == 1; }, [&] { SendMessageW(window, WM_CLOSE, 0, 0); });
@@ -243,7 +243,7 @@ TEST_F(UpdateCheck, ClosingTheWindowMeanwhileEndsItSilently)
     EXPECT_TRUE(recorder.nothingWasStarted());
 }
 
-TEST_F(UpdateCheck, ItMarksAndLogsNothing)
+TEST_F(UpdateCheck, MarksAndLogsNothing)
 {
     server.put(versionPath, bytes(runningVersion()));
     siteRows().add({L"A", L"http://a.example/", L"", L""}, deadSiteImage);

@@ -9,7 +9,7 @@ namespace {
 
 class Cookies : public testing::Test {
   protected:
-    // From and to an address such as "https://a.example/x".
+    // The site of an address such as "https://a.example/x".
     static CookieSite site(std::wstring_view address)
     {
         const bool secure = address.starts_with(L"https://");
@@ -19,7 +19,7 @@ class Cookies : public testing::Test {
     }
     void take(std::wstring_view from, std::wstring_view line) { jar.take(site(from), line); }
     std::wstring to(std::wstring_view address) const { return jar.cookiesFor(site(address)); }
-    // What the same page gets back for one line.
+    // The cookies sent back to a page that has set one with this line.
     static std::wstring back(std::wstring_view line)
     {
         CookieJar own;
@@ -40,13 +40,13 @@ TEST_F(Cookies, NameAndValueComeBackAndNothingElseOfTheLine)
     EXPECT_EQ(back(L"empty="), L"empty=");
 }
 
-TEST_F(Cookies, WhatIsNoCookieIsLeftOut)
+TEST_F(Cookies, WhatIsNotACookieIsIgnored)
 {
     for (const wchar_t* const line : {L"", L"seen", L"=1", L"  =1; Path=/", L";", L"; a=b", L"Path"})
         EXPECT_EQ(back(line), L"");
 }
 
-TEST_F(Cookies, WhatWouldBeAnotherHeaderIsLeftOut)
+TEST_F(Cookies, WhatWouldBecomeAnotherHeaderIsIgnored)
 {
     EXPECT_EQ(back(L"a=1\r\nHost: b.example"), L"");
     EXPECT_EQ(back(L"a\n=1"), L"");
@@ -71,9 +71,9 @@ TEST_F(Cookies, ANewValueTakesThePlaceOfTheOldOne)
     EXPECT_EQ(to(L"http://a.example/"), L"one=3; two=2; ONE=4");
 }
 
-// ---- taken back
+// ---- deleting
 
-TEST_F(Cookies, OneIsTakenBackByItsAgeOrByADateLongPast)
+TEST_F(Cookies, OneIsDeletedByItsAgeOrByADateInThePast)
 {
     for (const wchar_t* const end :
          {L"Max-Age=0", L"max-age=-1", L"Max-Age=000", L"expires=Thu, 01 Jan 1970 00:00:00 GMT",
@@ -86,7 +86,7 @@ TEST_F(Cookies, OneIsTakenBackByItsAgeOrByADateLongPast)
     }
 }
 
-TEST_F(Cookies, AnyOtherEndIsLaterThanTheCheck)
+TEST_F(Cookies, AnyOtherExpiryComesAfterTheCheck)
 {
     EXPECT_EQ(back(L"a=1; Max-Age=1"), L"a=1");
     EXPECT_EQ(back(L"a=1; Max-Age=3600; Expires=Thu, 01 Jan 1970 00:00:00 GMT"), L"a=1");
@@ -99,9 +99,9 @@ TEST_F(Cookies, AnyOtherEndIsLaterThanTheCheck)
     EXPECT_EQ(back(L"a=1970"), L"a=1970");
 }
 
-// ---- whose it is
+// ---- domains
 
-TEST_F(Cookies, WithoutADomainItIsTheHostsAlone)
+TEST_F(Cookies, WithoutADomainItBelongsToTheHostAlone)
 {
     take(L"http://a.example/", L"own=1");
     EXPECT_EQ(to(L"http://a.example/"), L"own=1");
@@ -110,7 +110,7 @@ TEST_F(Cookies, WithoutADomainItIsTheHostsAlone)
     EXPECT_EQ(to(L"http://aa.example/"), L"");
 }
 
-TEST_F(Cookies, ADomainCoversTheHostsBelowIt)
+TEST_F(Cookies, ADomainCoversItsSubdomains)
 {
     take(L"http://www.a.example/", L"dotted=1; Domain=.A.Example");
     take(L"http://www.a.example/", L"plain=2; domain=a.example");
@@ -121,21 +121,21 @@ TEST_F(Cookies, ADomainCoversTheHostsBelowIt)
     EXPECT_EQ(to(L"http://b.example/"), L"");
 }
 
-TEST_F(Cookies, TheHostItselfAsDomainCoversThoseBelowIt)
+TEST_F(Cookies, TheHostItselfAsDomainCoversItsSubdomains)
 {
     take(L"http://a.example/", L"one=1; Domain=a.example");
     EXPECT_EQ(to(L"http://a.example/"), L"one=1");
     EXPECT_EQ(to(L"http://www.a.example/"), L"one=1");
 }
 
-TEST_F(Cookies, AnEmptyDomainIsNone)
+TEST_F(Cookies, AnEmptyDomainCountsAsNone)
 {
     take(L"http://a.example/", L"one=1; Domain=");
     EXPECT_EQ(to(L"http://a.example/"), L"one=1");
     EXPECT_EQ(to(L"http://www.a.example/"), L"");
 }
 
-TEST_F(Cookies, NobodySetsThemForOthers)
+TEST_F(Cookies, NoHostSetsThemForOthers)
 {
     take(L"http://www.a.example/", L"other=1; Domain=b.example");
     take(L"http://a.example/", L"below=2; Domain=www.a.example");
@@ -159,7 +159,7 @@ TEST_F(Cookies, AHostOfOneWordOrOfNumbersHasItsOwnOnly)
     EXPECT_EQ(to(L"http://[::1]/"), L"six=4");
 }
 
-// ---- where it goes
+// ---- paths
 
 TEST_F(Cookies, WithoutAPathItGoesToTheFolderAndBelow)
 {
@@ -183,14 +183,14 @@ TEST_F(Cookies, APathIsComparedByWholeNames)
     EXPECT_EQ(to(L"http://a.example/y"), L"three=3");
 }
 
-TEST_F(Cookies, TheCloserOneComesFirst)
+TEST_F(Cookies, TheOneWithTheLongerPathComesFirst)
 {
     take(L"http://a.example/", L"one=far; Path=/");
     take(L"http://a.example/", L"one=near; Path=/x");
     EXPECT_EQ(to(L"http://a.example/x"), L"one=near; one=far");
 }
 
-TEST_F(Cookies, ASecureOneIsNeitherTakenNorSentInTheOpen)
+TEST_F(Cookies, ASecureOneIsNeitherAcceptedNorSentUnencrypted)
 {
     take(L"https://a.example/", L"one=1; Secure");
     take(L"http://a.example/", L"two=2; secure");
@@ -200,7 +200,7 @@ TEST_F(Cookies, ASecureOneIsNeitherTakenNorSentInTheOpen)
     EXPECT_EQ(to(L"http://a.example/"), L"three=3");
 }
 
-// ---- what a server may send
+// ---- limits
 
 TEST_F(Cookies, TheJarStaysSmall)
 {
@@ -215,7 +215,7 @@ TEST_F(Cookies, TheJarStaysSmall)
         << "those that are there change";
 }
 
-TEST_F(Cookies, WhatIsSentIsNoLongerThanServersTake)
+TEST_F(Cookies, WhatIsSentIsNoLongerThanServersAccept)
 {
     for (std::size_t i = 0; i < 10; ++i)
         take(L"http://a.example/", L"c" + std::to_wstring(i) + L"=" + std::wstring(4000, L'x'));

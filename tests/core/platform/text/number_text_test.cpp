@@ -24,14 +24,14 @@ TEST(LenientNumber, ReadsPlainNumbers)
     EXPECT_EQ(lenientNumber(L"16777215"), 16777215);
 }
 
-TEST(LenientNumber, AMissingValueIsNought)
+TEST(LenientNumber, AMissingValueIsZero)
 {
     EXPECT_EQ(lenientNumber(L""), 0);
     EXPECT_EQ(lenientNumber(L"   "), 0);
     EXPECT_EQ(lenientNumber(L"\t"), 0);
 }
 
-TEST(LenientNumber, ATextThatBeginsWithNoNumberIsNought)
+TEST(LenientNumber, ATextThatBeginsWithNoNumberIsZero)
 {
     for (const auto* text : {L"abc", L"abc12", L"-", L"+", L".", L"-.", L"+-5", L"--5", L"-+5", L"- 5", L"e5",
                              L".e5", L"inf", L"nan", L"&H10", L"$5", L"%"}) {
@@ -123,7 +123,7 @@ TEST(LenientNumber, TooLargeStaysTooLargeWithANegativeExponent)
     EXPECT_EQ(lenientNumber(L'-' + std::wstring(1000, L'9') + L"E-5"), -largest);
 }
 
-TEST(LenientNumber, AFractionTooSmallToHoldIsNought)
+TEST(LenientNumber, AFractionTooSmallToHoldIsZero)
 {
     EXPECT_EQ(lenientNumber(L"0." + std::wstring(1000, L'0') + L"1"), 0);
     EXPECT_EQ(lenientNumber(L"-0." + std::wstring(1000, L'0') + L"1"), 0);
@@ -168,7 +168,7 @@ TEST(RoundedHalfEven, TheWholeRangeOfTheTypeIsAllowed)
     EXPECT_EQ(roundedHalfEven(-2147483648.0, low, high), -2147483647L - 1);
 }
 
-TEST(RoundedHalfEven, WhatIsNoNumberIsNought)
+TEST(RoundedHalfEven, WhatIsNotANumberIsZero)
 {
     EXPECT_EQ(roundedHalfEven(std::numeric_limits<double>::quiet_NaN(), -5, 5), 0);
 }
@@ -215,7 +215,7 @@ TEST(DecimalText, NeverAnExponent)
     }
 }
 
-TEST(DecimalText, WhatIsNoNumberIsNought)
+TEST(DecimalText, WhatIsNotANumberIsZero)
 {
     EXPECT_EQ(decimalText(std::numeric_limits<float>::quiet_NaN()), L"0");
     EXPECT_EQ(decimalText(std::numeric_limits<float>::infinity()), L"0");

@@ -38,7 +38,7 @@ void expectAsStableSort(const std::vector<std::wstring>& texts)
     }
 }
 
-// The same random texts on every system: the distributions of the library differ between them.
+// Gives the same random texts on every system; the library's distributions differ between systems.
 class Random {
   public:
     std::size_t below(std::size_t bound) { return engine_() % bound; }
@@ -100,7 +100,7 @@ TEST(SortedOrder, ABeginningComesBeforeTheWholeText)
     EXPECT_EQ(ascending(texts).front(), 13U);
 }
 
-TEST(SortedOrder, ATextComesBeforeTheSameTextWithNulsBehindIt)
+TEST(SortedOrder, ATextComesBeforeTheSameTextFollowedByNuls)
 {
     for (const std::size_t length : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U}) {
         const std::wstring beginning(length, L'a');
@@ -202,7 +202,7 @@ TEST(SortedOrder, AgreesWithAStableSortOnALargeList)
     expectAsStableSort(texts);
 }
 
-TEST(SortedOrder, ManyLengthsOfTheSameLetterAreNoTrouble)
+TEST(SortedOrder, ManyRunsOfTheSameLetterAreSortedByLength)
 {
     std::vector<std::wstring> texts;
     for (std::size_t i = 0; i < 3000; ++i) texts.emplace_back(3 * ((i * 7) % 3000), L'a');

@@ -32,7 +32,7 @@ class ThrowingWindow : public TestWindow {
     }
 };
 
-// Whatever the system calls: an error there shows the box, and the program goes on.
+// An error in anything that the system calls shows the message box, and the program goes on.
 class Guarded : public testing::Test {
   protected:
     void expectBox(const wchar_t* text = overflowText)
@@ -66,7 +66,7 @@ TEST_F(Guarded, ATimerWithOneBoxThoughItFailsAgainWhileThatIsOpen)
     expectShown();
 }
 
-TEST_F(Guarded, AMessageFilterWhoseMessageCountsAsDealtWith)
+TEST_F(Guarded, AMessageFilterWhoseMessageCountsAsHandled)
 {
     const MessageLoop::Registration filter(loop, [](MSG& message) -> bool {
         if (message.message == probe + 1) overflow();
@@ -89,7 +89,7 @@ TEST_F(Guarded, AControlsEvent)
     expectShown();
 }
 
-TEST_F(Guarded, MemoryThatRunsOutAndWhateverElseIsThrown)
+TEST_F(Guarded, RunningOutOfMemoryAndWhateverElseIsThrown)
 {
     expectBox(outOfMemoryText);
     EXPECT_EQ(guarded(window.handle(), 3, []() -> LRESULT { throw std::bad_alloc(); }), 3);
@@ -99,7 +99,7 @@ TEST_F(Guarded, MemoryThatRunsOutAndWhateverElseIsThrown)
     expectShown();
 }
 
-TEST(SystemBoxes, DoNotComeBeforeTheProgramsOwn)
+TEST(SystemBoxes, DoNotAppearBeforeTheProgramsOwn)
 {
     const UINT before = SetErrorMode(0);
     keepSystemBoxesAway();
@@ -109,7 +109,7 @@ TEST(SystemBoxes, DoNotComeBeforeTheProgramsOwn)
     EXPECT_NE(mode & SEM_NOOPENFILEERRORBOX, 0U);
 }
 
-TEST_F(Guarded, WhatIsThrownWithinACallbackGoesOnBehindTheCallThatMadeIt)
+TEST_F(Guarded, WhatIsThrownInACallbackContinuesAfterTheCallThatMadeIt)
 {
     CallbackError error;
     const auto callback = [&error]() noexcept {

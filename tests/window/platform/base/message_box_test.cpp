@@ -15,7 +15,7 @@ class MessageBoxes : public testing::Test {
     TestWindow window;
 };
 
-TEST_F(MessageBoxes, TellWithEachIcon)
+TEST_F(MessageBoxes, ShowEachIcon)
 {
     const std::pair<BoxIcon, UINT> icons[] = {{BoxIcon::critical, MB_ICONHAND},
                                               {BoxIcon::question, MB_ICONQUESTION},

@@ -39,7 +39,7 @@ TEST_F(ModalScopes, LeaveTheDialogItselfAlone)
     EXPECT_TRUE(IsWindowEnabled(other.handle()));
 }
 
-TEST_F(ModalScopes, LeaveAWindowDisabledThatWasSoBefore)
+TEST_F(ModalScopes, LeaveAWindowDisabledThatWasDisabledBefore)
 {
     EnableWindow(other.handle(), FALSE);
     {
@@ -48,7 +48,7 @@ TEST_F(ModalScopes, LeaveAWindowDisabledThatWasSoBefore)
     EXPECT_FALSE(IsWindowEnabled(other.handle()));
 }
 
-TEST_F(ModalScopes, GoOneIntoTheOther)
+TEST_F(ModalScopes, CanBeNested)
 {
     const ModalScope outer(nullptr, owner.handle());
     {
@@ -57,7 +57,7 @@ TEST_F(ModalScopes, GoOneIntoTheOther)
     EXPECT_FALSE(IsWindowEnabled(other.handle())) << "the outer one still needs it";
 }
 
-TEST_F(ModalScopes, AreInPlaceBesideADialog)
+TEST_F(ModalScopes, AreInForceWhileADialogIsOpen)
 {
     Answers answers;
     answers.expect(L"Title", [this](HWND dialog) {
@@ -69,7 +69,7 @@ TEST_F(ModalScopes, AreInPlaceBesideADialog)
     EXPECT_TRUE(IsWindowEnabled(other.handle()));
 }
 
-TEST_F(ModalScopes, AreInPlaceBesideAMessageBox)
+TEST_F(ModalScopes, AreInForceWhileAMessageBoxIsOpen)
 {
     Answers answers;
     answers.expect(L"Title", [this](HWND box) {

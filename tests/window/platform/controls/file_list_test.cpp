@@ -3,6 +3,7 @@
 #include "tests/support/input.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <gtest/gtest.h>
 
@@ -63,7 +64,7 @@ TEST_F(FileListTest, SortsNamesWhateverTheCaseOfTheirLetters)
     EXPECT_EQ(names(), (Names{L"A.url", L"\u00E4.url", L"b.url", L"B2.url", L"c.url", L"z.url"}));
 }
 
-TEST_F(FileListTest, AFolderThatIsNotThereHasNoFiles)
+TEST_F(FileListTest, AMissingFolderHasNoFiles)
 {
     make({L"a.url"});
     list.setPath(folder.path());
@@ -72,7 +73,7 @@ TEST_F(FileListTest, AFolderThatIsNotThereHasNoFiles)
     EXPECT_EQ(list.path(), folder.file(L"missing"));
 }
 
-TEST_F(FileListTest, NothingIsSelectedInAFolderThatIsShownAnew)
+TEST_F(FileListTest, NothingIsSelectedInANewlyShownFolder)
 {
     make({L"a.url", L"b.url"});
     list.setPath(folder.path());
@@ -105,7 +106,7 @@ TEST_F(FileListTest, AnArrowKeySelectsAndIsReported)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(FileListTest, ALetterLeadsToTheNameThatBeginsWithIt)
+TEST_F(FileListTest, ALetterSelectsTheNameThatBeginsWithIt)
 {
     make({L"apple.url", L"Banana.url", L"cherry.url"});
     list.setPath(folder.path());
@@ -138,7 +139,7 @@ TEST_F(FileListTest, ANameThatIsWiderThanTheListCanBeScrolledTo)
     const std::wstring wide = std::wstring(100, L'W') + L".url";
     make({wide});
     list.setPath(folder.path());
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(list.handle(), WM_GETFONT, 0, 0));
+    const HFONT font = fontHandleOf(list.handle());
     EXPECT_GE(SendMessageW(list.handle(), LB_GETHORIZONTALEXTENT, 0, 0), textSize(font, wide).cx);
     EXPECT_NE(GetWindowLongPtrW(list.handle(), GWL_STYLE) & WS_HSCROLL, 0);
     DeleteFileW(folder.file(wide).c_str());
@@ -146,7 +147,7 @@ TEST_F(FileListTest, ANameThatIsWiderThanTheListCanBeScrolledTo)
     EXPECT_EQ(SendMessageW(list.handle(), LB_GETHORIZONTALEXTENT, 0, 0), narrow);
 }
 
-TEST_F(FileListTest, ALargerFontWidensWhatIsScrolled)
+TEST_F(FileListTest, ALargerFontWidensTheScrolledArea)
 {
     make({std::wstring(100, L'W') + L".url"});
     list.setPath(folder.path());

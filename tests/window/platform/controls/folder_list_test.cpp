@@ -4,6 +4,7 @@
 #include "tests/support/input.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_window.h"
+#include "tests/support/window_facts.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +56,7 @@ class FolderListTest : public testing::Test {
     FolderList list{window.handle(), 1};
 };
 
-TEST_F(FolderListTest, ShowsTheWayFromTheDriveThenTheSubfolders)
+TEST_F(FolderListTest, ShowsThePathFromTheDriveThenTheSubfolders)
 {
     make(L"one");
     make(L"two");
@@ -167,7 +168,7 @@ TEST_F(FolderListTest, EnterOpensAndBackspaceGoesUp)
     EXPECT_EQ(selected(), nameOf(folder.path()));
 }
 
-TEST_F(FolderListTest, EnterOnAFolderOfTheWayGoesThere)
+TEST_F(FolderListTest, EnterOnAFolderOfThePathGoesThere)
 {
     list.setPath(folder.path());
     list.setFocus();
@@ -185,7 +186,7 @@ TEST_F(FolderListTest, BackspaceStaysInTheRoot)
     EXPECT_EQ(list.path(), root);
 }
 
-TEST_F(FolderListTest, ALetterLeadsToTheFolderThatBeginsWithIt)
+TEST_F(FolderListTest, ALetterSelectsTheFolderThatBeginsWithIt)
 {
     make(L"qapple");
     make(L"Qbanana");
@@ -201,8 +202,8 @@ TEST_F(FolderListTest, ANameThatIsWiderThanTheListCanBeScrolledTo)
     const std::wstring wide(120, L'W');
     make(wide);
     list.setPath(folder.path());
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(list.handle(), WM_GETFONT, 0, 0));
-    // Beside the text there are its picture and its depth.
+    const HFONT font = fontHandleOf(list.handle());
+    // The picture and the indentation add to the text.
     EXPECT_GT(SendMessageW(list.handle(), LB_GETHORIZONTALEXTENT, 0, 0), textSize(font, wide).cx);
 }
 
@@ -221,7 +222,7 @@ TEST_F(FolderListTest, EntriesArePaintedDeeperWithAPicture)
     list.setPath(folder.path());
     UpdateWindow(list.handle());
     const HDC screen = GetDC(list.handle());
-    // The first pixel of an entry's row that is not the list's own colour.
+    // The first pixel in an entry's row that is not in the list's background colour.
     const auto inkStart = [&](std::size_t entry) {
         RECT area{};
         SendMessageW(list.handle(), LB_GETITEMRECT, entry, reinterpret_cast<LPARAM>(&area));

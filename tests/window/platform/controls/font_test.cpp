@@ -22,7 +22,7 @@ TEST(Font, ItsHeightIsThatOfItsPointsAtTheDpi)
     EXPECT_EQ(madeOf({L"Arial", 72}, 240).lfHeight, -240);
 }
 
-TEST(Font, BoldAndItalicAreApart)
+TEST(Font, BoldAndItalicAreIndependent)
 {
     EXPECT_EQ(madeOf({}).lfWeight, FW_NORMAL);
     EXPECT_EQ(madeOf({}).lfItalic, 0);
@@ -57,7 +57,7 @@ TEST(Clock, TodayIsTheLocalDateInTheUsersShortForm)
     SYSTEMTIME before{};
     SYSTEMTIME after{};
     std::wstring today;
-    do { // again at midnight
+    do { // repeated when midnight comes in between
         GetLocalTime(&before);
         today = todayAsText();
         GetLocalTime(&after);

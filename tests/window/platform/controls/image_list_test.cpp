@@ -30,7 +30,7 @@ TEST(ProgramIcons, AreDrawnForTheSizeAskedFor)
     }
 }
 
-TEST(ProgramIcons, OfNoSuchNameDoNotExist) { EXPECT_FALSE(loadIcon(L"no such picture", 16)); }
+TEST(ProgramIcons, OfAnUnknownNameDoNotExist) { EXPECT_FALSE(loadIcon(L"no such picture", 16)); }
 
 TEST(ProgramImages, AreOneForEachNameAndHaveTheSizeAskedFor)
 {
@@ -46,7 +46,7 @@ TEST(ProgramImages, AreOneForEachNameAndHaveTheSizeAskedFor)
     }
 }
 
-// The pixels of one picture on white.
+// The pixels of one picture drawn on white.
 std::vector<COLORREF> drawn(HIMAGELIST images, int index, int size)
 {
     const HDC screen = GetDC(nullptr);
@@ -65,7 +65,7 @@ std::vector<COLORREF> drawn(HIMAGELIST images, int index, int size)
     return pixels;
 }
 
-TEST(ProgramImages, StandInTheOrderOfTheirNames)
+TEST(ProgramImages, AreInTheOrderOfTheirNames)
 {
     const ImageListHandle images = loadImages(names, 16);
     for (int i = 0; i < 4; ++i) {
@@ -76,7 +76,7 @@ TEST(ProgramImages, StandInTheOrderOfTheirNames)
     }
 }
 
-TEST(ProgramImages, LeaveTheGroundFreeAroundThem)
+TEST(ProgramImages, HaveATransparentBackground)
 {
     const ImageListHandle images = loadImages(names, 32);
     for (int i = 0; i < 4; ++i) {

@@ -36,7 +36,7 @@ class LinkLook : public testing::Test {
     LinkLabel link{window.handle(), 1, L"a&b"};
 };
 
-TEST_F(LinkLook, IsUnderlinedAndInTheColourOfLinksUntilItIsGivenAnother)
+TEST_F(LinkLook, IsUnderlinedAndInTheLinkColourUntilItIsGivenAnother)
 {
     EXPECT_TRUE(link.underlined());
     EXPECT_NE(font().lfUnderline, 0);
@@ -44,7 +44,7 @@ TEST_F(LinkLook, IsUnderlinedAndInTheColourOfLinksUntilItIsGivenAnother)
     EXPECT_EQ(link.text(), L"a&b");
 }
 
-TEST_F(LinkLook, TakesAColourAndAnUnderlineAndGivesThemUpAgain)
+TEST_F(LinkLook, TakesAColourAndAnUnderlineAndLosesThemAgain)
 {
     link.setLook(0xFF0000, true);
     EXPECT_EQ(color(), 0xFF0000U);
@@ -70,7 +70,7 @@ TEST_F(LinkLook, ItsFontStaysTheOneSet)
     EXPECT_EQ(font().lfUnderline, 0) << "a new font is not underlined either";
 }
 
-TEST_F(LinkLook, IsPaintedAnewOnlyWhenItLooksOtherwise)
+TEST_F(LinkLook, IsRepaintedOnlyWhenItsLookChanges)
 {
     link.setLook(0xFF0000, true);
     UpdateWindow(link.handle());
@@ -80,7 +80,7 @@ TEST_F(LinkLook, IsPaintedAnewOnlyWhenItLooksOtherwise)
     EXPECT_TRUE(GetUpdateRect(link.handle(), nullptr, FALSE));
 }
 
-TEST_F(LinkLook, TellsThatTheMouseMovesOverIt)
+TEST_F(LinkLook, ReportsThatTheMouseMovesOverIt)
 {
     int moves = 0;
     link.MouseMove = [&] { ++moves; };

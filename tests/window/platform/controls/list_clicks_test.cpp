@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -48,7 +48,7 @@ TEST_F(ListClicks, AClickOnEmptySpaceIsNotAnnounced)
     EXPECT_TRUE(selectedRows(sites).empty());
 }
 
-TEST_F(ListClicks, CtrlClickAddsARowAndTheSecondOneTakesItAway)
+TEST_F(ListClicks, CtrlClickAddsARowAndASecondOneRemovesIt)
 {
     click(sites, 0);
     const HeldKeys control({VK_CONTROL});
@@ -78,7 +78,7 @@ TEST_F(ListClicks, ArrowKeysAreAnnouncedOnceEach)
     EXPECT_EQ(selectedRows(sites), RowNumbers{2});
 }
 
-TEST_F(ListClicks, AnArrowKeyThatLeadsNowhereIsNotAnnounced)
+TEST_F(ListClicks, AnArrowKeyThatMovesNothingIsNotAnnounced)
 {
     click(sites, 4);
     typeKey(sites.handle(), VK_DOWN);
@@ -195,7 +195,7 @@ TEST_F(ListClicks, TheMenuKeyAsksForTheMenuOfAnEmptyListToo)
     EXPECT_TRUE(PtInRect(&area, rightClicks[0]));
 }
 
-TEST_F(ListClicks, AColumnHeadingTellsItsColumn)
+TEST_F(ListClicks, AColumnHeadingReportsItsColumn)
 {
     const HWND header = ListView_GetHeader(sites.handle());
     for (const std::size_t column : {std::size_t{1}, std::size_t{0}}) {

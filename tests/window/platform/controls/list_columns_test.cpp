@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 #include <limits>
 
@@ -45,7 +45,7 @@ TEST_F(ListColumns, HeadingsAndWidthsAreThoseTheListWasMadeWith)
     EXPECT_EQ(pixelWidth(3), 0);
 }
 
-TEST_F(ListColumns, AWidthThatWasSetComesBackToTheLetter)
+TEST_F(ListColumns, AWidthThatWasSetIsReturnedUnchanged)
 {
     for (const float width : {0.0F, 1.0F, 14.0F, 1234.5F, 2881.0F, 30'000.25F}) {
         sites.setColumnWidth(1, Twips{width});
@@ -58,7 +58,7 @@ TEST_F(ListColumns, KeepTheirWidthsAtAnotherScaleThoseThatWereDraggedToo)
 {
     const unsigned dpi = sites.dpi();
     sites.setColumnWidth(1, Twips{1234.5F});
-    SendMessageW(sites.handle(), LVM_SETCOLUMNWIDTH, 0, 200); // as a drag in the header does
+    SendMessageW(sites.handle(), LVM_SETCOLUMNWIDTH, 0, 200); // as dragging in the header does
     const Twips dragged = sites.columnWidth(0);
     EXPECT_EQ(dragged, toTwips(200, dpi));
     for (const unsigned next : {2 * dpi, dpi * 3 / 2, dpi}) {
@@ -82,14 +82,14 @@ TEST_F(ListColumns, AWidthThatIsSetAtAnotherScaleHasItsPixels)
     EXPECT_EQ(sites.columnWidth(1), 1440_twips);
 }
 
-TEST_F(ListColumns, AWidthBelowNothingIsNothing)
+TEST_F(ListColumns, ANegativeWidthIsZero)
 {
     sites.setColumnWidth(1, Twips{-300});
     EXPECT_EQ(sites.columnWidth(1), 0_twips);
     EXPECT_EQ(pixelWidth(1), 0);
 }
 
-TEST_F(ListColumns, AWidthThatIsNoNumberHidesTheColumn)
+TEST_F(ListColumns, AWidthThatIsNotANumberHidesTheColumn)
 {
     sites.setColumnWidth(1, Twips{std::numeric_limits<float>::quiet_NaN()});
     EXPECT_EQ(pixelWidth(1), 0);
@@ -112,7 +112,7 @@ TEST_F(ListColumns, AWidthThatTheUserDraggedComesBackInTwips)
     EXPECT_TRUE(columnsClicked.empty());
 }
 
-TEST_F(ListColumns, SettingAWidthAfterADragHoldsAgainToTheLetter)
+TEST_F(ListColumns, SettingAWidthAfterADragIsExactAgain)
 {
     SendMessageW(sites.handle(), LVM_SETCOLUMNWIDTH, 0, 77);
     EXPECT_EQ(sites.columnWidth(0), toTwips(77, sites.dpi()));
@@ -140,7 +140,7 @@ TEST_F(ListColumns, TheSortedColumnAloneHasTheArrowOfItsOrder)
     EXPECT_EQ(headerFormats(), (std::vector<int>{0, 0, 0, 0}));
 }
 
-TEST_F(ListColumns, AFillTakesTheArrowAway)
+TEST_F(ListColumns, AFillRemovesTheArrow)
 {
     sites.rows.sortBy(0, SortOrder::ascending);
     fillNames(sites, {L"b", L"a"});

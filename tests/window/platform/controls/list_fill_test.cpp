@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -17,7 +17,7 @@ TEST_F(ListFill, EveryColumnShowsItsText)
     }
 }
 
-TEST_F(ListFill, TheOrderGivenIsKeptAndSortingIsOffThen)
+TEST_F(ListFill, TheGivenOrderIsKeptAndSortingIsOff)
 {
     sites.rows.setSorted(true);
     fillList(sites, twoSites);
@@ -33,7 +33,7 @@ TEST_F(ListFill, KeyAndOrderOfTheLastSortSurviveAFill)
     EXPECT_EQ(sites.rows.sortOrder(), SortOrder::descending);
 }
 
-TEST_F(ListFill, FillingAgainLeavesNothingOfTheOldRows)
+TEST_F(ListFill, FillingAgainReplacesAllOldRows)
 {
     fillNames(sites, {L"a", L"b", L"c"});
     fillNames(sites, {L"d"});
@@ -70,7 +70,7 @@ TEST_F(ListFill, AnnouncesNothing)
     EXPECT_TRUE(clicked.empty());
 }
 
-TEST_F(ListFill, TheBlockMayBeDroppedByWhoMadeIt)
+TEST_F(ListFill, TheCallerMayDropTheBlock)
 {
     {
         auto block = std::make_shared<std::wstring>(L"NewsWork");

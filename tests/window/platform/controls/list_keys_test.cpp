@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -10,7 +10,7 @@ class ListKeys : public ListTest {
         fillNames(sites, {L"Alpha", L"Beta", L"Bravo", L"delta", L"beta two"});
         sites.setFocus();
     }
-    // Asks as the native control does: from row `first` on.
+    // Asks as the native control does, from row `first` on.
     LRESULT find(const wchar_t* text, UINT flags, int first = 0)
     {
         NMLVFINDITEMW wanted{};
@@ -33,7 +33,7 @@ TEST_F(ListKeys, CtrlASelectsAllAndIsAnnouncedOnce)
     const HeldKeys control({VK_CONTROL});
     typeKey(sites.handle(), 'A');
     EXPECT_EQ(sites.selectedCount(), 5U);
-    EXPECT_EQ(clicked, RowNumbers{2}); // the row with the focus stays the current one
+    EXPECT_EQ(clicked, RowNumbers{2}); // the focused row remains the current one
 }
 
 TEST_F(ListKeys, CtrlAInAnEmptyListDoesNothing)
@@ -61,7 +61,7 @@ TEST_F(ListKeys, ATypedLetterSelectsTheNextRowThatBeginsWithIt)
     EXPECT_EQ(clicked, RowNumbers{1});
 }
 
-TEST_F(ListKeys, LettersTypedInARowNarrowTheSearch)
+TEST_F(ListKeys, LettersTypedInSuccessionNarrowTheSearch)
 {
     sites.select(0);
     type(L'b');
@@ -78,7 +78,7 @@ TEST_F(ListKeys, ALetterThatNoRowBeginsWithChangesNothing)
     EXPECT_TRUE(clicked.empty());
 }
 
-TEST_F(ListKeys, TheSearchGoesRoundTheEnd)
+TEST_F(ListKeys, TheSearchWrapsAround)
 {
     sites.select(4);
     type(L'a');
@@ -105,7 +105,7 @@ TEST_F(ListKeys, ARowAboveTheStartIsFoundToo)
     EXPECT_EQ(find(L"Al", LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP, 5), 0);
 }
 
-TEST_F(ListKeys, ARowIsSoughtByItsTextOnly) { EXPECT_EQ(find(L"Alpha", LVFI_PARAM), -1); }
+TEST_F(ListKeys, ARowIsFoundByItsTextOnly) { EXPECT_EQ(find(L"Alpha", LVFI_PARAM), -1); }
 
 TEST_F(ListKeys, SearchingAnEmptyListAndEmptyNamesFindsNothing)
 {
@@ -115,7 +115,7 @@ TEST_F(ListKeys, SearchingAnEmptyListAndEmptyNamesFindsNothing)
     EXPECT_EQ(find(L"a", LVFI_STRING | LVFI_PARTIAL), -1);
 }
 
-TEST_F(ListKeys, ArrowKeysAreForTheListAlsoWithinADialog)
+TEST_F(ListKeys, ArrowKeysBelongToTheListAlsoInADialog)
 {
     EXPECT_NE(SendMessageW(sites.handle(), WM_GETDLGCODE, VK_DOWN, 0) & DLGC_WANTARROWS, 0);
     EXPECT_NE(GetWindowLongPtrW(sites.handle(), GWL_STYLE) & WS_TABSTOP, 0);

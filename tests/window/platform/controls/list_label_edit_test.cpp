@@ -1,6 +1,6 @@
 #include "platform/base/runtime_error.h"
 #include "tests/support/list_clicks.h"
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -45,7 +45,7 @@ TEST_F(ListLabelEdit, StartsWithTheRowsTextInABoxThatHasTheFocus)
     EXPECT_EQ(begun, RowNumbers{1});
 }
 
-TEST_F(ListLabelEdit, IsNoClickOnTheRow)
+TEST_F(ListLabelEdit, IsNotAClickOnTheRow)
 {
     categories.editLabel(1);
     typeKey(field(), VK_RETURN);
@@ -96,7 +96,7 @@ TEST_F(ListLabelEdit, AnEmptyTextThatIsRefusedLeavesTheOldOne)
     accept = false;
     edit(L"");
     typeKey(field(), VK_RETURN);
-    // Wine takes an emptied box for a cancelled one and asks nobody; Windows hands the empty text over.
+    // Wine takes an emptied box for a cancelled edit and asks nobody; Windows passes the empty text on.
     EXPECT_EQ(ended, runsUnderWine() ? Names{} : Names{L"1 "});
     EXPECT_EQ(shownText(categories, 1), L"News");
 }
@@ -141,14 +141,14 @@ TEST_F(ListLabelEdit, TheRowIsScrolledIntoViewFirst)
     typeKey(field(), VK_ESCAPE);
 }
 
-TEST_F(ListLabelEdit, AListWithoutEditableLabelsStartsNone)
+TEST_F(ListLabelEdit, AListWithoutEditableLabelsStartsNoEdit)
 {
     fillNames(sites, {L"a"});
     sites.editLabel(0);
     EXPECT_FALSE(sites.editingLabel());
 }
 
-TEST_F(ListLabelEdit, AHeaderThatIsClickedTakesTheTextForTheRowThatWasEdited)
+TEST_F(ListLabelEdit, AClickOnAHeaderStoresTheTextInTheRowThatWasEdited)
 {
     categories.ColumnClick = [this](std::size_t) { categories.rows.sortBy(0, SortOrder::descending); };
     edit(L"Papers");

@@ -1,11 +1,11 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
 
 constexpr std::size_t many = 5000;
 
-// Names whose order by text is the reverse of the order in which they stand.
+// Names in reverse alphabetical order.
 Names fallingNames()
 {
     Names names;
@@ -37,7 +37,7 @@ TEST_F(ListOfManyRows, ScatteredSelectedRowsMoveWithASort)
     EXPECT_EQ(nameOfCurrent(sites), names[700]);
 }
 
-TEST_F(ListOfManyRows, EverySecondOneIsRemovedAndTheOthersStay)
+TEST_F(ListOfManyRows, EverySecondRowIsRemovedAndTheOthersStay)
 {
     selectEvery(2);
     EXPECT_EQ(removeSelected(sites), many / 2);
@@ -96,7 +96,7 @@ TEST_F(ListOfManyRows, ShiftEndSelectsToTheEndAndAPlainKeyUnselectsAgain)
     EXPECT_EQ(clicked, (RowNumbers{many - 1, 0}));
 }
 
-// Painting is switched off while many rows change; it must be on again, and the list painted.
+// Painting is switched off while many rows change. Afterwards it must be on again and the list painted.
 TEST_F(ListOfManyRows, TheListIsPaintedAgainAfterTheWholeSelectionChanged)
 {
     sites.select(0);

@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -6,7 +6,7 @@ namespace {
 class ListPauses : public ListTest {
   protected:
     ListPauses() { fillNames(sites, {L"a", L"b", L"c", L"d", L"e"}); }
-    // A row at the end, as a search adds its hits.
+    // Appends a row, as a search adds its hits.
     void appendRow(const std::wstring& name)
     {
         const auto block = std::make_shared<std::wstring>(name);
@@ -16,7 +16,7 @@ class ListPauses : public ListTest {
     }
 };
 
-TEST_F(ListPauses, SeveralSelectedRowsStaySoWhileRowsAreAppended)
+TEST_F(ListPauses, SeveralSelectedRowsStaySelectedWhileRowsAreAppended)
 {
     selectRows(sites, {1, 3});
     focusRow(sites, 3);

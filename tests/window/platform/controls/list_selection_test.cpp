@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -54,7 +54,7 @@ TEST_F(ListSelection, AllRowsCanBeSelectedAndUnselected)
     EXPECT_FALSE(sites.isSelected(1));
 }
 
-TEST_F(ListSelection, AnAddedRowTakesTheSelectionFromNobody)
+TEST_F(ListSelection, AnAddedRowLeavesTheSelectionAlone)
 {
     fillNames(sites, {L"b", L"d", L"f"});
     sites.rows.sortBy(0, SortOrder::ascending);
@@ -128,7 +128,7 @@ TEST_F(ListSelection, WithNoRowSelectedNoneIsRemoved)
     EXPECT_EQ(shownColumn(sites), (Names{L"a", L"b"}));
 }
 
-TEST_F(ListSelection, TheProgramsOwnSelectingAnnouncesNoClick)
+TEST_F(ListSelection, SelectingByTheProgramAnnouncesNoClick)
 {
     fillNames(sites, {L"a", L"b", L"c"});
     sites.select(0);
@@ -157,7 +157,7 @@ TEST_F(ListSelection, ARowOfASingleSelectionListStaysSelectedThroughAddAndRemove
     EXPECT_EQ(nameOfCurrent(categories), L"Work");
 }
 
-TEST_F(ListSelection, ASingleSelectionListCannotBeSelectedWhole)
+TEST_F(ListSelection, ASingleSelectionListCannotHaveAllRowsSelected)
 {
     fillNames(categories, {L"a", L"b"});
     categories.select(1);

@@ -1,4 +1,4 @@
-#include "tests/window/platform/controls/list_fixture.h"
+#include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
 namespace {
@@ -14,7 +14,7 @@ TEST_F(ListSorting, TheKeyIsTheColumnWhoseTextsAreCompared)
     EXPECT_EQ(shownColumn(sites), (Names{L"b", L"a", L"c"}));
 }
 
-TEST_F(ListSorting, TheOrderCanBeTurnedRound)
+TEST_F(ListSorting, TheOrderCanBeReversed)
 {
     fillNames(sites, {L"b", L"c", L"a"});
     sites.rows.sortBy(0, SortOrder::ascending);
@@ -23,7 +23,7 @@ TEST_F(ListSorting, TheOrderCanBeTurnedRound)
     EXPECT_EQ(shownColumn(sites), (Names{L"c", L"b", L"a"}));
 }
 
-TEST_F(ListSorting, CapitalsStandBeforeSmallLettersAndDatesCompareAsText)
+TEST_F(ListSorting, CapitalsComeBeforeSmallLettersAndDatesCompareAsText)
 {
     fillNames(sites, {L"apple", L"9/30/2002", L"Zoo", L"10/1/2002", L"\u00C4rger", L""});
     sites.rows.sortBy(0, SortOrder::ascending);
@@ -58,7 +58,7 @@ TEST_F(ListSorting, SwitchingItOffLeavesTheRowsWhereTheyAre)
     EXPECT_EQ(shownColumn(sites), (Names{L"a", L"b"}));
 }
 
-TEST_F(ListSorting, ANewRowTakesItsPlaceBehindItsEquals)
+TEST_F(ListSorting, ANewRowGoesAfterItsEquals)
 {
     fillList(sites, {{L"a", L"1"}, {L"c", L"3"}, {L"b", L"2"}});
     sites.rows.sortBy(1, SortOrder::ascending);
@@ -83,7 +83,7 @@ TEST_F(ListSorting, ANewRowGoesToTheEndOfAnUnsortedList)
     EXPECT_EQ(shownColumn(sites), (Names{L"b", L"c", L"a"}));
 }
 
-TEST_F(ListSorting, AnEmptyListCanBeSortedAndTakesRowsThen)
+TEST_F(ListSorting, AnEmptyListCanBeSortedAndThenTakesRows)
 {
     sites.rows.sortBy(0, SortOrder::ascending);
     sites.rows.add({L"b"}, 1);

@@ -7,7 +7,7 @@
 
 namespace vandrel::test {
 
-// Types keys into the pop-up menu that the code under test opens, as soon as it stands. Make it before.
+// Types keys into the pop-up menu that the code under test opens, as soon as it is open. Create it before.
 class MenuKeys {
   public:
     MenuKeys(HWND owner, std::initializer_list<int> keys) : owner_(owner), keys_(keys)
@@ -20,7 +20,7 @@ class MenuKeys {
     ~MenuKeys()
     {
         KillTimer(nullptr, timer_);
-        pump(); // a key that the menu left over
+        pump(); // keys that the menu has not taken
     }
 
   private:

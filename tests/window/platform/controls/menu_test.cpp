@@ -80,7 +80,7 @@ TEST_F(MenuTrees, EveryEntryStartsEnabledAndUnchecked)
     }
 }
 
-TEST_F(MenuTrees, AnEntryIsDisabledAndEnabledAlone)
+TEST_F(MenuTrees, AnEntryIsDisabledAndEnabledByItself)
 {
     menus.setEnabled(add, false);
     EXPECT_FALSE(menus.enabled(add));
@@ -143,7 +143,7 @@ class MenuPopUps : public MenuTrees {
   protected:
     MenuPopUps() { window.show(); }
 
-    // Opens the pop-up and types the keys into it once it stands.
+    // Opens the pop-up menu and types the keys into it.
     std::optional<int> choose(std::initializer_list<int> keys, int defaultId = 0)
     {
         const MenuKeys typed(window.handle(), keys);
@@ -153,13 +153,13 @@ class MenuPopUps : public MenuTrees {
     TestWindow window;
 };
 
-TEST_F(MenuPopUps, AnswersTheEntryThatWasChosen)
+TEST_F(MenuPopUps, ReturnsTheEntryThatWasChosen)
 {
     EXPECT_EQ(choose({VK_DOWN, VK_RETURN}), popOpen);
     EXPECT_EQ(choose({VK_DOWN, VK_DOWN, VK_RETURN}), popRemove);
 }
 
-TEST_F(MenuPopUps, AnswersNothingWhenItIsDismissed) { EXPECT_FALSE(choose({VK_ESCAPE})); }
+TEST_F(MenuPopUps, ReturnsNothingWhenItIsDismissed) { EXPECT_FALSE(choose({VK_ESCAPE})); }
 
 TEST_F(MenuPopUps, ADisabledEntryCannotBeChosen)
 {
@@ -190,7 +190,7 @@ TEST_F(MenuFamilies, HasOneEntryWithoutACaptionAtFirst)
     EXPECT_EQ(GetMenuItemCount(menus.submenu(move)), 1);
 }
 
-TEST_F(MenuFamilies, EntriesAreLoadedNamedAndCountedFromNought)
+TEST_F(MenuFamilies, EntriesAreLoadedNamedAndCountedFromZero)
 {
     family.load();
     family.load();
@@ -206,10 +206,10 @@ TEST_F(MenuFamilies, ATitleIsShownAsItIs)
 {
     family.setCaption(0, L"Q&A && more");
     EXPECT_EQ(family.caption(0), L"Q&A && more");
-    EXPECT_EQ(captionAt(menus.submenu(move), 0), L"Q&&A &&&& more"); // one "&" is drawn for two
+    EXPECT_EQ(captionAt(menus.submenu(move), 0), L"Q&&A &&&& more"); // "&&" is drawn as "&"
 }
 
-TEST_F(MenuFamilies, UnloadingTakesTheLastOnesOffAndNeverTheFirst)
+TEST_F(MenuFamilies, UnloadingRemovesTheLastOnesButNeverTheFirst)
 {
     for (int i = 0; i < 4; ++i) family.load();
     family.unloadFrom(3);
@@ -223,7 +223,7 @@ TEST_F(MenuFamilies, UnloadingTakesTheLastOnesOffAndNeverTheFirst)
     EXPECT_EQ(GetMenuItemID(menus.submenu(move), 0), UINT{firstId});
 }
 
-TEST_F(MenuFamilies, AnEntryIsDisabledAlone)
+TEST_F(MenuFamilies, AnEntryIsDisabledByItself)
 {
     family.load();
     family.setEnabled(1, false);
@@ -233,7 +233,7 @@ TEST_F(MenuFamilies, AnEntryIsDisabledAlone)
     EXPECT_TRUE(family.enabled(1));
 }
 
-TEST_F(MenuFamilies, KnowsItsOwnIdsOnly)
+TEST_F(MenuFamilies, KnowsOnlyItsOwnIds)
 {
     family.load();
     EXPECT_EQ(family.indexOf(firstId), 0U);

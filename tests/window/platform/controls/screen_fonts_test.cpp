@@ -8,7 +8,7 @@
 namespace vandrel::test {
 namespace {
 
-// As the system gives them, again and again for some.
+// As the system lists them, some of them several times.
 std::vector<std::wstring> fontsOfTheSystem()
 {
     std::vector<std::wstring> names;
@@ -24,7 +24,7 @@ std::vector<std::wstring> fontsOfTheSystem()
     return names;
 }
 
-TEST(ScreenFonts, AreAllThatTheSystemHasEachOnce)
+TEST(ScreenFonts, AreAllThoseOfTheSystemOnceEach)
 {
     const std::vector<std::wstring> fonts = screenFonts();
     const std::set<std::wstring> once(fonts.begin(), fonts.end());
@@ -32,7 +32,7 @@ TEST(ScreenFonts, AreAllThatTheSystemHasEachOnce)
     const std::vector<std::wstring> all = fontsOfTheSystem();
     EXPECT_EQ(once, std::set<std::wstring>(all.begin(), all.end()));
     EXPECT_TRUE(once.contains(L"Arial") ||
-                once.contains(L"Liberation Sans")); // another has its place on Wine
+                once.contains(L"Liberation Sans")); // which takes its place under Wine
 }
 
 TEST(ScreenFonts, AreInTheSystemsOrder)

@@ -28,7 +28,7 @@ TEST_F(StatusBars, ShowThreePanelsWithTheEdgesAskedFor)
     ASSERT_EQ(SendMessageW(bar.handle(), SB_GETPARTS, 8, reinterpret_cast<LPARAM>(edges)), 3);
     EXPECT_EQ(edges[0], 200);
     EXPECT_EQ(edges[1], 450);
-    EXPECT_EQ(edges[2], -1); // to the end
+    EXPECT_EQ(edges[2], -1); // up to the right end
 }
 
 TEST_F(StatusBars, EachPanelKeepsItsOwnText)
@@ -44,7 +44,7 @@ TEST_F(StatusBars, EachPanelKeepsItsOwnText)
     EXPECT_EQ(std::wstring(shown), L"Name: News  ");
 }
 
-TEST_F(StatusBars, ATextIsReplacedAndTakenAway)
+TEST_F(StatusBars, ATextIsReplacedAndRemoved)
 {
     EXPECT_EQ(bar.panelText(1), L"");
     bar.setPanelText(1, L"long before");
@@ -54,8 +54,8 @@ TEST_F(StatusBars, ATextIsReplacedAndTakenAway)
     EXPECT_EQ(bar.panelText(1), L"");
 }
 
-// A damaged file can hold an address of any length.
-TEST_F(StatusBars, AVeryLongTextIsTakenAndGivenBackAsFarAsThePanelHoldsIt)
+// The address in a damaged file can have any length.
+TEST_F(StatusBars, AVeryLongTextIsCutToWhatThePanelHolds)
 {
     for (const std::size_t length : {300U, 65'535U, 65'536U, 70'000U}) {
         const std::wstring text(length, L'x');

@@ -29,7 +29,7 @@ class TabStrips : public testing::Test {
         SendMessageW(strip.handle(), WM_LBUTTONDOWN, MK_LBUTTON, at);
         SendMessageW(strip.handle(), WM_LBUTTONUP, 0, at);
     }
-    // Whether the strip has dealt with the key.
+    // Returns whether the tab strip has handled the key.
     bool take(WPARAM key, bool control, bool shift, UINT message = WM_KEYDOWN)
     {
         const HeldKeys held(controlAndShift(control, shift));
@@ -56,7 +56,7 @@ TEST_F(TabStrips, BeginWithTheFirstTab)
     EXPECT_EQ(none.selected(), 0U);
 }
 
-TEST_F(TabStrips, TellWhenTheUserChoosesATabAndNotWhenTheProgramDoes)
+TEST_F(TabStrips, ReportWhenTheUserChoosesATabButNotWhenTheProgramDoes)
 {
     strip.select(2);
     EXPECT_EQ(strip.selected(), 2U);
@@ -68,7 +68,7 @@ TEST_F(TabStrips, TellWhenTheUserChoosesATabAndNotWhenTheProgramDoes)
     EXPECT_EQ(clicks, 1) << "it was that tab already";
 }
 
-TEST_F(TabStrips, LieAroundThePage)
+TEST_F(TabStrips, SurroundThePage)
 {
     const RECT place = strip.placeAround(page);
     RECT now{};
@@ -94,7 +94,7 @@ TEST_F(TabStrips, TheArrowKeysChooseTheNeighbour)
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(TabStrips, CtrlTabAndCtrlPageDownGoOnAndAround)
+TEST_F(TabStrips, CtrlTabAndCtrlPageDownGoForwardAndWrapAround)
 {
     for (const WPARAM key : {VK_TAB, VK_NEXT}) {
         for (const std::size_t tab : {1U, 2U, 0U}) {
@@ -115,14 +115,14 @@ TEST_F(TabStrips, CtrlShiftTabAndCtrlPageUpGoBack)
     }
 }
 
-TEST_F(TabStrips, TheseKeysBringTheKeyboardToTheTabs)
+TEST_F(TabStrips, TheKeysOfTheTabsMoveTheFocusToThem)
 {
     field.setFocus();
     take(VK_TAB, true, false);
     EXPECT_TRUE(strip.hasFocus());
 }
 
-TEST_F(TabStrips, OtherKeysAreLeftToTheDialog)
+TEST_F(TabStrips, OtherKeysAreLeftForTheDialog)
 {
     field.setFocus();
     EXPECT_FALSE(take(VK_TAB, false, false));
@@ -136,7 +136,7 @@ TEST_F(TabStrips, OtherKeysAreLeftToTheDialog)
     EXPECT_TRUE(field.hasFocus());
 }
 
-TEST_F(TabStrips, ASingleTabLeavesAllKeysToTheDialog)
+TEST_F(TabStrips, ASingleTabLeavesAllKeysForTheDialog)
 {
     TabStrip single(window.handle(), 3);
     single.add(L"Only");

@@ -36,7 +36,7 @@ class TextBoxes : public testing::Test {
     TextBox other{window.handle(), 2};
 };
 
-TEST_F(TextBoxes, WhatWasSetComesBackToTheLetter)
+TEST_F(TextBoxes, ATextThatWasSetIsReturnedUnchanged)
 {
     for (const std::wstring& text :
          {std::wstring(L""), std::wstring(L"News"), std::wstring(L"a\nb"), std::wstring(L"a\r\nb\r"),
@@ -63,7 +63,7 @@ TEST_F(TextBoxes, WhatTheUserTypesIsTheTextFromThenOn)
     EXPECT_EQ(box.text(), L"New");
 }
 
-TEST_F(TextBoxes, SettingATextAfterTypingHoldsToTheLetterAgain)
+TEST_F(TextBoxes, SettingATextAfterTypingIsExactAgain)
 {
     box.setText(L"a");
     type(L'x');
@@ -105,7 +105,7 @@ TEST_F(TextBoxes, ATextThatIsSetFromOutsideAfterTypingCountsToo)
     EXPECT_EQ(box.text(), L"c\nd");
 }
 
-TEST_F(TextBoxes, ALetterThatIsTypedAndTakenBackLosesNothing)
+TEST_F(TextBoxes, ALetterThatIsTypedAndDeletedLosesNothing)
 {
     box.setText(L"a\nb");
     const std::wstring shown = windowText(box.handle());
@@ -134,7 +134,7 @@ TEST_F(TextBoxes, ASelectionBeyondTheEndReachesTheEnd)
     EXPECT_EQ(selection(), (std::pair<DWORD, DWORD>(4, 4)));
 }
 
-TEST_F(TextBoxes, ALineOfAnyLengthCanBeTypedThatTheBoxIsMadeFor)
+TEST_F(TextBoxes, ALineCanBeTypedUpToTheLengthThatTheBoxIsMadeFor)
 {
     box.setText(std::wstring(40'000, L'x'));
     box.select(40'000, 0);
@@ -142,7 +142,7 @@ TEST_F(TextBoxes, ALineOfAnyLengthCanBeTypedThatTheBoxIsMadeFor)
     EXPECT_EQ(box.text().size(), 40'001U);
 }
 
-TEST_F(TextBoxes, TellWhenTheyGetTheFocus)
+TEST_F(TextBoxes, ReportWhenTheyGetTheFocus)
 {
     int times = 0;
     box.GotFocus = [&] { ++times; };

@@ -53,7 +53,7 @@ class ToolBars : public testing::Test {
     std::vector<std::wstring> chosen;
 };
 
-TEST_F(ToolBars, ButtonsAndSeparatorsStandInTheOrderOfTheTable)
+TEST_F(ToolBars, ButtonsAndSeparatorsAreInTheOrderOfTheTable)
 {
     ASSERT_EQ(SendMessageW(bar.handle(), TB_BUTTONCOUNT, 0, 0), 4);
     const BYTE styles[] = {BTNS_BUTTON, BTNS_SEP, BTNS_DROPDOWN, BTNS_BUTTON};
@@ -78,7 +78,7 @@ TEST_F(ToolBars, EveryButtonHasAPictureOfItsOwn)
     EXPECT_EQ(pictures, (std::vector<int>{0, 1, 2}));
 }
 
-TEST_F(ToolBars, AClickTellsThePositionOfItsButton)
+TEST_F(ToolBars, AClickReportsThePositionOfItsButton)
 {
     click(1);
     click(4);
@@ -104,14 +104,14 @@ TEST_F(ToolBars, ADisabledButtonCannotBeClicked)
     EXPECT_EQ(clicked, std::vector<int>{1});
 }
 
-TEST_F(ToolBars, TheArrowOpensTheMenuAndTellsTheKeyOfTheEntryChosen)
+TEST_F(ToolBars, TheArrowOpensTheMenuAndReportsTheKeyOfTheChosenEntry)
 {
     openMenuAndType({VK_DOWN, VK_DOWN, VK_RETURN});
     EXPECT_EQ(chosen, std::vector<std::wstring>{L"export"});
     EXPECT_TRUE(clicked.empty());
 }
 
-TEST_F(ToolBars, AMenuThatIsDismissedTellsNothing)
+TEST_F(ToolBars, AMenuThatIsDismissedReportsNothing)
 {
     openMenuAndType({VK_DOWN, VK_ESCAPE});
     EXPECT_TRUE(chosen.empty());
@@ -160,8 +160,8 @@ TEST_F(ToolBars, PicturesAreDrawnForTheSizeAskedFor)
     }
 }
 
-// A command may take minutes, or close the program.
-TEST_F(ToolBars, CommandsStartWhenTheBarIsDoneWithTheMouse)
+// A command may take minutes or close the program.
+TEST_F(ToolBars, CommandsStartOnceTheBarHasFinishedWithTheMouse)
 {
     bool inTheClick = false;
     bool ranInTheClick = false;

@@ -1,15 +1,13 @@
 #include "platform/files/ansi_text_file.h"
 
-#include "platform/base/handle.h"
 #include "platform/files/ansi_text_writer.h"
 #include "platform/files/file_layer.h"
 #include "platform/text/ansi_text.h"
 #include "tests/support/error_of.h"
+#include "tests/support/held_file.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
-
-#include <thread>
 
 namespace vandrel::test {
 namespace {
@@ -28,11 +26,6 @@ class TextFile : public testing::Test {
     void save(const std::wstring& name, const std::wstring& text)
     {
         AnsiTextFile(folder.file(name)).write([&](AnsiTextWriter& file) { file.add(text); }, systemFiles());
-    }
-    FileHandle held(const wchar_t* name, DWORD share)
-    {
-        return FileHandle(
-            CreateFileW(folder.file(name).c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
     }
 
     TempFolder folder;
@@ -59,7 +52,7 @@ TEST_F(TextFile, SixteenMegabytesAreReadAndWrittenEveryLetterInItsPlace)
     EXPECT_TRUE(textOf(L"Big.udb") == decodeAnsi(bytes));
 }
 
-TEST_F(TextFile, WritingPutsTheTextThereAsItIs)
+TEST_F(TextFile, WritingStoresTheTextUnchanged)
 {
     const std::string bytes("\xE9|\0\n\r\x1A", 6);
     save(L"Work.udb", decodeAnsi(bytes));
@@ -95,37 +88,36 @@ TEST_F(TextFile, AFolderOfThatNameIsError75)
 TEST_F(TextFile, IsReadWhileAnotherProgramReadsIt)
 {
     folder.write(L"Work.udb", "a|b\r\n");
-    const FileHandle other = held(L"Work.udb", FILE_SHARE_READ);
+    const HeldFile other(folder.file(L"Work.udb"), FILE_SHARE_READ);
     EXPECT_EQ(textOf(L"Work.udb"), L"a|b\r\n");
 }
 
 TEST_F(TextFile, ReadingWaitsForAnotherProgramToLetGo)
 {
     folder.write(L"Work.udb", "a|b\r\n");
-    FileHandle other = held(L"Work.udb", 0);
-    std::jthread letGo([&] {
-        Sleep(150);
-        other.reset();
-    });
+    HeldFile other(folder.file(L"Work.udb"));
+    other.releaseAfterSleeping(150);
     EXPECT_EQ(textOf(L"Work.udb"), L"a|b\r\n");
+    EXPECT_EQ(other.slept(), 150U);
 }
 
-TEST_F(TextFile, AFileThatIsNotLetGoOfIsError70AfterAMoment)
+TEST_F(TextFile, AFileThatIsNotLetGoOfIsError70AfterHalfASecond)
 {
     folder.write(L"Work.udb", "a|b\r\n");
-    const FileHandle other = held(L"Work.udb", 0);
-    const ULONGLONG start = GetTickCount64();
+    const HeldFile other(folder.file(L"Work.udb"));
     EXPECT_EQ(numberOfReading(folder.file(L"Work.udb")), error_number::permissionDenied);
-    EXPECT_LT(GetTickCount64() - start, 1500U);
+    EXPECT_EQ(other.slept(), 500U);
 }
 
 TEST_F(TextFile, StaysClosedAfterwards)
 {
     folder.write(L"Work.udb", "a|b\r\n");
     textOf(L"Work.udb");
-    EXPECT_TRUE(held(L"Work.udb", 0));
+    { // can be opened exclusively
+        const HeldFile other(folder.file(L"Work.udb"));
+    }
     save(L"Work.udb", L"c|d\r\n");
-    EXPECT_TRUE(held(L"Work.udb", 0));
+    const HeldFile other(folder.file(L"Work.udb"));
 }
 
 } // namespace

@@ -44,7 +44,7 @@ std::string atOnce(const Texts& pieces)
     return bytes;
 }
 
-// Letters of the code page and others, pairs, and bytes that spelled nothing.
+// Letters inside and outside the code page, surrogate pairs, and bytes that were no letters.
 Texts randomPieces(std::mt19937& random, std::size_t longest)
 {
     const Texts letters = {L"a",      L"|",      L"\r\n",         L"caf\u00E9",   L"\u20AC", L"\u672C\u8868",
@@ -81,7 +81,7 @@ TEST(JapaneseAnsiWriter, GivesWhatEncodingAtOnceGives)
     expectWhatEncodingAtOnceGives();
 }
 
-TEST(AnsiWriter, OfNothingNothingIsWritten)
+TEST(AnsiWriter, NothingIsWrittenForNothing)
 {
     EXPECT_TRUE(written({}).parts.empty());
     EXPECT_TRUE(written({L"", L""}).parts.empty());
@@ -102,7 +102,7 @@ TEST(AnsiWriter, ALongTextWithoutALetterOfAsciiStaysWhole)
     EXPECT_TRUE(written({text, L"a"}).bytes == atOnce({text, L"a"}));
 }
 
-TEST(AnsiWriter, AfterAFailureNothingIsWrittenAnyMore)
+TEST(AnsiWriter, AfterAFailureNothingMoreIsWritten)
 {
     int writes = 0;
     const WritePart write = [&](std::string_view) { return ++writes < 2; };

@@ -1,14 +1,12 @@
-#include "platform/base/handle.h"
 #include "platform/base/runtime_error.h"
 #include "platform/files/file_layer.h"
+#include "tests/support/backup_drive.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failing_files.h"
+#include "tests/support/held_file.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/exchange/backup_drive.h"
-#include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
-
-#include <thread>
 
 namespace vandrel::test {
 namespace {
@@ -20,10 +18,6 @@ class FileCopy : public testing::Test {
     int copy(const std::wstring& from, const std::wstring& to)
     {
         return errorOf([&] { copyFile(folder.file(from), target.file(to)); });
-    }
-    static FileHandle hold(const std::wstring& path, DWORD share = 0)
-    {
-        return FileHandle(CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
     }
     static DWORD readOnlyMark(const std::wstring& path)
     {
@@ -96,7 +90,7 @@ TEST_F(FileCopy, TwoBackslashesAreOne)
     EXPECT_EQ(target.names(), (Names{L"a.udb", L"b.udb"}));
 }
 
-TEST_F(FileCopy, TheRootOfADriveMayEndWithABackslashBeforeTheOneThatIsAdded)
+TEST_F(FileCopy, TheRootOfADriveMayEndWithABackslashBeforeTheAddedOne)
 {
     const FolderDrive drive(target.path());
     if (!drive.works()) GTEST_SKIP() << "no drive letter can be given to a folder";
@@ -128,7 +122,7 @@ TEST_F(FileCopy, OfAHiddenFileIsMadeAgainAndAgain)
 TEST_F(FileCopy, AFileThatOthersReadIsCopied)
 {
     folder.write(L"a.udb", "bytes");
-    const FileHandle reader = hold(folder.file(L"a.udb"), FILE_SHARE_READ);
+    const HeldFile reader(folder.file(L"a.udb"), FILE_SHARE_READ);
     EXPECT_EQ(copy(L"a.udb", L"a.udb"), 0);
     EXPECT_EQ(target.read(L"a.udb"), "bytes");
 }
@@ -137,13 +131,10 @@ TEST_F(FileCopy, WaitsForATargetThatAnotherProgramHoldsForAMoment)
 {
     folder.write(L"a.udb", "new");
     target.write(L"a.udb", "old");
-    FileHandle other = hold(target.file(L"a.udb"));
-    std::jthread release([&] {
-        Sleep(200);
-        other.reset();
-    });
+    HeldFile other(target.file(L"a.udb"));
+    other.releaseAfterSleeping(200);
     EXPECT_EQ(copy(L"a.udb", L"a.udb"), 0);
-    release.join();
+    EXPECT_EQ(other.slept(), 200U);
     EXPECT_EQ(target.read(L"a.udb"), "new");
     EXPECT_EQ(target.names(), Names{L"a.udb"});
 }
@@ -197,7 +188,7 @@ TEST_F(FileCopy, OfAFileThatAnotherProgramHoldsIsError70)
 {
     folder.write(L"a.udb", "new");
     target.write(L"a.udb", "old");
-    const FileHandle other = hold(folder.file(L"a.udb"));
+    const HeldFile other(folder.file(L"a.udb"));
     EXPECT_EQ(copy(L"a.udb", L"a.udb"), error_number::permissionDenied);
     EXPECT_EQ(target.read(L"a.udb"), "old");
     EXPECT_EQ(target.names(), Names{L"a.udb"});
@@ -207,9 +198,9 @@ TEST_F(FileCopy, OverAFileThatAnotherProgramHoldsFailsAndLeavesNothing)
 {
     folder.write(L"a.udb", "new");
     target.write(L"a.udb", "old");
-    FileHandle other = hold(target.file(L"a.udb"));
+    HeldFile other(target.file(L"a.udb"));
     EXPECT_NE(copy(L"a.udb", L"a.udb"), 0);
-    other.reset();
+    other.release();
     EXPECT_EQ(target.read(L"a.udb"), "old");
     EXPECT_EQ(target.names(), Names{L"a.udb"});
 }
@@ -219,9 +210,9 @@ TEST_F(FileCopy, OfAReadOnlyFileThatFailsLeavesNothing)
     folder.write(L"a.udb", "new");
     SetFileAttributesW(folder.file(L"a.udb").c_str(), FILE_ATTRIBUTE_READONLY);
     target.write(L"a.udb", "old");
-    FileHandle other = hold(target.file(L"a.udb"));
+    HeldFile other(target.file(L"a.udb"));
     EXPECT_NE(copy(L"a.udb", L"a.udb"), 0);
-    other.reset();
+    other.release();
     EXPECT_EQ(target.names(), Names{L"a.udb"});
     EXPECT_EQ(target.read(L"a.udb"), "old");
 }
@@ -290,7 +281,7 @@ TEST_F(PlainWrite, TakesThePlaceOfWhateverTheFileHeld)
     }
 }
 
-TEST_F(PlainWrite, WhatStopsItLeavesTheFileAsFarAsItWasWritten)
+TEST_F(PlainWrite, AFailureLeavesTheFileAsFarAsItWasWritten)
 {
     folder.write(L"a.htm", std::string(100, 'x'));
     FailingFiles files(2, ERROR_DISK_FULL);
@@ -308,7 +299,7 @@ TEST_F(PlainWrite, AFailureOfTheCloseCountsToo)
               error_number::diskFull);
 }
 
-TEST_F(PlainWrite, AFileThatCannotBeMadeIsToldByItsReason)
+TEST_F(PlainWrite, AFileThatCannotBeMadeIsAnErrorWithItsReason)
 {
     EXPECT_EQ(errorOf([&] { writeFile(folder.file(L"gone\\a.htm"), ""); }), error_number::pathNotFound);
     CreateDirectoryW(folder.file(L"dir.htm").c_str(), nullptr);

@@ -58,7 +58,7 @@ TEST_F(FileOperations, RenamingOntoAnotherFileIsError58AndBothStay)
     EXPECT_EQ(folder.read(L"Home.udb"), "home");
 }
 
-TEST_F(FileOperations, OnlyTheCaseOfANameCanBeChanged)
+TEST_F(FileOperations, ANameCanBeChangedInCaseOnly)
 {
     folder.write(L"work.udb", "work");
     renameFile(folder.file(L"work.udb"), folder.file(L"Work.udb"));
@@ -73,7 +73,7 @@ TEST_F(FileOperations, RenamingWhatIsNotThereIsError53)
               error_number::fileNotFound);
 }
 
-TEST_F(FileOperations, AFolderIsNoFile)
+TEST_F(FileOperations, AFolderIsNotAFile)
 {
     CreateDirectoryW(folder.file(L"Dir.udb").c_str(), nullptr);
     EXPECT_FALSE(fileExists(folder.file(L"Dir.udb")));
@@ -125,7 +125,7 @@ TEST(ExtendedPath, TakesAnyPathThatIsWholeAndLeavesOthersAlone)
     EXPECT_EQ(extendedPath(L""), L"");
 }
 
-TEST(SystemError, EveryCodeThatFilesMeetHasItsNumber)
+TEST(SystemError, EveryFileErrorHasItsNumber)
 {
     const std::pair<unsigned long, int> codes[] = {
         {ERROR_FILE_NOT_FOUND, 53},    {ERROR_PATH_NOT_FOUND, 76}, {ERROR_BAD_NETPATH, 76},

@@ -45,7 +45,7 @@ TEST_F(JapaneseFile, ALooseFirstByteAtTheEndOfARecordSurvives)
 
 TEST_F(JapaneseFile, LettersAreWholeWhereverTheFileIsReadInParts)
 {
-    // Lines of odd and even length, one of a megabyte, and one that is damaged.
+    // Lines of odd and even length, one of a megabyte and a damaged one.
     std::string bytes = "x";
     for (int i = 0; bytes.size() < 700'000; ++i)
         bytes += "\x83\x7C\x83\x93|" + std::string(static_cast<std::size_t>(i % 5), 'y') + "\r\n";

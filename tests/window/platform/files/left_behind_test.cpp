@@ -1,8 +1,8 @@
 #include "platform/files/left_behind.h"
 
 #include "platform/base/handle.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace {
 
 using Names = std::vector<std::wstring>;
 
-// A number that no process has.
+// An id that no process has.
 DWORD endedProcess()
 {
     DWORD number = 4'000'000'000;
@@ -41,14 +41,14 @@ TEST_F(LeftBehind, ByAProcessThatHasEndedIsRemovedWhateverItsMarks)
     }
 }
 
-TEST_F(LeftBehind, ByAnEarlierProcessOfThisNumberIsRemoved)
+TEST_F(LeftBehind, ByAnEarlierProcessWithThisIdIsRemoved)
 {
     folder.write(temporary(GetCurrentProcessId()), "half");
     removeLeftBehind(folder.path());
     EXPECT_EQ(folder.names(), Names{});
 }
 
-TEST_F(LeftBehind, ByNobodyKnownStays)
+TEST_F(LeftBehind, ByAnUnknownProcessStays)
 {
     DWORD other = 0;
     GetWindowThreadProcessId(GetDesktopWindow(), &other);
@@ -59,7 +59,7 @@ TEST_F(LeftBehind, ByNobodyKnownStays)
     EXPECT_EQ(folder.names(), Names{temporary(other)});
 }
 
-TEST_F(LeftBehind, ButOpenStays)
+TEST_F(LeftBehind, ThatIsOpenStays)
 {
     folder.write(ended, "half");
     FileHandle other(CreateFileW(folder.file(ended).c_str(), GENERIC_READ,
@@ -73,7 +73,7 @@ TEST_F(LeftBehind, ButOpenStays)
     EXPECT_EQ(folder.names(), Names{});
 }
 
-TEST_F(LeftBehind, WithAnyOtherNameStays)
+TEST_F(LeftBehind, UnderAnyOtherNameStays)
 {
     const std::wstring number = std::to_wstring(endedProcess());
     Names names{L"vandrel-" + number + L".tmp.udb",
@@ -96,7 +96,7 @@ TEST_F(LeftBehind, WithAnyOtherNameStays)
     EXPECT_NE(GetFileAttributesW(folder.file(ended).c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(LeftBehind, AndNotToBeRemovedIsPassedOver)
+TEST_F(LeftBehind, ThatCannotBeRemovedIsSkipped)
 {
     class : public FileLayer {
         bool remove(const std::wstring&) override
@@ -111,7 +111,7 @@ TEST_F(LeftBehind, AndNotToBeRemovedIsPassedOver)
     EXPECT_EQ(folder.names(), Names{ended});
 }
 
-TEST(FilesInForce, IsTheLayerForAllWhoNameNoneAsLongAsItLives)
+TEST(FilesInForce, IsTheLayerForAllCallersThatNameNone)
 {
     const TempFolder folder;
     FailingFiles outer;

@@ -1,7 +1,7 @@
 #include "platform/base/runtime_error.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
 
@@ -18,14 +18,13 @@ const std::string newSites = "new|http://new/||\r\nnew too|http://new/||\r\n";
 
 class FailingSave : public testing::Test {
   protected:
-    // The number of the error that the save ends with, 0 when it succeeds.
+    // The number of the error that the save raises; 0 when it succeeds.
     int save(FileLayer& files)
     {
         return errorOf([&] { replaceFile(folder.file(savedName), newSites, files); });
     }
 
-    // Fails at the first call, then at the second and so on, until the save succeeds without having been
-    // stopped.
+    // Fails at the first call, then at the second and so on, until a save goes through without a failure.
     void failAtEveryCall(DWORD systemError, FailingFiles::How how, int expectedNumber)
     {
         int failures = 0;
@@ -50,7 +49,7 @@ class FailingSave : public testing::Test {
     TempFolder folder;
 };
 
-TEST_F(FailingSave, WithoutAFailureTheFileIsFlushedAndTakesItsPlaceAtTheVeryEnd)
+TEST_F(FailingSave, WithoutAFailureTheFileIsFlushedAndReplacesTheOldOneLast)
 {
     folder.write(savedName, oldSites);
     FailingFiles files;
@@ -78,7 +77,7 @@ TEST_F(FailingSave, OnABrokenDiskIsError57AndTheOldFileIsWhole)
     failAtEveryCall(ERROR_CRC, FailingFiles::How::once, error_number::deviceError);
 }
 
-TEST_F(FailingSave, OnALockThatPassesLeavesOneOfTheTwoFilesWhole)
+TEST_F(FailingSave, WhileATemporaryLockLastsLeavesOneOfTheTwoFilesWhole)
 {
     failAtEveryCall(ERROR_SHARING_VIOLATION, FailingFiles::How::once, error_number::permissionDenied);
     failAtEveryCall(ERROR_LOCK_VIOLATION, FailingFiles::How::once, error_number::permissionDenied);
@@ -98,11 +97,11 @@ TEST_F(FailingSave, AFolderInWhichNothingMayBeChangedIsError75AtOnce)
     EXPECT_EQ(folder.read(savedName), oldSites);
 }
 
-TEST_F(FailingSave, ALockThatPassesIsTriedAgainAndTheSaveSucceeds)
+TEST_F(FailingSave, ATemporaryLockIsWaitedForAndTheSaveSucceeds)
 {
     for (const DWORD held : {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_ACCESS_DENIED}) {
         folder.write(savedName, oldSites);
-        FailingFiles files(6, static_cast<DWORD>(held)); // replacing the old file
+        FailingFiles files(6, static_cast<DWORD>(held)); // the call that replaces the old file
         EXPECT_EQ(save(files), 0);
         EXPECT_EQ(files.calls.size(), 7U);
         EXPECT_EQ(folder.read(savedName), newSites);
@@ -128,10 +127,10 @@ TEST_F(FailingSave, WhoseTemporaryFileCannotBeRemovedKeepsTheOldFileAndTheFirstR
     EXPECT_EQ(folder.read(savedName), oldSites);
     ASSERT_EQ(folder.names().size(), 2U);
     EXPECT_EQ(save(files), 0);
-    EXPECT_EQ(folder.names(), Names{savedName}); // the next save takes the left-over file's place
+    EXPECT_EQ(folder.names(), Names{savedName}); // the next save replaces the left-over file
 }
 
-TEST_F(FailingSave, WritesBesideTheFileUnderANameOfThisProcessThatIsNoCategorys)
+TEST_F(FailingSave, WritesBesideTheFileUnderANameOfThisProcessThatIsNotACategory)
 {
     FailingFiles files;
     EXPECT_EQ(save(files), 0);
@@ -180,7 +179,7 @@ TEST_F(FailingSave, InAnyOfManyPartsLeavesTheOldFile)
     }
 }
 
-TEST_F(FailingSave, TellsTheReasonOfTheRefusedPartWhateverHappensAfterIt)
+TEST_F(FailingSave, ReportsWhyThePartWasRefusedWhateverHappensAfterwards)
 {
     folder.write(savedName, oldSites);
     FailingFiles files(2, ERROR_DISK_FULL);

@@ -1,8 +1,8 @@
-#include "platform/base/handle.h"
 #include "platform/base/runtime_error.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failing_files.h"
+#include "tests/support/held_file.h"
 #include "tests/support/temp_folder.h"
-#include "tests/window/platform/files/failing_files.h"
 
 #include <gtest/gtest.h>
 
@@ -10,12 +10,12 @@
 #include <filesystem>
 #include <fstream>
 #include <new>
-#include <thread>
 
 namespace vandrel::test {
 namespace {
 
-// A folder in which some things are refused, as to somebody who lacks the right. Under Wine nobody lacks any.
+// A folder in which some operations are refused, as to a user without the right. Under Wine every user has
+// every right.
 class RefusingFolder : public FileLayer {
   public:
     bool newFiles = true;
@@ -53,9 +53,9 @@ class SaveWithoutRights : public testing::Test {
     }
     void expectSavedAtOnce()
     {
-        const ULONGLONG start = GetTickCount64();
+        const TestClock clock;
         EXPECT_EQ(save(), 0);
-        EXPECT_LT(GetTickCount64() - start, 1000U);
+        EXPECT_LT(clock.slept(), 1000U);
         EXPECT_EQ(folder.read(L"Work.udb"), after);
         EXPECT_EQ(folder.names(), std::vector<std::wstring>{L"Work.udb"});
     }
@@ -72,19 +72,19 @@ TEST_F(SaveWithoutRights, ToSetAccessRightsGetsThoseOfTheFolder)
     expectSavedAtOnce();
 }
 
-TEST_F(SaveWithoutRights, ToMakeFilesIsMadeInPlace)
+TEST_F(SaveWithoutRights, ToCreateFilesIsDoneInPlace)
 {
     files.newFiles = false;
     expectSavedAtOnce();
 }
 
-TEST_F(SaveWithoutRights, ToReplaceTheFileIsMadeInPlace)
+TEST_F(SaveWithoutRights, ToReplaceTheFileIsDoneInPlace)
 {
     files.replacing = false;
     expectSavedAtOnce();
 }
 
-TEST_F(SaveWithoutRights, ToMakeFilesKeepsTheIdentityOfTheFile)
+TEST_F(SaveWithoutRights, ToCreateFilesKeepsTheIdentityOfTheFile)
 {
     files.newFiles = false;
     SetFileAttributesW(path().c_str(), FILE_ATTRIBUTE_HIDDEN);
@@ -92,7 +92,7 @@ TEST_F(SaveWithoutRights, ToMakeFilesKeepsTheIdentityOfTheFile)
     EXPECT_NE(GetFileAttributesW(path().c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
 }
 
-TEST_F(SaveWithoutRights, ToMakeFilesWritesShorterLongerAndEmptyContents)
+TEST_F(SaveWithoutRights, ToCreateFilesWritesShorterLongerAndEmptyContents)
 {
     files.newFiles = false;
     for (const std::string& bytes : {std::string(300'000, 'x'), std::string("short"), std::string(),
@@ -102,7 +102,7 @@ TEST_F(SaveWithoutRights, ToMakeFilesWritesShorterLongerAndEmptyContents)
     }
 }
 
-TEST_F(SaveWithoutRights, ToMakeFilesRefusesANewOneWithError75)
+TEST_F(SaveWithoutRights, ToCreateFilesRefusesANewOneWithError75)
 {
     files.newFiles = false;
     EXPECT_EQ(errorOf([&] { replaceFile(folder.file(L"New.udb"), after, files); }),
@@ -115,14 +115,10 @@ TEST_F(SaveWithoutRights, OfAFileThatAnotherProgramHoldsWaitsForIt)
     for (bool* const right : {&files.newFiles, &files.replacing}) {
         folder.write(L"Work.udb", before);
         *right = false;
-        FileHandle other(
-            CreateFileW(path().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        HeldFile other(path(), FILE_SHARE_READ);
         EXPECT_EQ(save(), error_number::permissionDenied);
         EXPECT_EQ(folder.read(L"Work.udb"), before);
-        std::jthread letGo([&] {
-            Sleep(300);
-            other.reset();
-        });
+        other.releaseAfterSleeping(300);
         EXPECT_EQ(save(), 0);
         EXPECT_EQ(folder.read(L"Work.udb"), after);
         EXPECT_EQ(folder.names(), std::vector<std::wstring>{L"Work.udb"});
@@ -152,7 +148,7 @@ TEST_F(SaveWithoutRights, ThatRunsOutOfMemoryLeavesTheOldFile)
 
 // ---- each step of a save in place
 
-// Fails from the n-th of the calls that follow a refusal to make the file beside.
+// Refuses to create the file beside the target, and fails at the n-th call after that.
 class FailingInPlace : public FailingFiles {
   public:
     using FailingFiles::FailingFiles;
@@ -172,12 +168,15 @@ class FailingInPlace : public FailingFiles {
 
 class SaveInPlaceStep : public SaveWithoutRights {
   protected:
+    TestClock clock;
+
     int save(FileLayer& layer, const std::string& bytes)
     {
         return errorOf([&] { replaceFile(path(), bytes, layer); });
     }
-    // Until a save succeeds that nothing stopped. The old file or the new one is there, whole; or, when the
-    // old one could not be put back, its copy is.
+    // Fails at one call after another, until a save goes through without a failure. Each time the old file
+    // or the new one must be there, whole, or a copy of the old one when it could not be restored. Returns
+    // the number of calls.
     int failAtEveryCall(const std::string& bytes, DWORD systemError, FailingFiles::How how, bool mayBeCopy)
     {
         for (int call = 1;; ++call) {
@@ -207,7 +206,8 @@ TEST_F(SaveInPlaceStep, KeepsTheOldBytesInTheFolderForTemporaryFilesUntilTheNewO
 {
     FailingInPlace layer;
     EXPECT_EQ(save(layer, after), 0);
-    // Open; keep; see that the disk takes something; write; cut; let go.
+    // Open the file, keep its bytes, check that the disk can be written to, write, truncate, remove the
+    // kept bytes, close.
     EXPECT_EQ(layer.calls,
               (std::vector<std::string>{"remove", "open", "create", "write", "flush", "close", "flush",
                                         "write", "flush", "size", "flush", "remove", "close"}));
@@ -227,7 +227,7 @@ TEST_F(SaveInPlaceStep, ThatFailsOnceLeavesTheOldFileOrTheNewOne)
     }
 }
 
-TEST_F(SaveInPlaceStep, OnADiskThatGoesLeavesTheOldBytesSomewhere)
+TEST_F(SaveInPlaceStep, OnADiskThatDisappearsLeavesTheOldBytesSomewhere)
 {
     for (const DWORD error : {ERROR_DISK_FULL, ERROR_NOT_READY}) {
         failAtEveryCall(after, static_cast<DWORD>(error), FailingFiles::How::forGood, true);
@@ -235,7 +235,7 @@ TEST_F(SaveInPlaceStep, OnADiskThatGoesLeavesTheOldBytesSomewhere)
     }
 }
 
-TEST_F(SaveInPlaceStep, NeverWritesOverOldBytesThatStayed)
+TEST_F(SaveInPlaceStep, NeverOverwritesOldBytesThatWereLeft)
 {
     FailingInPlace first;
     EXPECT_EQ(save(first, after), 0);

@@ -14,7 +14,7 @@ double megabytesInUse()
     return static_cast<double>(counters.WorkingSetSize) / 1e6;
 }
 
-TEST_F(InternetAmounts, OfABodyThatIsNotWantedHardlyAnythingIsFetched)
+TEST_F(InternetAmounts, HardlyAnythingIsFetchedOfABodyThatIsNotWanted)
 {
     transfer.OpenURL(server.address(L"/huge"), Body::none);
     EXPECT_TRUE(pumpUntil([&] { return server.hugeEnded() == 1; })) << "the connection is given up";
@@ -27,7 +27,7 @@ TEST_F(InternetAmounts, OfABodyThatIsNotWantedHardlyAnythingIsFetched)
     EXPECT_EQ(open(L"/ok"), L"fine");
 }
 
-TEST_F(InternetAmounts, OfATextAMegabyteIsTaken)
+TEST_F(InternetAmounts, AMegabyteIsTakenOfAText)
 {
     const double before = megabytesInUse();
     const std::wstring text = open(L"/huge");

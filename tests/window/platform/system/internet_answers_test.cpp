@@ -39,7 +39,7 @@ TEST_F(InternetAnswers, TheTextIsReadInTheAnsiCodePage)
     EXPECT_EQ(open(L"/accents"), L"caf\u00E9 \u20AC \u00DF");
 }
 
-TEST_F(InternetAnswers, EveryTimeItIsAskedForAnew)
+TEST_F(InternetAnswers, ItIsRequestedAgainEveryTime)
 {
     server.put("/changing", "first");
     EXPECT_EQ(open(L"/changing"), L"first");
@@ -47,7 +47,7 @@ TEST_F(InternetAnswers, EveryTimeItIsAskedForAnew)
     EXPECT_EQ(open(L"/changing"), L"second");
 }
 
-TEST_F(InternetAnswers, FollowsARedirectionWithoutTellingTheStatesAgain)
+TEST_F(InternetAnswers, FollowsARedirectionWithoutRepeatingTheStates)
 {
     EXPECT_EQ(open(L"/moved"), L"fine");
     EXPECT_EQ(server.requests(), (std::vector<std::string>{"/moved", "/ok"}));
@@ -64,7 +64,7 @@ TEST_F(InternetAnswers, FollowsTwentyRedirectionsToATextAndNoMore)
     EXPECT_EQ(server.requests().size(), 42U);
 }
 
-TEST_F(InternetAnswers, WhereNoTextIsWantedAChainWithoutEndIsAnAnswer)
+TEST_F(InternetAnswers, WhenNoTextIsWantedAnEndlessChainIsAnAnswer)
 {
     EXPECT_EQ(transfer.OpenURL(server.address(L"/loop"), Body::none), L"");
     EXPECT_EQ(server.requests().size(), 21U);
@@ -104,7 +104,7 @@ TEST_F(InternetAnswers, ARedirectionToNoAddressIsAnAnswerOrAnErrorAndHarmless)
     }
 }
 
-// ---- other hosts on the way
+// ---- redirections to other hosts
 
 TEST_F(InternetAnswers, AnotherHostIsResolvedAndConnectedToAnew)
 {
@@ -115,14 +115,14 @@ TEST_F(InternetAnswers, AnotherHostIsResolvedAndConnectedToAnew)
     EXPECT_EQ(states, (States{1, 3, 1, 3, 1, 3})) << "there, back, and on the same host";
 }
 
-TEST_F(InternetAnswers, OneThatIsNotFoundIsNotConnectedTo)
+TEST_F(InternetAnswers, AnotherHostThatIsNotFoundIsNotConnectedTo)
 {
     server.redirect("/away", "http://nowhere.invalid/");
     EXPECT_EQ(errorFor(server.address(L"/away")), 35754);
     EXPECT_EQ(states, (States{1, 3, 1}));
 }
 
-TEST_F(InternetAnswers, TheSameHostInOtherLettersIsNoOther)
+TEST_F(InternetAnswers, TheSameHostInAnotherCaseIsTheSame)
 {
     std::wstring shouted = server.addressByName(L"/ok");
     shouted.replace(shouted.find(L"localhost"), 9, L"LOCALHOST");
@@ -141,14 +141,14 @@ TEST_F(InternetAnswers, ACookieComesBackOnTheWay)
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetAnswers, AndIsForgottenAtItsEnd)
+TEST_F(InternetAnswers, ACookieIsForgottenAtTheEndOfTheChain)
 {
     EXPECT_EQ(open(L"/cookie"), L"fine");
     EXPECT_EQ(open(L"/cookie"), L"fine");
     EXPECT_EQ(server.cookies(), (std::vector<std::string>{"", "seen=1", "", "seen=1"}));
 }
 
-TEST_F(InternetAnswers, SeveralComeBackToTheHostThatSetThemAlone)
+TEST_F(InternetAnswers, SeveralCookiesComeBackOnlyToTheHostThatSetThem)
 {
     server.setCookie("/first", "one=1");
     server.setCookie("/first", "two=2; Path=/elsewhere");
@@ -172,7 +172,7 @@ TEST_F(InternetAnswers, ALongCookieIsReadWhole)
     EXPECT_EQ(server.cookies().back(), "long=" + value + "; last=1");
 }
 
-// ---- chains without end
+// ---- endless chains
 
 TEST_F(InternetAnswers, ARedirectionWithoutEndEnds)
 {
@@ -181,7 +181,7 @@ TEST_F(InternetAnswers, ARedirectionWithoutEndEnds)
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetAnswers, OneThatIsNotWaitedForAnyMoreIsNotFollowedAnyFurther)
+TEST_F(InternetAnswers, AChainThatIsNoLongerWaitedForIsNotFollowedAnyFurther)
 {
     errorAfter(300, L"/loop");
     std::size_t last = 0;
@@ -202,21 +202,21 @@ TEST_F(InternetAnswers, ARedirectionToNowhereIsAnErrorAfterAConnection)
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetAnswers, AConnectionThatIsClosedWithoutAnAnswerHasBeenMade)
+TEST_F(InternetAnswers, AConnectionThatIsClosedWithoutAnAnswerCountsAsMade)
 {
     const int error = errorFor(server.address(L"/closed"));
-    EXPECT_TRUE(error == 35756 || error == 0) << error; // Wine takes it for an empty answer
+    EXPECT_TRUE(error == 35756 || error == 0) << error; // Wine treats it as an empty answer
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetAnswers, SoHasOneThatIsReset)
+TEST_F(InternetAnswers, AConnectionThatIsResetCountsAsMade)
 {
     const int error = errorFor(server.address(L"/reset"));
     EXPECT_TRUE(error == 35756 || error == 0) << error;
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetAnswers, HalfAnAnswerIsNone) { EXPECT_EQ(errorFor(server.address(L"/cut")), 35756); }
+TEST_F(InternetAnswers, HalfAnAnswerDoesNotCount) { EXPECT_EQ(errorFor(server.address(L"/cut")), 35756); }
 
 TEST_F(InternetAnswers, AfterEachOfTheseTheNextRequestWorks)
 {

@@ -8,7 +8,7 @@
 namespace vandrel::test {
 namespace {
 
-int worksToFail = 0; // how many times from now on
+int worksToFail = 0; // how many of the next runs fail
 
 template <typename Error> [[noreturn]] void fail(const Error& error) { throw error; }
 
@@ -39,7 +39,7 @@ std::string withStatesWithoutEnd(void*, TransferJob& job)
     return "fine";
 }
 
-// What the thread throws is an error of the transfer.
+// Whatever the thread throws becomes an error of the transfer.
 class InternetFailures : public InternetTransfers {
   protected:
     int errorOfThread(InternetTransfer::Work work)
@@ -54,19 +54,19 @@ class InternetFailures : public InternetTransfers {
     }
 };
 
-TEST_F(InternetFailures, AThreadWithoutMemoryIsThatError)
+TEST_F(InternetFailures, RunningOutOfMemoryInTheThreadIsThatError)
 {
     worksToFail = 1;
     EXPECT_EQ(errorOfThread(withoutMemory), 7);
 }
 
-TEST_F(InternetFailures, ItsStatesAreToldNevertheless)
+TEST_F(InternetFailures, TheStatesBeforeAFailureAreReported)
 {
     EXPECT_EQ(errorOfThread(withoutMemoryAfterTheConnection), 7);
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetFailures, AfterItTheSameThreadGoesOn)
+TEST_F(InternetFailures, TheSameThreadGoesOnAfterAFailure)
 {
     worksToFail = 2;
     InternetTransfer again(withoutMemory);
@@ -87,7 +87,7 @@ TEST_F(InternetFailures, AnErrorOfTheProgramsOwnKeepsItsNumber)
     EXPECT_EQ(errorOfThread(withAnErrorOfItsOwn), 35752);
 }
 
-TEST_F(InternetFailures, AStateForWhichThereIsNoRoomIsLeftOut)
+TEST_F(InternetFailures, AStateWithoutSpaceForItIsDropped)
 {
     InternetTransfer talkative(withStatesWithoutEnd);
     watch(talkative);

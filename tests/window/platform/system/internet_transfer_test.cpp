@@ -13,7 +13,7 @@ TEST_F(InternetTransfers, AFirstRequestResolvesAndConnectsOnceEachInThisOrder)
     EXPECT_EQ(states, both);
 }
 
-TEST_F(InternetTransfers, SoDoesEveryFurtherOneAlthoughTheConnectionIsKept)
+TEST_F(InternetTransfers, EveryFurtherOneDoesSoTooAlthoughTheConnectionIsKept)
 {
     for (int i = 0; i < 3; ++i) {
         states.clear();
@@ -23,7 +23,7 @@ TEST_F(InternetTransfers, SoDoesEveryFurtherOneAlthoughTheConnectionIsKept)
     EXPECT_EQ(server.connections(), 1U) << "otherwise this says nothing about a kept connection";
 }
 
-TEST_F(InternetTransfers, SoDoesOneWhoseBodyIsNotWanted)
+TEST_F(InternetTransfers, OneWhoseBodyIsNotWantedDoesSoToo)
 {
     for (int i = 0; i < 3; ++i) {
         states.clear();
@@ -33,7 +33,7 @@ TEST_F(InternetTransfers, SoDoesOneWhoseBodyIsNotWanted)
     EXPECT_EQ(server.requests(), (std::vector<std::string>{"/ok", "/ok", "/ok"}));
 }
 
-TEST_F(InternetTransfers, TheyAreToldOnTheThreadThatAskedAndBeforeTheAnswerIsThere)
+TEST_F(InternetTransfers, StatesComeOnTheCallingThreadBeforeTheAnswer)
 {
     const DWORD own = GetCurrentThreadId();
     int told = 0;
@@ -52,7 +52,7 @@ TEST_F(InternetTransfers, NobodyNeedsToListen)
     EXPECT_EQ(open(L"/ok"), L"fine");
 }
 
-// ---- what is no answer
+// ---- no usable answer
 
 TEST_F(InternetTransfers, ARefusedConnectionWasBegun)
 {
@@ -78,7 +78,7 @@ TEST_F(InternetTransfers, ANameThatDoesNotResolveIsNotConnectedTo)
     EXPECT_EQ(states, resolvingAlone);
 }
 
-TEST_F(InternetTransfers, WhatIsNoAddressIsNeitherResolvedNorConnectedTo)
+TEST_F(InternetTransfers, WhatIsNotAnAddressIsNeitherResolvedNorConnectedTo)
 {
     for (const wchar_t* const url : {L"", L"http://", L"http:///page"}) {
         EXPECT_EQ(errorFor(url), 35752) << testing::PrintToString(std::wstring(url));

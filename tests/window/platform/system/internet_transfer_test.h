@@ -34,7 +34,7 @@ class InternetTransfers : public testing::Test {
         states.clear();
         return errorOf([&] { transfer.OpenURL(url); });
     }
-    // Waits for an answer that does not come, and gives the error.
+    // Requests an answer that does not come, and returns the error.
     int errorAfter(unsigned milliseconds, const std::wstring& path)
     {
         transfer.setRequestTimeout(milliseconds);

@@ -13,7 +13,7 @@ class InternetWaiting : public InternetTransfers {};
 
 TEST_F(InternetWaiting, TheUsualTimeOutIs30Seconds) { EXPECT_EQ(InternetTransfer::usualSeconds, 30U); }
 
-TEST_F(InternetWaiting, WhoeverDoesNotAnswerInTimeIsNotWaitedFor)
+TEST_F(InternetWaiting, AServerThatDoesNotAnswerInTimeIsGivenUp)
 {
     for (const wchar_t* const path : {L"/silent", L"/trickle", L"/held"}) {
         const ULONGLONG start = GetTickCount64();
@@ -25,7 +25,7 @@ TEST_F(InternetWaiting, WhoeverDoesNotAnswerInTimeIsNotWaitedFor)
     }
 }
 
-TEST_F(InternetWaiting, NorIsASecureConnectionThatNeverComesAbout)
+TEST_F(InternetWaiting, ASecureConnectionThatIsNeverMadeIsGivenUp)
 {
     transfer.setRequestTimeout(300);
     std::wstring secure = server.address(L"/");
@@ -45,7 +45,7 @@ TEST_F(InternetWaiting, AfterATimeOutTheNextRequestsWork)
     }
 }
 
-TEST_F(InternetWaiting, WhatComesAfterTheTimeOutIsNobodysAnswer)
+TEST_F(InternetWaiting, WhatComesAfterTheTimeOutIsIgnored)
 {
     EXPECT_EQ(errorAfter(100, L"/held"), 35761);
     server.put("/other", "the other's own");
@@ -63,7 +63,7 @@ TEST_F(InternetWaiting, MessagesRunWhileItWaits)
     EXPECT_TRUE(meanwhile.happened());
 }
 
-TEST_F(InternetWaiting, MessagesWithoutEndDoNotKeepTheTimeOutAway)
+TEST_F(InternetWaiting, EndlessMessagesDoNotPreventTheTimeOut)
 {
     Meanwhile posting([] { return PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0) == 0; }, [] {});
     const ULONGLONG start = GetTickCount64();
@@ -127,7 +127,7 @@ TEST_F(InternetWaiting, ARequestToQuitEndsTheWait)
     takeQuitMessage();
 }
 
-TEST_F(InternetWaiting, AfterItNothingIsAskedForAnyMore)
+TEST_F(InternetWaiting, AfterARequestToQuitNothingMoreIsRequested)
 {
     PostQuitMessage(0);
     EXPECT_EQ(errorFor(server.address(L"/silent")), 35756);
@@ -138,7 +138,7 @@ TEST_F(InternetWaiting, AfterItNothingIsAskedForAnyMore)
     EXPECT_EQ(std::ranges::count(server.requests(), "/ok"), 0);
 }
 
-TEST_F(InternetWaiting, ItsOwnerMayGoWhileTheAnswerIsStillMissing)
+TEST_F(InternetWaiting, ItsOwnerMayBeDestroyedBeforeTheAnswerComes)
 {
     for (int i = 0; i < 3; ++i) {
         InternetTransfer shortLived;
@@ -163,22 +163,22 @@ std::size_t threadsOfThisProcess()
     return count;
 }
 
-TEST_F(InternetWaiting, WhatHungLeavesNoThreadBehindWhenItIsAnswered)
+TEST_F(InternetWaiting, ARequestThatHungLeavesNoThreadOnceItIsAnswered)
 {
-    open(L"/ok"); // what the system starts once
+    open(L"/ok"); // starts what the system starts only once
     const std::size_t before = threadsOfThisProcess();
     for (int i = 0; i < 5; ++i) EXPECT_EQ(errorAfter(50, L"/held"), 35761);
     EXPECT_GE(threadsOfThisProcess(), before + 5) << "five of the server's at least";
-    // What was given up is answered when it comes at last, too.
+    // A request that was given up gets its answer in the end all the same.
     EXPECT_TRUE(pumpUntil([&] {
         server.letGo();
         return server.held() == 0;
     }));
     {
-        TestServer another; // whose threads are its own
+        TestServer another; // with threads of its own
         EXPECT_EQ(transfer.OpenURL(another.address(L"/ok")), L"fine");
     }
-    // The server's threads stay with their connections: one each, at most.
+    // The server keeps at most one thread per connection.
     EXPECT_TRUE(pumpUntil([&] { return threadsOfThisProcess() <= before + server.connections(); }))
         << threadsOfThisProcess() << " threads, before " << before << ", connections "
         << server.connections();

@@ -15,7 +15,7 @@ class SettingsInStore : public testing::Test {
     {
         RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\VB and VBA Program Settings\\" + application).c_str());
     }
-    // A value as another program writes it.
+    // Sets a value as another program might.
     void setRaw(const wchar_t* key, DWORD type, const void* data, std::size_t size)
     {
         HKEY opened = nullptr;
@@ -33,7 +33,7 @@ class SettingsInStore : public testing::Test {
     const SettingsStore store{application};
 };
 
-TEST_F(SettingsInStore, WhatIsSavedComesBackToTheLetter)
+TEST_F(SettingsInStore, WhatIsSavedComesBackUnchanged)
 {
     for (const wchar_t* const text :
          {L"4049", L"", L" two  blanks ", L"a\r\nb", L"\u0105\u672C\U0001F600", L"C:\\a\\%b%"}) {
@@ -51,7 +51,7 @@ TEST_F(SettingsInStore, LieInTheRegistryUnderApplicationAndSectionAsTexts)
     EXPECT_EQ(RegGetValueW(HKEY_CURRENT_USER, configKey.c_str(), L"Col1", RRF_RT_ANY, &type, nullptr, &size),
               ERROR_SUCCESS);
     EXPECT_EQ(type, DWORD{REG_SZ});
-    EXPECT_EQ(size, 5 * sizeof(wchar_t)); // with its end
+    EXPECT_EQ(size, 5 * sizeof(wchar_t)); // with its final NUL
 }
 
 TEST_F(SettingsInStore, SectionsAndKeysAreKeptApart)
@@ -72,7 +72,7 @@ TEST_F(SettingsInStore, WhatIsMissingReadsAsEmpty)
     EXPECT_EQ(store.get(L"Options", L"Col1"), L"");
 }
 
-TEST_F(SettingsInStore, AValueThatIsNoTextReadsAsEmpty)
+TEST_F(SettingsInStore, AValueThatIsNotATextReadsAsEmpty)
 {
     const DWORD number = 12;
     setRaw(L"Number", REG_DWORD, &number, sizeof number);
@@ -103,7 +103,7 @@ TEST_F(SettingsInStore, ATextEndsAtItsFirstNul)
     EXPECT_EQ(store.get(L"Config", L"Col2"), L"a");
 }
 
-TEST_F(SettingsInStore, ATextWithoutItsEndIsReadUpToItsLastLetter)
+TEST_F(SettingsInStore, ATextWithoutAFinalNulIsReadToItsLastLetter)
 {
     setRaw(L"Whole", REG_SZ, L"4049", 8);
     setRaw(L"Odd", REG_SZ, L"4049", 7); // half of the last letter is missing
@@ -120,9 +120,9 @@ TEST_F(SettingsInStore, AMegabyteComesBack)
     EXPECT_TRUE(store.get(L"Config", L"Long") == text);
 }
 
-TEST_F(SettingsInStore, AStoreThatRefusesIsARunTimeError)
+TEST_F(SettingsInStore, AStoreThatFailsIsARunTimeError)
 {
-    // A key's name has at most 255 letters.
+    // The name of a registry key has at most 255 characters.
     EXPECT_THROW(store.save(std::wstring(300, L's'), L"Col1", L"a"), RuntimeError);
 }
 

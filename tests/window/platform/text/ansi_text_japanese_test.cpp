@@ -56,7 +56,7 @@ TEST_F(JapaneseText, EveryPairOfBytesKeepsItsText)
         for (int second = 1; second < 256; ++second) {
             const std::string pair{static_cast<char>(first), static_cast<char>(second), '\n'};
             const std::wstring text = decodeAnsi(pair);
-            // Some letters are in the code page twice and come back under their first code, but as the same
+            // Some letters have two codes in the code page and come back with the first, but as the same
             // letter.
             ASSERT_EQ(decodeAnsi(encoded(text)), text) << std::hex << first << ' ' << second;
             const bool oneLetter = text.size() == 2;
@@ -67,7 +67,7 @@ TEST_F(JapaneseText, EveryPairOfBytesKeepsItsText)
 
 TEST_F(JapaneseText, ALooseFirstByteDoesNotSwallowTheSeparatorBehindIt)
 {
-    // 0x85 begins no letter with 0x7C.
+    // 0x85 and 0x7C together are not a letter.
     const std::string bytes = "loose\x85|http://a/|\x85\r\n";
     const std::wstring text = decodeAnsi(bytes);
     EXPECT_EQ(std::ranges::count(text, L'|'), 2);
@@ -77,7 +77,7 @@ TEST_F(JapaneseText, ALooseFirstByteDoesNotSwallowTheSeparatorBehindIt)
 
 TEST_F(JapaneseText, ALooseFirstByteMovedInFrontOfASeparatorLeavesItASeparator)
 {
-    const std::wstring date = decodeAnsi("\x83"); // of a record's end
+    const std::wstring date = decodeAnsi("\x83"); // cut off at the end of a record
     ASSERT_EQ(date.size(), 1U);
     const std::string record = encoded(date + L"|http://a/|" + date);
     EXPECT_EQ(std::ranges::count(decodeAnsi(record), L'|'), 2);
@@ -92,7 +92,7 @@ TEST_F(JapaneseText, ALooseFirstByteMovedToTheEndOfTheTextIsSafeForAnySeparatorW
 
 TEST_F(JapaneseText, ALooseFirstByteMovedInFrontOfALetterInventsNoSeparator)
 {
-    // 0x83 and the first byte of the letter 0x8B 0x7C would make a letter of their own, and leave a bar.
+    // 0x83 and the first byte of the letter 0x8B 0x7C would form a letter, and leave a bar behind.
     const std::wstring letter = decodeAnsi("\x8B\x7C");
     ASSERT_EQ(letter.size(), 1U);
     const std::wstring text = decodeAnsi("\x83") + letter;
@@ -122,8 +122,8 @@ TEST_F(JapaneseText, AForeignLetterBecomesAQuestionMarkAndNeverALookAlike)
     EXPECT_EQ(encoded(L"\u00E9"), "?");
     EXPECT_EQ(encoded(L"\u0142"), "?");
     EXPECT_EQ(encoded(L"\u20AC|"), "?|");
-    EXPECT_EQ(encoded(L"\u00A5"), "?");        // the yen sign is no backslash
-    EXPECT_EQ(encoded(L"\u00A6"), "?");        // the broken bar is no bar
+    EXPECT_EQ(encoded(L"\u00A5"), "?");        // the yen sign is not a backslash
+    EXPECT_EQ(encoded(L"\u00A6"), "?");        // the broken bar is not a bar
     EXPECT_EQ(encoded(L"\uFF5C"), "\x81\x62"); // the full-width bar has a code of its own here
 }
 

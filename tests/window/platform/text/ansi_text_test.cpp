@@ -45,14 +45,14 @@ TEST_F(WesternText, LettersAreThoseOfTheCodePage)
 TEST_F(WesternText, AForeignLetterBecomesAQuestionMarkAndNeverALookAlike)
 {
     const std::pair<const wchar_t*, const char*> letters[] = {
-        {L"a\uFF5Cb", "a?b"},                      // the full-width bar is no bar
+        {L"a\uFF5Cb", "a?b"},                      // the full-width bar is not a bar
         {L"a\uFF3Cb", "a?b"},                      // nor the full-width backslash
         {L"a\u2223b", "a?b"},                      // nor the divides sign
-        {L"\u0142\u0141", "??"},                   // l with a stroke is no l
+        {L"\u0142\u0141", "??"},                   // l with a stroke is not l
         {L"\u2153", "?"},                          // one third is not 1
-        {L"\u2215", "?"},                          // the division slash is no slash
-        {L"\uFF0F", "?"},        {L"\u037E", "?"}, // the Greek question mark is no semicolon
-        {L"\u0100", "?"},        {L"\u2028", "?"}, // a line separator is no line end
+        {L"\u2215", "?"},                          // the division slash is not a slash
+        {L"\uFF0F", "?"},        {L"\u037E", "?"}, // the Greek question mark is not a semicolon
+        {L"\u0100", "?"},        {L"\u2028", "?"}, // a line separator is not a line end
         {L"\u3042\u3044", "??"},
     };
     for (const auto& [text, bytes] : letters) EXPECT_EQ(encoded(text), bytes);

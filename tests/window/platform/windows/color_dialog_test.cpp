@@ -1,5 +1,6 @@
 #include "platform/windows/color_dialog.h"
 
+#include "tests/support/color_box.h"
 #include "tests/support/test_window.h"
 
 #include <gtest/gtest.h>
@@ -18,24 +19,17 @@ class ColorDialogs : public testing::Test {
         dialog.show(owner.handle());
         EXPECT_ANSWERED(answers);
     }
-    static void setColor(HWND box, COLORREF color)
-    {
-        constexpr int red = 706;
-        const int parts[] = {GetRValue(color), GetGValue(color), GetBValue(color)};
-        for (int part = 0; part < 3; ++part)
-            SetDlgItemTextW(box, red + part, std::to_wstring(parts[part]).c_str());
-    }
     void pick(COLORREF color)
     {
         show([color](HWND box) {
-            setColor(box, color);
+            typeColor(box, color);
             press(box, IDOK);
         });
     }
     void cancel()
     {
         show([](HWND box) {
-            setColor(box, 0x0A141E);
+            typeColor(box, 0x0A141E);
             press(box, IDCANCEL);
         });
     }

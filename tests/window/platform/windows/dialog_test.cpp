@@ -66,7 +66,7 @@ class Dialogs : public testing::Test {
         window.show();
         pump();
     }
-    // Shows the dialog and does this within its loop. It must lead to the dialog's end.
+    // Shows the dialog and calls `action` from within its loop, which must end the dialog.
     void during(SmallDialog& dialog, const std::function<void(HWND)>& action)
     {
         Answers answers;

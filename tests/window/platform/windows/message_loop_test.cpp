@@ -139,7 +139,7 @@ TEST_F(MessageLoops, ARequestToQuitEndsAWaitAndStaysForTheLoopOutside)
 {
     PostQuitMessage(5);
     loop.runUntil([] { return false; });
-    loop.run(); // ends, too
+    loop.run(); // ends as well
     MSG message{};
     EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }

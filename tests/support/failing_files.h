@@ -7,7 +7,7 @@
 
 namespace vandrel::test {
 
-// The system's file calls, written down, of which the n-th fails, alone or with all that follow.
+// The system's file calls, recorded. The n-th fails, either alone or with all that follow it.
 class FailingFiles : public FileLayer {
   public:
     enum class How { once, forGood };
@@ -43,8 +43,7 @@ class FailingFiles : public FileLayer {
     bool close(HANDLE file) override
     {
         const bool fail = fails("close");
-        const bool closed = FileLayer::close(
-            file); // what cannot be written at the end is closed all the same
+        const bool closed = FileLayer::close(file); // a file that cannot be written is closed all the same
         return fail ? refused(false) : closed;
     }
     bool copyIdentity(const std::wstring& original, const std::wstring& copy) override

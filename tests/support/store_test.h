@@ -6,18 +6,19 @@
 #include "store/category_selection.h"
 #include "store/save_items.h"
 #include "tests/support/error_of.h"
+#include "tests/support/held_file.h"
 #include "tests/support/main_window_test.h"
 
 #include <initializer_list>
 
 namespace vandrel::test {
 
-// The main window with what the tests of categories and sites ask it again and again.
+// The main window, with what the tests of categories and sites need from it again and again.
 class StoreTest : public MainWindowTest {
   protected:
     Workspace& workspace() { return main->workspace(); }
 
-    // The shown sites, each as the line it is saved as.
+    // The shown sites, each as the line that it is saved as.
     std::vector<std::wstring> sites()
     {
         std::vector<std::wstring> lines;
@@ -28,7 +29,7 @@ class StoreTest : public MainWindowTest {
         }
         return lines;
     }
-    // Rows of the site list, as clicks with Ctrl do; the last one is the current.
+    // Selects rows of the site list, as clicks with Ctrl do. The last one is the current row.
     void selectSites(std::initializer_list<std::size_t> rows)
     {
         lstInfo().clearSelection();
@@ -52,7 +53,7 @@ class StoreTest : public MainWindowTest {
         }
         return captions;
     }
-    // The command through the window, so that a failure meets what handles it in the running program.
+    // Sends the command through the window, so that failures are handled as in the running program.
     void choose(int entry) { SendMessageW(main->handle(), WM_COMMAND, static_cast<WPARAM>(entry), 0); }
 
     void makeReadOnly(const std::wstring& name)
@@ -81,28 +82,7 @@ inline std::vector<int> buttonsOf(HWND box)
     return ids;
 }
 
-// A file that another program has open for itself alone.
-class HeldFile {
-  public:
-    explicit HeldFile(const std::wstring& path)
-        : file_(
-              CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr))
-    {
-        EXPECT_NE(file_, INVALID_HANDLE_VALUE);
-    }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-    ~HeldFile() { release(); }
-    void release()
-    {
-        if (file_ != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(file_, INVALID_HANDLE_VALUE));
-    }
-
-  private:
-    HANDLE file_;
-};
-
-// The process's current directory, until the end of the test.
+// Sets the process's current directory until the end of the test.
 class CurrentFolder {
   public:
     explicit CurrentFolder(const std::wstring& path)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tests/window/mainwindow/recorder.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/recorder.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 
@@ -12,7 +12,7 @@ inline constexpr const wchar_t* browserKey =
 // The main window with a recorder in place of the web browser.
 class LinkTest : public StoreTest {
   protected:
-    // Three sites, the second one is the current.
+    // Three sites, of which the second is the current one.
     void startWithSites()
     {
         folder.write(L"Work.udb", threeSites);

@@ -19,7 +19,7 @@ using Strings = std::array<std::wstring, RowTable::maxColumns>;
 using Names = std::vector<std::wstring>;
 using RowNumbers = std::vector<std::size_t>;
 
-// What the native control answers, not what the object remembers.
+// As the native control reports it, not as the object remembers it.
 inline std::wstring shownText(const ListView& list, std::size_t row, int column = 0)
 {
     std::array<wchar_t, 512> text{};
@@ -143,8 +143,8 @@ inline void fillNames(TestList& list, const Names& names)
     fillList(list, rows);
 }
 
-// A list with four columns and one without multiple selection, in a window on the screen. What the lists
-// announce is written down.
+// A list with four columns and one without multiple selection, in a window on the screen. The events that
+// they raise are recorded.
 class ListTest : public testing::Test {
   protected:
     ListTest()

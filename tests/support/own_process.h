@@ -19,9 +19,9 @@ inline std::optional<std::wstring> environmentText(const wchar_t* name)
     return value;
 }
 
-// This test program again, for a part of the running test: what it is told is in the environment variable.
-// Under Wine its windows are on a desktop that nobody sees: no display and no window manager are asked about
-// each of them, which would take most of the time.
+// A second process of this test program, which runs a part of the current test; its task is in the
+// environment variable. Under Wine its windows are on a hidden desktop: asking the display and the window
+// manager about each of them would take most of the time.
 class OwnProcess {
   public:
     OwnProcess(const wchar_t* variable, const std::wstring& value, const std::string& filter)
@@ -55,7 +55,7 @@ class OwnProcess {
     {
         if (process_ == nullptr) return;
         TerminateProcess(process_, 1);
-        WaitForSingleObject(process_, INFINITE); // before its folder goes
+        WaitForSingleObject(process_, INFINITE); // before its folder is removed
         CloseHandle(process_);
     }
 

@@ -2,6 +2,7 @@
 
 #include "mainwindow/menu_entries.h"
 #include "tests/support/main_window_test.h"
+#include "tests/support/window_facts.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -9,14 +10,14 @@
 #include <string>
 #include <vector>
 
-// What the tests of the main window look at and act on, beside the window's own objects.
+// What the tests of the main window look at and use besides the window's own objects.
 namespace vandrel::test {
 
 inline constexpr const char* threeSites = "Beta|http://b.example/|second|9/30/2002\r\n"
                                           "Alpha|http://c.example/|first|10/1/2002\r\n"
                                           "Gamma|http://a.example/|third|1/15/2003\r\n";
 
-// Pixels of a length in twips, to the nearest.
+// A length in twips, in pixels, rounded to the nearest.
 inline int px(const frmMain& main, double twips) { return static_cast<int>(twips * main.dpi() / 1440 + 0.5); }
 
 inline HWND splitterBar(const frmMain& main)
@@ -24,30 +25,16 @@ inline HWND splitterBar(const frmMain& main)
     return FindWindowExW(main.handle(), nullptr, L"Vandrel.SplitterBar", nullptr);
 }
 
-// The window's place in the client area of its parent, in pixels.
-inline RECT placeOf(HWND window)
+// The controls, and those of their parts that show text.
+inline std::vector<HWND> windowsWithTexts(frmMain& main)
 {
-    RECT area{};
-    GetWindowRect(window, &area);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&area), 2);
-    return area;
-}
-
-inline RECT outerPlace(HWND window)
-{
-    RECT area{};
-    GetWindowRect(window, &area);
-    return area;
-}
-
-inline int widthOf(const RECT& area) { return area.right - area.left; }
-inline int heightOf(const RECT& area) { return area.bottom - area.top; }
-
-inline RECT clientOf(HWND window)
-{
-    RECT area{};
-    GetClientRect(window, &area);
-    return area;
+    std::vector<HWND> all;
+    for (Control* const control : main.controls()) all.push_back(control->handle());
+    for (ListView* const list : {&main.workspace().lstCategory, &main.workspace().lstInfo}) {
+        all.push_back(reinterpret_cast<HWND>(SendMessageW(list->handle(), LVM_GETHEADER, 0, 0)));
+    }
+    all.push_back(FindWindowExW(main.searchPanel().cmbSearch.handle(), nullptr, L"Edit", nullptr));
+    return all;
 }
 
 inline int columnPixels(const ListView& list, int column)
@@ -55,7 +42,8 @@ inline int columnPixels(const ListView& list, int column)
     return static_cast<int>(SendMessageW(list.handle(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
 }
 
-// No window is kept from drawing. Only one can be at a time, so another can be exactly when none is.
+// Whether no window is locked against drawing. Only one can be at a time, so locking one succeeds only when
+// none is.
 inline bool nothingIsFrozen(HWND window)
 {
     if (LockWindowUpdate(window) == 0) return false;

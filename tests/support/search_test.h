@@ -6,9 +6,9 @@
 #include "tests/support/input.h"
 #include "tests/support/list_clicks.h"
 #include "tests/support/message_watch.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 
@@ -86,7 +86,7 @@ class SearchTest : public StoreTest {
     using StoreTest::choose;
 };
 
-// So many sites in the form of a category file.
+// The text of a category file with this many sites.
 inline std::string manySites(const std::string& name, int count)
 {
     std::string lines;
@@ -95,7 +95,7 @@ inline std::string manySites(const std::string& name, int count)
     return lines;
 }
 
-// While a search runs, does something whenever it lets messages run: `action` gets the number of the time,
+// Does something whenever a running search dispatches messages. `action` is told how often that has been,
 // from 1.
 class SearchTurns {
   public:
@@ -104,7 +104,7 @@ class SearchTurns {
           action_(std::move(action)),
           filter_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); }),
           watch_(main.workspace().lstCategory.handle(), LVM_ENSUREVISIBLE, [this] {
-              // What the action itself brings into view is not the search's doing.
+              // What the action itself scrolls into view is none of the search's doing.
               if (!acting_) PostThreadMessageW(GetCurrentThreadId(), turnMessage, 0, 0);
           })
     {

@@ -1,4 +1,4 @@
-#include "tests/program/support/registry_value.h"
+#include "tests/support/registry_value.h"
 
 #include <stdexcept>
 #include <utility>
@@ -14,12 +14,17 @@ void require(LSTATUS status)
 
 } // namespace
 
-RegistryValue::RegistryValue(HKEY root, const std::wstring& path, std::wstring name, const std::wstring& text)
+RegistryValue::RegistryValue(HKEY root, const std::wstring& path, std::wstring name,
+                             const std::optional<std::wstring>& text)
     : name_(std::move(name))
 {
     remember(root, path);
-    require(RegSetValueExW(key_, name_.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                           static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
+    if (text) {
+        require(RegSetValueExW(key_, name_.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text->c_str()),
+                               static_cast<DWORD>((text->size() + 1) * sizeof(wchar_t))));
+    } else {
+        RegDeleteValueW(key_, name_.c_str());
+    }
 }
 
 RegistryValue::RegistryValue(HKEY root, const std::wstring& path, std::wstring name, DWORD number)

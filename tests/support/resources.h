@@ -10,23 +10,24 @@
 
 namespace vandrel::test {
 
-// What this process holds of the system.
+// The system resources that this process holds.
 struct Resources {
     std::size_t drawing = 0; // fonts, brushes, bitmaps, device contexts
     std::size_t user = 0;    // windows, menus, icons, cursors, tables of shortcut keys
     std::size_t handles = 0; // files, keys, events, threads
-    std::size_t bytes = 0;   // memory that is this process's alone
+    std::size_t bytes = 0;   // private memory
 };
 
-// How much more there may be after thousands of rounds than before them. Nothing of ours stays, so these are
-// the system's own habits: it keeps a device context, a cursor or an event for the next time, and its heaps
-// are never packed quite as before. One object left behind in every three hundredth of 2,000 rounds exceeds
-// the numbers, and a kilobyte in each of them the memory.
+// How much more there may be after thousands of rounds than before. The program leaves nothing behind, so
+// this is the system's share: it keeps a device context, a cursor or an event for reuse, and its heaps are
+// never packed in quite the same way. One object left behind in every three hundredth of 2,000 rounds
+// exceeds the counts, and a kilobyte in each of them exceeds the memory.
 inline constexpr Resources tolerance{.drawing = 5, .user = 5, .handles = 5, .bytes = 2U << 20};
 
 namespace counting {
 
-// Wine answers 0 to the questions of how many there are. There, a handle is found by its place in the table.
+// Wine answers 0 when asked how many there are. There the handles are found one by one, by their places in
+// the table.
 template <typename Handle> Handle at(std::uintptr_t place) { return reinterpret_cast<Handle>(place); }
 
 inline std::size_t drawingObjects()

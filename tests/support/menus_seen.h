@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-// The native menus as a user finds them.
+// The native menus as the user sees them.
 namespace vandrel::test {
 
 struct MenuItem {
@@ -68,7 +68,7 @@ inline std::string treeOf(HMENU menu, const std::string& indent = "")
 {
     std::string tree;
     for (const MenuItem& item : itemsOf(menu)) {
-        std::string line(item.text.begin(), item.text.end()); // captions are plain letters
+        std::string line(item.text.begin(), item.text.end()); // captions are ASCII
         if (const auto tab = line.find('\t'); tab != std::string::npos) {
             line = line.substr(0, tab) + " [" + line.substr(tab + 1) + "]";
         }
@@ -78,8 +78,8 @@ inline std::string treeOf(HMENU menu, const std::string& indent = "")
     return tree;
 }
 
-// Waits for the pop-up menu that a call opens: looks at it from inside, then presses the keys, such as
-// VK_DOWN and VK_RETURN; without keys it is dismissed. Make it before the call.
+// Waits for the pop-up menu that a call opens, looks at it from inside, then presses the keys, such as
+// VK_DOWN and VK_RETURN. Without keys the menu is dismissed. Create it before the call.
 class MenuVisit {
   public:
     explicit MenuVisit(std::function<void(HMENU)> look, std::vector<WORD> keys = {})
@@ -101,7 +101,7 @@ class MenuVisit {
   private:
     static MenuVisit*& active()
     {
-        static MenuVisit* visit = nullptr; // tests run one after the other
+        static MenuVisit* visit = nullptr; // tests run one at a time
         return visit;
     }
 
@@ -115,7 +115,7 @@ class MenuVisit {
             return;
         }
         if (visit->opened_) {
-            EndMenu(); // the keys did not do it
+            EndMenu(); // the keys have not closed it
             return;
         }
         visit->opened_ = true;

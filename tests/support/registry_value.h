@@ -2,15 +2,18 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace vandrel::test {
 
-// A value of the registry, until the end of the test.
+// Sets a value of the registry until the end of the test. The name "" means the key's default value.
 class RegistryValue {
   public:
-    RegistryValue(HKEY root, const std::wstring& path, std::wstring name, const std::wstring& text);
+    // Without a text the value is deleted.
+    RegistryValue(HKEY root, const std::wstring& path, std::wstring name,
+                  const std::optional<std::wstring>& text);
     RegistryValue(HKEY root, const std::wstring& path, std::wstring name, DWORD number);
     RegistryValue(const RegistryValue&) = delete;
     RegistryValue& operator=(const RegistryValue&) = delete;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "mainwindow/menu_entries.h"
-#include "tests/window/capture/dropped_object.h"
-#include "tests/window/dialogs/site_editor.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/dropped_object.h"
+#include "tests/support/site_editor.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 
@@ -18,15 +18,16 @@ class DropTest : public StoreTest {
         folder.write(L"Work.udb", oneSite);
         start();
     }
-    // What the system calls when something is dragged over the window; null when the window takes no drops.
+    // The drop target that the system calls when something is dragged over the window; null when the window
+    // takes no drops.
     static IDropTarget* dropTargetOf(HWND window)
     {
         return static_cast<IDropTarget*>(GetPropW(window, L"OleDropTargetInterface"));
     }
     IDropTarget* target() { return dropTargetOf(lstInfo().handle()); }
 
-    // From entering the list to letting go; the effect that Drop answers. What the program then does waits
-    // until messages are dispatched.
+    // Drags from entering the list to letting go, and returns the effect that Drop answers. What the
+    // program does with the drop waits until messages are dispatched.
     DWORD letGo(DroppedObject& data, DWORD allowed = everyEffect, POINTL at = {5, 5}, DWORD keys = MK_LBUTTON)
     {
         DWORD effect = allowed;
@@ -51,7 +52,7 @@ class DropTest : public StoreTest {
         drop(data);
         EXPECT_ANSWERED(answers);
     }
-    // What the editor's address box shows after a drop; the editor is cancelled.
+    // The address that the editor shows after a drop. The editor is then cancelled.
     std::wstring addressAfter(DroppedObject& data)
     {
         std::wstring address = L"(no editor)";

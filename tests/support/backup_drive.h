@@ -12,7 +12,7 @@
 
 namespace vandrel::test {
 
-// A drive letter whose root is a folder, for one test.
+// A drive letter that leads to a folder, for one test.
 class FolderDrive {
   public:
     explicit FolderDrive(const std::wstring& folder)
@@ -37,7 +37,7 @@ class FolderDrive {
     static constexpr ULONG noDrive = DRIVE_NO_ROOT_DIR;
     static constexpr ULONG fixedDrive = DRIVE_FIXED;
 
-    // Wine's drives are not made by the system's call but by its mount manager.
+    // Wine makes its drives through its mount manager, not through the system call.
     struct UnixDrive {
         ULONG size;
         ULONG type;

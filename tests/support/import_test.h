@@ -2,14 +2,14 @@
 
 #include "mainwindow/menu_entries.h"
 #include "platform/controls/status_bar.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 #include <algorithm>
 #include <filesystem>
 
 namespace vandrel::test {
 
-// The import dialog's controls, beside IDOK (Import) and IDCANCEL.
+// The import dialog's controls besides IDOK (Import) and IDCANCEL.
 namespace importer {
 inline constexpr const wchar_t* caption = L"Import Favorites";
 inline constexpr int drives = 101;
@@ -63,7 +63,7 @@ inline void typeInDialog(WPARAM key)
     MessageLoop::current().dispatchPending();
 }
 
-// What of the dialog's controls is looked at again and again.
+// The parts of the dialog that the tests look at and use.
 struct ImportDialog {
     HWND window;
 
@@ -73,7 +73,7 @@ struct ImportDialog {
     std::vector<std::wstring> fileNames() const { return entriesOf(files()); }
     bool enabled(int id) const { return IsWindowEnabled(control(id)) != 0; }
     std::wstring drive() const { return windowText(control(importer::drives)); }
-    // The path of the shown folder, which stands below the lists.
+    // Whether the path below the lists is this folder's.
     bool shows(const std::wstring& folder) const { return childWithText(window, folder) != nullptr; }
     HWND progressBar() const { return FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr); }
 
@@ -97,7 +97,7 @@ struct ImportDialog {
     void cancel() const { press(IDCANCEL); }
 };
 
-// A drive that the system lists and nobody can read, as one without a disk; for one test.
+// A drive that the system lists but nobody can read, like a drive with no disk in it; for one test.
 class UnreadableDrive {
   public:
     UnreadableDrive() { EXPECT_TRUE(DefineDosDeviceW(DDD_RAW_TARGET_PATH, name, L"\\Device\\NoSuchDisk")); }
@@ -125,7 +125,7 @@ inline Answers& expectReminder(Answers& answers)
                              MB_ICONASTERISK);
 }
 
-// The main window on one category, "Work", and a Favorites folder of its own.
+// The main window with one category, "Work", and a Favorites folder of its own.
 class ImportTest : public StoreTest {
   protected:
     void startWith(const std::string& category)
@@ -141,7 +141,7 @@ class ImportTest : public StoreTest {
     }
     void makeSubfolder(const std::wstring& name) { CreateDirectoryW(favorites.file(name).c_str(), nullptr); }
 
-    // Opens the dialog from the menu; `act` must close it. `further` says what answers the windows that
+    // Opens the dialog from the menu; `act` must close it. `further` sets up answers for the windows that
     // follow.
     void open(
         const std::function<void(const ImportDialog&)>& act,
@@ -154,8 +154,8 @@ class ImportTest : public StoreTest {
                            act(dialog);
                        }));
         further(answers);
-        // A dialog that is busy, perhaps for long on a slow machine, is no window that waits for an answer.
-        const MessageLoop::Registration patience(MessageLoop::current(), [&](const MSG& message) {
+        // A busy dialog, which a slow machine may keep busy for a while, is not waiting for an answer.
+        const MessageLoop::Registration busyDialog(MessageLoop::current(), [&](const MSG& message) {
             return message.message == WM_TIMER && message.hwnd == nullptr && progress != nullptr &&
                    GetActiveWindow() == GetParent(progress) &&
                    (GetWindowLongPtrW(progress, GWL_STYLE) & WS_VISIBLE) != 0;
@@ -163,7 +163,7 @@ class ImportTest : public StoreTest {
         choose(mnuImport);
         EXPECT_ANSWERED(answers);
     }
-    // Imports one file with that description.
+    // Imports one file, with this description.
     void importOne(const std::wstring& file, const std::wstring& description = L"")
     {
         open(
@@ -173,7 +173,7 @@ class ImportTest : public StoreTest {
             },
             [&](Answers& answers) { expectDescription(answers, description); });
     }
-    // The dialog is still open, and is closed now.
+    // Closes the dialog, which must still be open.
     static void cancelOpenDialog(Answers& answers)
     {
         answers.expect(importer::caption, inDialog([](const ImportDialog& dialog) { dialog.cancel(); }));

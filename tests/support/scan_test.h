@@ -2,9 +2,9 @@
 
 #include "platform/controls/status_bar.h"
 #include "tests/support/meanwhile.h"
+#include "tests/support/store_test.h"
 #include "tests/support/test_server.h"
-#include "tests/window/mainwindow/window_parts.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/window_parts.h"
 
 namespace vandrel::test {
 
@@ -23,7 +23,7 @@ inline constexpr const wchar_t* twoUnavailable =
 inline constexpr const wchar_t* allUnavailable =
     L"Every link checked has proven to be unavailable. Please check your internet connection.";
 
-// A category of sites on a server of the test's own; what becomes of each is told by its path.
+// A category of sites on a server of the test's own. The path of a site decides what the server does.
 class ScanTest : public StoreTest {
   protected:
     static constexpr const wchar_t* dead = L"http://nowhere.invalid/";
@@ -37,7 +37,7 @@ class ScanTest : public StoreTest {
             lines += narrow(name) + "|" + narrow(url) + "|about it|1/2/2003\r\n";
         folder.write(title + L".udb", lines);
     }
-    // A window on it, with the first site as the current one.
+    // Opens the window with this category; the first site is the current one.
     void begin(const std::vector<std::pair<std::wstring, std::wstring>>& rows)
     {
         category(L"Links", rows);
@@ -45,7 +45,7 @@ class ScanTest : public StoreTest {
         workspace().inetScan.setRequestTimeout(5000);
         if (!rows.empty()) lstInfo().select(0);
     }
-    // What ends with no message.
+    // Scans that end with no message.
     void scanAll()
     {
         Answers none;

@@ -3,7 +3,7 @@
 #include "mainwindow/menu_entries.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
-#include "tests/window/store/store_test.h"
+#include "tests/support/store_test.h"
 
 namespace vandrel::test {
 
@@ -15,7 +15,7 @@ inline constexpr const wchar_t* questionTitle = L"Success!";
 inline constexpr int nameField = 1148;
 inline constexpr int filterList = 1136;
 
-// With the options that a fresh start has.
+// With the options of a first run.
 inline const std::string header = "<font face=\"Arial\"><table align=center width=75% border=0 "
                                   "bordercolorlight=#ffffff bordercolordark=#999999>"
                                   "<tr><th>Site Name</th><th>Site URL</th><th>Site Description</th></tr>\r\n";
@@ -34,10 +34,10 @@ inline std::string title(const std::string& category)
 }
 } // namespace html
 
-// The main window, and a folder for the pages.
+// The main window and a folder for the pages.
 class HtmlTest : public StoreTest {
   protected:
-    // Chooses the entry, answers the save dialog, and then the windows that `further` says.
+    // Chooses the entry and answers the save dialog, then the windows that `further` expects.
     void create(
         int entry, std::function<void(HWND)> answer,
         const std::function<void(Answers&)>& further = [](Answers&) {})
@@ -48,13 +48,13 @@ class HtmlTest : public StoreTest {
         choose(entry);
         EXPECT_ANSWERED(answers);
     }
-    // Writes a page and does not open it; gives its bytes.
+    // Writes a page without opening it, and returns its bytes.
     std::string pageOf(int entry)
     {
         create(entry, naming(target.file(L"page.htm")), no);
         return target.read(L"page.htm");
     }
-    // Tries to write a page there, which must fail with that text.
+    // Tries to write a page, which must fail with this text.
     void expectFailure(int entry, std::function<void(HWND)> answer, const std::wstring& text)
     {
         create(entry, std::move(answer),

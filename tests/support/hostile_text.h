@@ -9,15 +9,14 @@
 
 namespace vandrel::test {
 
-// How many records, or texts, a test of random ones tries: its own number, or the one in VANDREL_HOSTILE.
+// How many random records or texts a test tries: `usual`, or the number in VANDREL_HOSTILE.
 inline std::size_t hostileCount(std::size_t usual)
 {
     const char* const text = std::getenv("VANDREL_HOSTILE");
     return text != nullptr ? static_cast<std::size_t>(std::strtoull(text, nullptr, 10)) : usual;
 }
 
-// Texts that no careful program writes. What a seed gives is the same on every machine; VANDREL_SEED repeats
-// it.
+// Texts that no careful program writes. A seed gives the same texts on every machine; VANDREL_SEED sets it.
 class HostileText {
   public:
     HostileText() : seed_(seed()), random_(seed_) {}
@@ -27,7 +26,7 @@ class HostileText {
     bool oneIn(std::size_t chances) { return below(chances) == 0; }
     wchar_t oneOf(std::wstring_view letters) { return letters[below(letters.size())]; }
 
-    // A unit that some rule is about, or any other one.
+    // A code unit that some rule treats specially, or any other.
     wchar_t unit()
     {
         using namespace std::literals;
@@ -40,14 +39,14 @@ class HostileText {
         default: return static_cast<wchar_t>(L'a' + below(26));
         }
     }
-    // Short for the most part, and now and then as long as anything in the program is made for.
+    // Mostly short, and now and then as long as the program can take.
     std::wstring text(std::size_t usual)
     {
         std::wstring made(oneIn(5000) ? below(70'000) : below(usual + 1), L'\0');
         for (wchar_t& letter : made) letter = unit();
         return made;
     }
-    // The text with some units replaced, taken out, doubled or put in.
+    // The text with some code units replaced, removed, doubled or inserted.
     std::wstring mutated(std::wstring text)
     {
         for (std::size_t changes = 1 + below(4); changes > 0; --changes) {

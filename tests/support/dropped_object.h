@@ -14,8 +14,8 @@ namespace vandrel::test {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// What another program drags: data in the forms that a test gives it. It stands on the stack; inUse() tells
-// whether somebody still holds it.
+// What another program drags: data in the formats that a test gives it. It lives on the stack; inUse() says
+// whether anybody still holds a reference.
 class DroppedObject final : public IDataObject {
   public:
     DroppedObject() = default;
@@ -39,13 +39,13 @@ class DroppedObject final : public IDataObject {
                                   std::string(reinterpret_cast<const char*>(list.c_str()),
                                               (list.size() + 1) * sizeof(wchar_t)));
     }
-    // The bytes as they are, without a NUL behind them.
+    // The bytes as they are, with no NUL after them.
     DroppedObject& with(CLIPFORMAT format, std::string bytes)
     {
         forms_[format] = {std::move(bytes), S_OK, true};
         return *this;
     }
-    // Says that it has the form, and gives nothing: the result as it is, or S_OK with no memory.
+    // Claims to have the format but provides nothing: fails with `result`, or answers S_OK with no memory.
     DroppedObject& failing(CLIPFORMAT format, HRESULT result)
     {
         forms_[format] = {{}, result, false};
@@ -53,7 +53,7 @@ class DroppedObject final : public IDataObject {
     }
 
     bool inUse() const { return references_ != 1; }
-    // Somebody tried to tell the source something, as one does that has moved its data away.
+    // Whether the target has set data on the source, as a target does that has taken the data away.
     bool wasWrittenTo() const { return writes_ != 0; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
