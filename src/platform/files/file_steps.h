@@ -32,8 +32,8 @@ template <typename Attempt, typename Passes> bool withPatience(Attempt attempt, 
 }
 template <typename Attempt> bool withPatience(Attempt attempt) { return withPatience(attempt, meansHeld); }
 
-// A move over a file would go past its read-only mark, and so would some systems that write into it. Throws
-// RuntimeError (75).
+// Asked before a file is written over: whether a move or a write stops at a read-only mark is up to the system
+// that keeps the file, which may be another machine's. Throws RuntimeError (75).
 void requireReplaceable(const std::wstring& path);
 
 } // namespace vandrel
