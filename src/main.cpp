@@ -7,7 +7,7 @@
 
 #include <commctrl.h>
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR arguments, int showCommand)
 {
     using namespace vandrel;
     keepSystemBoxesAway();
@@ -17,7 +17,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int showCommand)
 
     return static_cast<int>(guarded(nullptr, 1, [&]() -> LRESULT {
         frmMain window({.dataFolder = programFolder(),
-                        .commandLine = std::wstring(argumentsOf(GetCommandLineW())),
+                        .commandLine = arguments,
                         .settings = SettingsStore(programTitle),
                         .today = todayAsText});
         guarded(window.handle(), 0, [&]() -> LRESULT {

@@ -1,6 +1,7 @@
 #include "model/site_date.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -36,14 +37,6 @@ std::optional<std::array<Number, 3>> threeNumbers(std::wstring_view text)
     return std::array{numbers[0], numbers[1], numbers[2]};
 }
 
-int daysIn(int year, int month)
-{
-    constexpr int february = 2;
-    constexpr std::array days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return days[static_cast<std::size_t>(month - 1)] + (leap && month == february ? 1 : 0);
-}
-
 int yearOf(const Number& number)
 {
     constexpr int lastOfThisCentury = 29;
@@ -61,9 +54,10 @@ std::optional<SiteDate> dateIn(const std::array<Number, 3>& numbers, const DateO
         if (order[i] == DatePart::month) date.month = numbers[i].value;
         if (order[i] == DatePart::day) date.day = numbers[i].value;
     }
-    const bool exists = date.year >= 100 && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
-                        date.day <= daysIn(date.year, date.month);
-    return exists ? std::optional(date) : std::nullopt;
+    const std::chrono::year_month_day onCalendar(std::chrono::year(date.year),
+                                                 std::chrono::month(static_cast<unsigned>(date.month)),
+                                                 std::chrono::day(static_cast<unsigned>(date.day)));
+    return date.year >= 100 && onCalendar.ok() ? std::optional(date) : std::nullopt;
 }
 
 std::wstring digits(int number, std::size_t count)

@@ -6,7 +6,6 @@
 
 #include <commctrl.h>
 
-#include <unordered_map>
 #include <utility>
 
 namespace vandrel {
@@ -14,13 +13,11 @@ namespace {
 
 constexpr UINT laterMessage = WM_APP + 1; // the native controls use none of these numbers
 
-// The controls by their windows, all of one thread. The system offers window properties and subclassing of
-// its own for this, but each of these asks another process in Wine, and a list gets a message for every text
-// that it paints.
-std::unordered_map<HWND, Control*>& controlsByWindow()
+// Asks a window for its object. The system gives out the number, so no other window knows the message.
+UINT objectMessage()
 {
-    static std::unordered_map<HWND, Control*> controls;
-    return controls;
+    static const UINT number = RegisterWindowMessageW(L"Vandrel.Control");
+    return number;
 }
 
 } // namespace
@@ -31,34 +28,28 @@ Control::Control(HWND parent, const wchar_t* className, DWORD style, DWORD exten
                               GetModuleHandleW(nullptr), nullptr))
 {
     if (window_ == nullptr) raiseLastError();
-    controlsByWindow()[window_] = this;
+    // The word that a window keeps for whoever made it gives the object at once. SetWindowSubclass would look
+    // for it among the window's properties at each message, and a list gets one for every text that it paints.
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     nativeProc_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(controlProc)));
 }
 
+// The object answers to the end, as a control that knows no more than the native one.
 Control::~Control()
 {
-    if (window_ == nullptr) return;
-    const HWND window = window_;
-    detach();
-    DestroyWindow(window);
-}
-
-void Control::detach()
-{
-    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(nativeProc_));
-    controlsByWindow().erase(window_);
-    window_ = nullptr;
+    if (window_ != nullptr) DestroyWindow(window_);
 }
 
 LRESULT CALLBACK Control::controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
-    Control* const control = of(window);
+    auto* const control = reinterpret_cast<Control*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (control == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    if (message == objectMessage()) return reinterpret_cast<LRESULT>(control);
     if (message == WM_NCDESTROY) {
-        const WNDPROC native = control->nativeProc_;
-        control->detach();
-        return CallWindowProcW(native, window, message, wParam, lParam);
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        control->window_ = nullptr;
+        return CallWindowProcW(control->nativeProc_, window, message, wParam, lParam);
     }
     return guarded(window, 0, [&]() -> LRESULT {
         if (message != laterMessage) return control->onMessage(message, wParam, lParam);
@@ -90,8 +81,9 @@ LRESULT Control::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 
 Control* Control::of(HWND window)
 {
-    const auto found = controlsByWindow().find(window);
-    return found != controlsByWindow().end() ? found->second : nullptr;
+    // A window of another thread would be waited for.
+    if (GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) return nullptr;
+    return reinterpret_cast<Control*>(SendMessageW(window, objectMessage(), 0, 0));
 }
 
 void Control::place(int left, int top, int width, int height)

@@ -47,6 +47,7 @@ class Control {
     // What a screen reader says of a control that shows no text of its own.
     void setAccessibleName(const std::wstring& name) { SetWindowTextW(window_, name.c_str()); }
 
+    // Null when the window, whosever it is, is no control of this thread.
     static Control* of(HWND window);
 
     // What the parent was told about this control; no value leaves the message to the parent.
@@ -69,7 +70,6 @@ class Control {
 
   private:
     static LRESULT CALLBACK controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    void detach();
     void runNext();
 
     HWND window_ = nullptr;

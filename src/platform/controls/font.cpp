@@ -25,18 +25,20 @@ std::vector<std::wstring> screenFonts()
         CallbackError error;
     } search;
     const HDC screen = GetDC(nullptr);
-    EnumFontFamiliesW(
-        screen, nullptr,
+    LOGFONTW every{};
+    every.lfCharSet = DEFAULT_CHARSET;
+    EnumFontFamiliesExW(
+        screen, &every,
         [](const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM param) {
             auto& [names, error] = *reinterpret_cast<Search*>(param);
             return error.keep(0, [&] {
-                // Some systems give a font once for each of its scripts.
+                // A font comes once for each of its scripts.
                 if (std::ranges::find(names, font->lfFaceName) == names.end())
                     names.emplace_back(font->lfFaceName);
                 return 1;
             });
         },
-        reinterpret_cast<LPARAM>(&search));
+        reinterpret_cast<LPARAM>(&search), 0);
     ReleaseDC(nullptr, screen);
     search.error.rethrow();
     return std::move(search.names);

@@ -33,8 +33,8 @@ template <typename Attempt, typename Passes> bool retryWhile(Attempt attempt, Pa
 }
 template <typename Attempt> bool retryWhileHeld(Attempt attempt) { return retryWhile(attempt, meansHeld); }
 
-// A move over a file would go past its read-only mark, and so would some systems that write into it. Throws
-// RuntimeError (75).
+// Asked before a file is written over: whether a move or a write stops at a read-only mark is up to the system
+// that keeps the file, which may be another machine's. Throws RuntimeError (75).
 void requireReplaceable(const std::wstring& path);
 
 } // namespace vandrel

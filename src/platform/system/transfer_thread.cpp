@@ -7,6 +7,8 @@
 
 #include <mutex>
 #include <new>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace vandrel {
@@ -14,11 +16,11 @@ namespace vandrel {
 std::shared_ptr<TransferThread> TransferThread::start(TransferWork work)
 {
     auto made = std::make_shared<TransferThread>(work);
-    auto own = std::make_unique<std::shared_ptr<TransferThread>>(made);
-    const HANDLE thread = CreateThread(nullptr, 0, run, own.get(), 0, nullptr);
-    if (thread == nullptr) throw RuntimeError(error_number::outOfMemory);
-    static_cast<void>(own.release()); // it is the thread's now
-    CloseHandle(thread);
+    try {
+        std::thread([made]() noexcept { made->takeJobs(); }).detach();
+    } catch (const std::system_error&) {
+        throw RuntimeError(error_number::outOfMemory);
+    }
     return made;
 }
 
@@ -40,14 +42,6 @@ void TransferThread::abandon() noexcept
     SetEvent(wake_.get());
     // Where the system allows it, this ends the call that hangs.
     if (const HINTERNET session = session_.exchange(nullptr)) InternetCloseHandle(session);
-}
-
-DWORD WINAPI TransferThread::run(void* parameter) noexcept
-{
-    const std::unique_ptr<std::shared_ptr<TransferThread>> self(
-        static_cast<std::shared_ptr<TransferThread>*>(parameter));
-    (*self)->takeJobs();
-    return 0;
 }
 
 void TransferThread::takeJobs() noexcept

@@ -11,7 +11,7 @@ namespace vandrel {
 
 // The thread that makes the calls, which wait. One that does not come back is left to itself: it ends when
 // its call does, or with the program.
-class TransferThread : public std::enable_shared_from_this<TransferThread> {
+class TransferThread {
   public:
     // Throws RuntimeError (7) when the system has no thread left.
     static std::shared_ptr<TransferThread> start(TransferWork work);
@@ -23,7 +23,6 @@ class TransferThread : public std::enable_shared_from_this<TransferThread> {
     void abandon() noexcept;
 
   private:
-    static DWORD WINAPI run(void* parameter) noexcept;
     void takeJobs() noexcept;
     void carryOut(TransferJob& job) noexcept;
 

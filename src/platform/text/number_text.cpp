@@ -51,7 +51,8 @@ std::string numberAtStart(std::wstring_view text)
 double lenientNumber(std::wstring_view text)
 {
     const std::string number = numberAtStart(text);
-    // The program never leaves the "C" locale, so the point is the point. Too large is the largest there is.
+    // Too large is the largest there is; std::from_chars does not tell it from too small. The program never
+    // leaves the "C" locale, so the point is the point.
     constexpr double largest = std::numeric_limits<double>::max();
     return std::clamp(std::strtod(number.c_str(), nullptr), -largest, largest);
 }

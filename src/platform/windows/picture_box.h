@@ -8,7 +8,7 @@
 namespace vandrel {
 
 // A rectangle within a dialog: a page with controls of its own, a swatch, or something drawn.
-class PictureBox : public Window {
+class PictureBox final : public Window {
   public:
     enum class Border { none, sunken };
     PictureBox(HWND parent, int id, Border border = Border::none);

@@ -21,9 +21,8 @@ Window::Window(const Creation& creation)
     RegisterClassExW(&windowClass); // a second window of the class finds it registered
     window_ = CreateWindowExW(creation.extendedStyle, creation.className, L"", creation.style, 0, 0, 0, 0,
                               creation.parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(creation.id)),
-                              windowClass.hInstance, nullptr);
+                              windowClass.hInstance, this);
     if (window_ == nullptr) raiseLastError();
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 Window::~Window() { destroy(); }
@@ -35,6 +34,13 @@ void Window::destroy()
 
 LRESULT CALLBACK Window::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
+    if (message == WM_NCCREATE) {
+        const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        auto* const made = static_cast<Window*>(creation.lpCreateParams);
+        made->window_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
+    }
+    // There is none before WM_NCCREATE, which is not the first message.
     auto* const object = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {

@@ -28,9 +28,10 @@ class Window {
         HCURSOR cursor = nullptr; // the arrow where there is none
     };
     // The window exists from here on. Its messages are answered by the system until startAnswering: while the
-    // members of a derived class are made, its onMessage would already be called.
+    // members of a derived class are being made, its onMessage would be called already.
     explicit Window(const Creation& creation);
-    // To be called by each derived class as soon as its members stand.
+    // To be called once the members of the object's own class stand; where a base has called it, those of a
+    // class that derives from it are on their own.
     void startAnswering() { answering_ = true; }
 
     // Decodes and calls a named method; what it does not know goes to Window::onMessage.

@@ -3,7 +3,6 @@
 #include "model/incoming_link.h"
 #include "model/site_date.h"
 #include "model/site_record.h"
-#include "platform/base/program.h"
 #include "platform/base/runtime_error.h"
 #include "platform/text/number_text.h"
 #include "shared/options_state.h"
@@ -162,18 +161,6 @@ TEST_F(HostileTexts, PreferencesAreTakenAsTheyAreWritten)
         });
         EXPECT_EQ(written, keys.size());
         EXPECT_TRUE(optionsFrom(read) == options);
-    });
-}
-
-TEST_F(HostileTexts, ACommandLineGivesItsEnd)
-{
-    const std::vector<std::wstring> sound{L"\"C:\\a b\\Vandrel.exe\" http://a/", L"Vandrel.exe",
-                                          L"V \"a b\" c", L"\"a\"b\" c", L"\tV\t\tx "};
-    tryTexts(sound, [](const std::wstring& line) {
-        const std::wstring_view arguments = argumentsOf(line);
-        EXPECT_TRUE(line.ends_with(arguments));
-        EXPECT_FALSE(arguments.starts_with(L' ') || arguments.starts_with(L'\t'));
-        EXPECT_TRUE(arguments.empty() || arguments.size() < line.size());
     });
 }
 

@@ -3,7 +3,7 @@
 namespace vandrel::test {
 namespace {
 
-constexpr const wchar_t* question = L"Remove category and all websites within?";
+constexpr const wchar_t* removalQuestion = L"Remove category and all websites within?";
 
 class RemovingACategory : public StoreTest {
   protected:
@@ -18,7 +18,7 @@ class RemovingACategory : public StoreTest {
     void remove(int answer)
     {
         Answers answers;
-        answers.expectBox(L"Vandrel", question, answer, MB_ICONASTERISK);
+        answers.expectBox(L"Vandrel", removalQuestion, answer, MB_ICONASTERISK);
         choose(mnuRemoveCategory);
         EXPECT_ANSWERED(answers);
     }
@@ -127,7 +127,7 @@ TEST_F(RemovingACategory, AFileThatVanishedRaisesAnErrorAndTheItemStays)
     startWithThree();
     DeleteFileW(folder.file(L"B.udb").c_str());
     Answers answers;
-    answers.expectBox(L"Vandrel", question, IDYES, MB_ICONASTERISK);
+    answers.expectBox(L"Vandrel", removalQuestion, IDYES, MB_ICONASTERISK);
     expectErrorBox(answers, 53, L"File not found");
     choose(mnuRemoveCategory);
     EXPECT_ANSWERED(answers);
@@ -141,7 +141,7 @@ TEST_F(RemovingACategory, AFileThatAnotherProgramHoldsRaisesAnErrorAndEverything
     {
         const HeldFile held(folder.file(L"B.udb"));
         Answers answers;
-        answers.expectBox(L"Vandrel", question, IDYES, MB_ICONASTERISK);
+        answers.expectBox(L"Vandrel", removalQuestion, IDYES, MB_ICONASTERISK);
         expectErrorBox(answers, 70, L"Permission denied");
         choose(mnuRemoveCategory);
         EXPECT_ANSWERED(answers);
@@ -158,7 +158,7 @@ TEST_F(RemovingACategory, AFolderInThePlaceOfTheFileIsNotRemoved)
     DeleteFileW(folder.file(L"B.udb").c_str());
     makeFolder(L"B.udb");
     Answers answers;
-    answers.expectBox(L"Vandrel", question, IDYES, MB_ICONASTERISK);
+    answers.expectBox(L"Vandrel", removalQuestion, IDYES, MB_ICONASTERISK);
     expectErrorBox(answers, 75, L"Path/File access error");
     choose(mnuRemoveCategory);
     EXPECT_ANSWERED(answers);

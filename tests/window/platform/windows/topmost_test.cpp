@@ -1,5 +1,6 @@
 #include "platform/windows/topmost.h"
 
+#include "platform/base/wine.h"
 #include "tests/support/answers.h"
 #include "tests/support/test_window.h"
 
@@ -127,6 +128,55 @@ TEST_F(TopmostLayer, MayBeAskedForTwice)
     EXPECT_TRUE(isTopmost(window.handle()));
     setTopmost(window.handle(), false);
     setTopmost(window.handle(), false);
+    EXPECT_FALSE(isTopmost(window.handle()));
+}
+
+TEST_F(TopmostLayer, AnOwnedWindowOfItsOwnChoiceStaysWhenItsOwnerGoes)
+{
+    window.show();
+    const HWND chosen = own(WS_POPUP | WS_VISIBLE);
+    const HWND other = own(WS_POPUP | WS_VISIBLE);
+    setTopmost(chosen, true);
+    setTopmost(window.handle(), true);
+    EXPECT_TRUE(isTopmost(other));
+    setTopmost(window.handle(), false);
+    EXPECT_FALSE(isTopmost(window.handle()));
+    EXPECT_FALSE(isTopmost(other));
+    EXPECT_TRUE(isTopmost(chosen));
+    setTopmost(chosen, false);
+    EXPECT_FALSE(isTopmost(chosen));
+}
+
+// What is done on Windows. Where a window owns others, Wine cannot show it.
+TEST_F(TopmostLayer, TakesOneCallOfTheSystemOnWindows)
+{
+    const WineDisregarded asOnWindows;
+    window.show();
+    RECT before{};
+    GetWindowRect(window.handle(), &before);
+    TestWindow active;
+    active.show();
+    SetActiveWindow(active.handle());
+    for (const bool on : {true, true, false, false}) {
+        setTopmost(window.handle(), on);
+        EXPECT_EQ(isTopmost(window.handle()), on);
+        EXPECT_EQ(GetActiveWindow(), active.handle()) << on;
+    }
+    RECT after{};
+    GetWindowRect(window.handle(), &after);
+    EXPECT_TRUE(EqualRect(&before, &after));
+}
+
+TEST_F(TopmostLayer, OfAnOwnedWindowIsItsOwnOnWindows)
+{
+    const WineDisregarded asOnWindows;
+    window.show();
+    const HWND chosen = own(WS_POPUP | WS_VISIBLE);
+    setTopmost(chosen, true);
+    EXPECT_TRUE(isTopmost(chosen));
+    EXPECT_FALSE(isTopmost(window.handle()));
+    setTopmost(window.handle(), false); // takes along what it owns; what chose the layer itself comes back
+    EXPECT_TRUE(isTopmost(chosen));
     EXPECT_FALSE(isTopmost(window.handle()));
 }
 
