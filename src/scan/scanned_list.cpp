@@ -66,14 +66,14 @@ std::optional<std::size_t> ScannedList::rowOf(ListRows::Id id)
     return found == rowsById_.end() ? std::nullopt : std::optional(found->second);
 }
 
-SiteTexts ScannedList::textsAt(std::size_t row) const
+ScannedTexts ScannedList::textsAt(std::size_t row) const
 {
     const ListView& list = workspace_.lstInfo;
     return {list.text(row, nameColumn), list.text(row, urlColumn), list.text(row, descriptionColumn)};
 }
 
 // None in another category, whatever its sites are called.
-std::vector<std::size_t> ScannedList::rowsOf(const SiteTexts& texts)
+std::vector<std::size_t> ScannedList::rowsOf(const ScannedTexts& texts)
 {
     if (!isReadAgain() || workspace_.shown.row != category_) return {};
     if (workspace_.lstInfo.changes() != changes_) index();

@@ -41,8 +41,10 @@ class ListView : public Control {
     // the same.
     ListRows::Id id(std::size_t row) const { return rows_[row].id; }
     std::optional<std::size_t> rowOf(ListRows::Id id) const { return rows_.rowOf(id); }
+    using Control::text;
     std::wstring text(std::size_t row, std::size_t column = 0) const;
     std::wstring_view textView(std::size_t row, std::size_t column) const { return rows_.text(row, column); }
+    using Control::setText;
     void setText(std::size_t row, std::size_t column, std::wstring text);
     void setTexts(std::size_t row, std::array<std::wstring, ListRows::maxColumns> texts);
     int image(std::size_t row) const { return rows_[row].image; }

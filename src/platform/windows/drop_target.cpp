@@ -59,10 +59,6 @@ DroppedData read(IDataObject& data)
 
 } // namespace
 
-// The system's interfaces have no virtual destructor; an object goes by its Release.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // What OLE holds. It outlives the drop target when a source keeps it, and then refuses everything.
 class DropTarget::Receiver final : public IDropTarget {
   public:
@@ -121,7 +117,8 @@ class DropTarget::Receiver final : public IDropTarget {
         if (owner_ == nullptr || IsWindowEnabled(GetAncestor(owner_->target_, GA_ROOT)) == 0) {
             return DROPEFFECT_NONE;
         }
-        for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
+        for (const DWORD effect :
+             std::initializer_list<DWORD>{DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
             if ((allowed & effect) != 0) return effect;
         }
         return DROPEFFECT_NONE;
@@ -130,8 +127,6 @@ class DropTarget::Receiver final : public IDropTarget {
     std::atomic<ULONG> references_ = 1;
     DropTarget* owner_;
 };
-
-#pragma GCC diagnostic pop
 
 const std::wstring& DroppedData::text() const
 {
