@@ -60,6 +60,7 @@ DroppedData read(IDataObject& data)
 } // namespace
 
 // What OLE holds. It outlives the drop target when a source keeps it, and then refuses everything.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): only its own Release ends it.
 class DropTarget::Receiver final : public IDropTarget {
   public:
     explicit Receiver(DropTarget& owner) : owner_(&owner) {}
