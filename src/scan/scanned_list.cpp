@@ -21,9 +21,10 @@ void ScannedList::takeDown(Which which)
     const ListView& list = workspace_.lstInfo;
     const auto rows = list.rows().all();
     std::size_t length = 0;
-    for (const ListRows::Row& row : rows)
+    for (const ListRows::Row& row : rows) {
         for (const std::size_t column : {nameColumn, urlColumn, descriptionColumn})
             length += row.texts[column].size();
+    }
     texts_.reserve(length);
     sites_.reserve(rows.size());
     for (std::size_t number = 0; number < rows.size(); ++number) {
