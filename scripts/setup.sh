@@ -31,6 +31,9 @@ need cmake          command -v cmake                                      # the 
 need ninja-build    command -v ninja                                      # the build
 need g++            command -v g++                                        # builds the core's tests for this machine
 need clang-format   command -v clang-format                               # the code's format
+need clang          command -v clang++                                    # a second compiler's opinion
+need clang-tidy     command -v clang-tidy                                 # scripts/tidy.sh
+need shellcheck     command -v shellcheck                                 # scripts/tidy.sh
 need zip            command -v zip                                        # the package for Windows
 need locales-all    has_locales                                           # tests under Japanese, German and British settings
 

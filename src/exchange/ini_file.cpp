@@ -43,7 +43,7 @@ std::wstring shortName(const std::wstring& path)
 std::wstring profilePath(const std::wstring& path)
 {
     if (path.size() < MAX_PATH) return path;
-    if (const std::wstring whole = shortName(path); !whole.empty()) return whole;
+    if (std::wstring whole = shortName(path); !whole.empty()) return whole;
     const std::size_t slash = path.rfind(L'\\');
     const std::wstring folder = shortName(path.substr(0, slash));
     return folder.empty() ? extendedPath(path) : folder + path.substr(slash);

@@ -1,5 +1,7 @@
 #include "model/site_lines.h"
 
+#include "platform/base/prefetch.h"
+
 #include <cstdint>
 #include <utility>
 
@@ -24,8 +26,7 @@ void prefetchText(std::wstring_view text)
     constexpr std::uintptr_t cacheLine = 64; // bytes
     constexpr std::uintptr_t usualSite = 4 * cacheLine;
     const auto begin = reinterpret_cast<std::uintptr_t>(text.data());
-    for (std::uintptr_t at = begin; at < begin + usualSite; at += cacheLine)
-        __builtin_prefetch(reinterpret_cast<const void*>(at));
+    for (std::uintptr_t at = begin; at < begin + usualSite; at += cacheLine) prefetch(at);
 }
 
 } // namespace

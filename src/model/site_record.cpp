@@ -29,12 +29,12 @@ struct ScannedLine {
 // The next unit that may mean something in a line: a separator, a line end, or another control character.
 const wchar_t* nextSpecial(const wchar_t* p, const wchar_t* end)
 {
-    const UnitVector lastControl = allUnits(L'\r');
-    const UnitVector separator = allUnits(fieldSeparator);
+    const UnitVector lastControl = UnitVector::all(L'\r');
+    const UnitVector separator = UnitVector::all(fieldSeparator);
     for (; p + unitsInVector <= end; p += unitsInVector) {
-        const UnitVector units = loadUnits(p);
-        const auto special = static_cast<UnitVector>((units <= lastControl) | (units == separator));
-        if (const std::size_t unit = firstUnit(special); unit < unitsInVector) return p + unit;
+        const UnitVector units = UnitVector::load(p);
+        const UnitVector special = units.atMost(lastControl) | units.equal(separator);
+        if (const std::size_t unit = special.first(); unit < unitsInVector) return p + unit;
     }
     while (p != end && *p > L'\r' && *p != fieldSeparator) ++p;
     return p;

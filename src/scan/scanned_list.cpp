@@ -20,9 +20,10 @@ void ScannedList::takeDown(Which which)
 {
     const auto rows = workspace_.shown.sites.all();
     std::size_t length = 0;
-    for (const RowTable::Row& row : rows)
+    for (const RowTable::Row& row : rows) {
         for (const std::size_t column : {nameColumn, urlColumn, descriptionColumn})
             length += row.texts[column].size();
+    }
     texts_.reserve(length);
     sites_.reserve(rows.size());
     for (std::size_t number = 0; number < rows.size(); ++number) {
@@ -61,7 +62,7 @@ std::optional<std::size_t> ScannedList::rowOf(RowTable::Id id)
     return found == rowsById_.end() ? std::nullopt : std::optional(found->second);
 }
 
-SiteTexts ScannedList::textsAt(std::size_t row) const
+ScannedTexts ScannedList::textsAt(std::size_t row) const
 {
     const auto& texts = workspace_.shown.sites[row].texts;
     return {std::wstring(texts[nameColumn]), std::wstring(texts[urlColumn]),
@@ -69,7 +70,7 @@ SiteTexts ScannedList::textsAt(std::size_t row) const
 }
 
 // None in another category, whatever its sites are called.
-std::vector<std::size_t> ScannedList::rowsOf(const SiteTexts& texts)
+std::vector<std::size_t> ScannedList::rowsOf(const ScannedTexts& texts)
 {
     if (!isReadAgain() || workspace_.shown.row != category_) return {};
     if (workspace_.shown.sites.changes() != changes_) index();

@@ -14,18 +14,18 @@ namespace vandrel {
 struct Workspace;
 
 // What tells a site in a list that was read again. The date does not: opening a site changes it.
-struct SiteTexts {
+struct ScannedTexts {
     std::wstring name;
     std::wstring url;
     std::wstring description;
 
-    bool operator==(const SiteTexts&) const = default;
+    bool operator==(const ScannedTexts&) const = default;
 };
 
 // A site that is checked.
 struct ScannedSite {
     RowTable::Id id;
-    SiteTexts texts;
+    ScannedTexts texts;
 };
 
 // The sites of the list as it was when a scan began, and the way from each of them to its picture in what the
@@ -62,8 +62,8 @@ class ScannedList {
     bool isReadAgain() const;
     void index();
     std::optional<std::size_t> rowOf(RowTable::Id id);
-    std::vector<std::size_t> rowsOf(const SiteTexts& texts);
-    SiteTexts textsAt(std::size_t row) const;
+    std::vector<std::size_t> rowsOf(const ScannedTexts& texts);
+    ScannedTexts textsAt(std::size_t row) const;
 
     const Workspace& workspace_;
     const bool selectedOnly_;
@@ -71,7 +71,7 @@ class ScannedList {
     const unsigned filling_;      // of the table at the beginning
     std::wstring texts_;
     std::vector<Site> sites_;
-    std::optional<SiteTexts> current_;
+    std::optional<ScannedTexts> current_;
 
     unsigned changes_ = 0; // of the list, when the rows below were looked up
     std::unordered_map<RowTable::Id, std::size_t> rowsById_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vandrel {
 namespace {
@@ -13,18 +14,20 @@ constexpr std::size_t npos = std::wstring_view::npos;
 // Up to `Count` units, each in a vector of its own; what is over repeats the first.
 template <std::size_t Count> class UnitSet {
   public:
-    explicit UnitSet(std::wstring_view units)
-    {
-        for (std::size_t i = 0; i < Count; ++i) units_[i] = allUnits(units[i < units.size() ? i : 0]);
-    }
+    explicit UnitSet(std::wstring_view units) : UnitSet(units, std::make_index_sequence<Count>{}) {}
     UnitVector in(UnitVector text) const
     {
-        UnitVector mask = static_cast<UnitVector>(text == units_[0]);
-        for (std::size_t i = 1; i < Count; ++i) mask |= static_cast<UnitVector>(text == units_[i]);
+        UnitVector mask = text.equal(units_[0]);
+        for (std::size_t i = 1; i < Count; ++i) mask = mask | text.equal(units_[i]);
         return mask;
     }
 
   private:
+    template <std::size_t... Indices>
+    UnitSet(std::wstring_view units, std::index_sequence<Indices...>)
+        : units_{UnitVector::all(units[Indices < units.size() ? Indices : 0])...}
+    {}
+
     std::array<UnitVector, Count> units_;
 };
 
@@ -42,9 +45,10 @@ std::size_t findPair(std::wstring_view text, std::size_t from, std::wstring_view
     const UnitSet<Count> lastSet(last);
     std::size_t at = from;
     for (; at + unitsInVector <= end; at += unitsInVector) {
-        const UnitVector found = firstSet.in(loadUnits(text.data() + at)) &
-                                 lastSet.in(loadUnits(text.data() + at + distance));
-        if (const std::size_t unit = firstUnit(found); unit < unitsInVector) return at + unit;
+        const UnitVector found = firstSet.in(UnitVector::load(text.data() + at)) &
+                                 lastSet.in(UnitVector::load(text.data() + at + distance));
+        if (const std::size_t unit = found.first(); unit < unitsInVector) [[unlikely]]
+            return at + unit;
     }
     for (; at < end; ++at) {
         if (contains(first, text[at]) && contains(last, text[at + distance])) return at;

@@ -11,9 +11,6 @@
 
 namespace vandrel::test {
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // What another program drags: data in the formats that a test gives it. It lives on the stack; inUse() says
 // whether anybody still holds a reference.
 class DroppedObject final : public IDataObject {
@@ -115,7 +112,5 @@ class DroppedObject final : public IDataObject {
     ULONG references_ = 1;
     int writes_ = 0;
 };
-
-#pragma GCC diagnostic pop
 
 } // namespace vandrel::test

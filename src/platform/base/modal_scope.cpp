@@ -6,8 +6,8 @@ namespace vandrel {
 namespace {
 
 struct Search {
-    HWND dialog;
-    HWND owner;
+    HWND dialog = nullptr;
+    HWND owner = nullptr;
     std::vector<HWND>& found;
     CallbackError error{};
 };

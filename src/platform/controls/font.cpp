@@ -30,11 +30,11 @@ std::vector<std::wstring> screenFonts()
     EnumFontFamiliesExW(
         screen, &every,
         [](const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM param) {
-            auto& [names, error] = *reinterpret_cast<Search*>(param);
-            return error.keep(0, [&] {
+            Search& found = *reinterpret_cast<Search*>(param);
+            return found.error.keep(0, [&] {
                 // A font comes once for each of its scripts.
-                if (std::ranges::find(names, font->lfFaceName) == names.end())
-                    names.emplace_back(font->lfFaceName);
+                if (std::ranges::find(found.names, font->lfFaceName) == found.names.end())
+                    found.names.emplace_back(font->lfFaceName);
                 return 1;
             });
         },

@@ -74,7 +74,8 @@ void ListBox::updateScrollWidth()
     for (std::size_t entry = 0; entry < count(); ++entry) {
         widest = std::max<int>(widest, indent(entry) + sizeOf(text(entry)).cx);
     }
-    SendMessageW(handle(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + pixels(120_twips)), 0);
+    const int extent = widest + pixels(120_twips);
+    SendMessageW(handle(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent), 0);
 }
 
 } // namespace vandrel

@@ -15,6 +15,7 @@ class ListBox : public Control {
     std::function<void()> Click; // the user selected an entry, by mouse or by key
 
     std::size_t count() const;
+    using Control::text;
     std::wstring text(std::size_t entry) const;
     // Puts these in place of all entries; none is selected.
     void fill(const std::vector<std::wstring>& texts);

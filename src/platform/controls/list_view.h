@@ -44,6 +44,7 @@ class ListView : public Control, private RowObserver {
 
     std::size_t count() const { return rows_.size(); }
     bool empty() const { return rows_.size() == 0; }
+    using Control::text;
     std::wstring text(std::size_t row, std::size_t column = 0) const
     {
         return std::wstring(rows_.text(row, column));

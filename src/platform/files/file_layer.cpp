@@ -147,7 +147,7 @@ std::wstring extendedPath(const std::wstring& path)
     // In this form two backslashes are no longer one, and the root of a drive ends with one.
     std::wstring single = path;
     const auto both = [](wchar_t a, wchar_t b) { return a == L'\\' && b == L'\\'; };
-    single.erase(std::ranges::unique(single, both).begin(), single.end());
+    single.erase(std::unique(single.begin(), single.end(), both), single.end());
     return L"\\\\?\\" + single;
 }
 

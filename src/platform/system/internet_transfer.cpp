@@ -62,7 +62,7 @@ void InternetTransfer::wait(TransferJob& job)
     }
 }
 
-void InternetTransfer::tellStates(TransferJob& job)
+void InternetTransfer::tellStates(TransferJob& job) const
 {
     while (const auto state = job.takeState()) {
         if (StateChanged) StateChanged(static_cast<short>(*state));

@@ -44,7 +44,7 @@ class InternetTransfer {
 
   private:
     void wait(TransferJob& job);
-    void tellStates(TransferJob& job);
+    void tellStates(TransferJob& job) const;
 
     Work work_;
     std::shared_ptr<TransferThread> thread_; // goes on without us when it hangs

@@ -59,7 +59,8 @@ class HostStates {
     bool resolvingTold_ = false;
     bool connectingTold_ = false;
 };
-static_assert(TransferJob::mostStates >= 2 * (mostRedirections + 1), "each hop may lead to another host");
+static_assert(TransferJob::mostStates >= 2 * static_cast<std::size_t>(mostRedirections + 1),
+              "each hop may lead to another host");
 
 // The system's own code calls this one, through which nothing may be thrown.
 void CALLBACK statusChanged(HINTERNET, DWORD_PTR context, DWORD status, void*, DWORD) noexcept

@@ -6,17 +6,13 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstring>
 
 namespace vandrel {
 namespace {
 
 constexpr wchar_t byteEscape = 0xDC00; // a low surrogate; alone it stands for a byte that spelled nothing
 
-// As many letters of ASCII as are looked at in one step.
-using ByteVector [[gnu::vector_size(unitsInVector)]] = std::uint8_t;
-constexpr std::ptrdiff_t block = unitsInVector;
+constexpr std::ptrdiff_t block = unitsInVector; // as many letters of ASCII as are looked at in one step
 
 bool isByteEscape(wchar_t unit) { return unit >= byteEscape + 0x80 && unit <= byteEscape + 0xFF; }
 bool isHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
@@ -153,11 +149,7 @@ void decodeSingleBytes(std::string_view bytes, wchar_t* text)
     const char* const end = at + bytes.size();
     while (at != end) {
         for (; codePage().holdsAscii && end - at >= block; at += block, text += block) {
-            ByteVector some;
-            std::memcpy(&some, at, sizeof some);
-            if ((std::bit_cast<std::uint64_t>(some) & 0x8080808080808080U) != 0) break;
-            const UnitVector units = __builtin_convertvector(some, UnitVector);
-            std::memcpy(text, &units, sizeof units);
+            if (!UnitVector::widenAscii(at, text)) break;
         }
         const char* const blockEnd = at + std::min(block, end - at);
         while (at != blockEnd) *text++ = letters[static_cast<unsigned char>(*at++)];
@@ -195,10 +187,7 @@ char* encodeAnsi(std::wstring_view text, char* bytes, wchar_t behind)
     while (at != end) {
         // Most letters are ASCII, and most of those stand together.
         for (; end - at >= block; at += block, bytes += block) {
-            const UnitVector units = loadUnits(at);
-            if (firstUnit(units >= allUnits(0x80)) != unitsInVector) break;
-            const ByteVector narrow = __builtin_convertvector(units, ByteVector);
-            std::memcpy(bytes, &narrow, sizeof narrow);
+            if (!UnitVector::narrowAscii(at, bytes)) break;
         }
         while (at != end && *at < 0x80) *bytes++ = static_cast<char>(*at++);
         const wchar_t* const foreign = at;

@@ -59,11 +59,8 @@ DroppedData read(IDataObject& data)
 
 } // namespace
 
-// The system's interfaces have no virtual destructor; an object goes by its Release.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // What OLE holds. It outlives the drop target when a source keeps it, and then refuses everything.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): only its own Release ends it.
 class DropTarget::Receiver final : public IDropTarget {
   public:
     explicit Receiver(DropTarget& owner) : owner_(&owner) {}
@@ -121,7 +118,8 @@ class DropTarget::Receiver final : public IDropTarget {
         if (owner_ == nullptr || IsWindowEnabled(GetAncestor(owner_->target_, GA_ROOT)) == 0) {
             return DROPEFFECT_NONE;
         }
-        for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
+        for (const DWORD effect :
+             std::initializer_list<DWORD>{DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
             if ((allowed & effect) != 0) return effect;
         }
         return DROPEFFECT_NONE;
@@ -130,8 +128,6 @@ class DropTarget::Receiver final : public IDropTarget {
     std::atomic<ULONG> references_ = 1;
     DropTarget* owner_;
 };
-
-#pragma GCC diagnostic pop
 
 const std::wstring& DroppedData::text() const
 {

@@ -33,7 +33,7 @@ template <typename Show> void FileDialog::show(HWND owner, DWORD flags, Show dia
         throw RuntimeError(error_number::invalidDialogFileName);
     }
     if (!accepted && cancelError) throw RuntimeError(error_number::cancelled);
-    fileName = accepted ? std::wstring(name.c_str()) : std::wstring();
+    fileName = accepted ? name.substr(0, name.find(L'\0')) : std::wstring();
 }
 
 void FileDialog::showOpen(HWND owner) { show(owner, OFN_HIDEREADONLY, GetOpenFileNameW); }

@@ -16,9 +16,6 @@ constexpr DWORD everyEffect = DROPEFFECT_COPY | DROPEFFECT_LINK | DROPEFFECT_MOV
 constexpr UINT_PTR endTimer = 1;
 constexpr UINT longestLifeMilliseconds = 60'000;
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // Lets go when the mouse has been at the point several times in a row.
 class LettingGo final : public IDropSource {
   public:
@@ -55,8 +52,6 @@ class LettingGo final : public IDropSource {
     int steady_ = 0;
     ULONG references_ = 1;
 };
-
-#pragma GCC diagnostic pop
 
 std::string nameOf(DWORD effect)
 {

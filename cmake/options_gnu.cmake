@@ -1,0 +1,30 @@
+# GCC and Clang, with the linker of binutils or one that takes its options.
+set(vandrel_section_for_each -ffunction-sections -fdata-sections)
+set(vandrel_compile_fast -O0)
+set(vandrel_compile_well -O2)
+
+target_compile_options(vandrel_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Werror)
+if(VANDREL_SANITIZE)
+    target_compile_options(vandrel_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vandrel_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+    set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+    # Address randomisation over the whole address space, no execution of data, no section both writable and
+    # executable, no time stamp: the same sources give the same bytes.
+    add_link_options(-s -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp,--gc-sections)
+    target_compile_options(vandrel_options INTERFACE -fstack-protector-strong)
+    target_link_options(vandrel_options INTERFACE -fstack-protector-strong)
+    target_link_options(vandrel_wide_main INTERFACE -municode)
+endif()
+
+# The DLLs that the program is linked with come from the system's folder alone. This linker has no option for it.
+function(libraries_from_system_folder_only program)
+    target_sources(${program} PRIVATE load_config_gnu.cpp)
+    target_link_options(${program} PRIVATE -Wl,-u,_load_config_used)
+    add_custom_command(TARGET ${program} POST_BUILD VERBATIM
+        COMMAND bash "${PROJECT_SOURCE_DIR}/cmake/enter-load-config" "$<TARGET_FILE:${program}>" "${CMAKE_OBJDUMP}")
+endfunction()
