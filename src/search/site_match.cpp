@@ -13,7 +13,7 @@ constexpr std::size_t npos = std::wstring_view::npos;
 bool isWithin(std::wstring_view text, std::wstring_view block)
 {
     // A built-in comparison of pointers into different blocks is not defined; this one is.
-    constexpr std::less_equal<const wchar_t*> notBehind;
+    constexpr std::less_equal<> notBehind;
     return notBehind(block.data(), text.data()) &&
            notBehind(text.data() + text.size(), block.data() + block.size());
 }

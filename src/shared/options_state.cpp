@@ -8,7 +8,7 @@ namespace {
 constexpr int defaultFontSize = 8;
 constexpr int largestFontSize = 2160; // points; what a font dialog of the platform takes at most
 
-std::wstring textOr(std::wstring text, std::wstring_view fallback)
+std::wstring textOr(const std::wstring& text, std::wstring_view fallback)
 {
     return text.empty() || text == L"0" ? std::wstring(fallback) : text;
 }

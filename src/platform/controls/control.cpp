@@ -83,6 +83,9 @@ Control* Control::of(HWND window)
 {
     // A window of another thread would be waited for.
     if (GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) return nullptr;
+    // At once, unless another procedure stands in front of ours.
+    if (GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(controlProc))
+        return reinterpret_cast<Control*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     return reinterpret_cast<Control*>(SendMessageW(window, objectMessage(), 0, 0));
 }
 
