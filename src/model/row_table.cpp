@@ -156,20 +156,6 @@ void RowTable::append(std::shared_ptr<const void> block, std::span<const Row> ro
     identify(std::span(rows_).last(rows.size()));
 }
 
-void RowTable::append(std::span<const Block> blocks)
-{
-    const Change change(*this, RowChange::appended);
-    std::size_t more = 0;
-    for (const Block& block : blocks) more += block.rows.size();
-    blocks_.reserve(blocks_.size() + blocks.size());
-    rows_.reserve(rows_.size() + more);
-    for (const Block& block : blocks) {
-        blocks_.push_back(block.texts);
-        rows_.insert(rows_.end(), block.rows.begin(), block.rows.end());
-    }
-    identify(std::span(rows_).last(more));
-}
-
 // ---- rows come and go
 
 RowTable::Row RowTable::keptRow(NewTexts texts, int image)

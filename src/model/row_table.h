@@ -78,7 +78,6 @@ class RowTable final : public RowSource {
     void take(RowTable&& other);
     // Adds such rows at the end, whatever the sort order says; setSorted(true) puts them in their places.
     void append(std::shared_ptr<const void> block, std::span<const Row> rows);
-    void append(std::span<const Block> blocks);
     // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
     std::size_t add(NewTexts texts, int image);
     // Adds copies of such rows, each as add does.

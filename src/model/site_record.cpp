@@ -1,20 +1,24 @@
 #include "model/site_record.h"
 
-#include "platform/text/simd.h"
+#include "platform/text/simd_bytes.h"
 
 #include <array>
+#include <bit>
 
 namespace vandrel {
 namespace {
 
-constexpr std::wstring_view loneLineEnds = L"\r\n";
+template <typename Unit> using View = std::basic_string_view<Unit>;
 
-// Takes the text up to the first of `ends` off the front of `text`.
-std::wstring_view takeLine(std::wstring_view& text, std::wstring_view ends)
+constexpr std::size_t npos = std::wstring_view::npos;
+
+// Takes the text up to the first CR or LF off the front of `text`.
+template <typename Unit> View<Unit> takeLine(View<Unit>& text)
 {
-    const std::size_t end = text.find_first_of(ends);
-    const std::wstring_view line = text.substr(0, end);
-    text = end == std::wstring_view::npos ? std::wstring_view{} : text.substr(end + 1);
+    constexpr std::array<Unit, 2> ends{'\r', '\n'};
+    const std::size_t end = text.find_first_of(View<Unit>(ends.data(), ends.size()));
+    const View<Unit> line = text.substr(0, end);
+    text = end == npos ? View<Unit>{} : text.substr(end + 1);
     return line;
 }
 
@@ -40,26 +44,39 @@ const wchar_t* nextSpecial(const wchar_t* p, const wchar_t* end)
     return p;
 }
 
+const char* nextSpecial(const char* p, const char* end)
+{
+    const ByteVector lastControl = ByteVector::all('\r');
+    const ByteVector separator = ByteVector::all('|');
+    for (; end - p >= static_cast<std::ptrdiff_t>(bytesInVector); p += bytesInVector) {
+        const ByteVector bytes = ByteVector::load(p);
+        const std::uint32_t special = (bytes.atMost(lastControl) | bytes.equal(separator)).mask();
+        if (special != 0) return p + std::countr_zero(special);
+    }
+    while (p != end && static_cast<unsigned char>(*p) > '\r' && *p != '|') ++p;
+    return p;
+}
+
 // One pass over the line at the front of `text`: this is the loop that opening a large category waits for.
-ScannedLine scanLine(std::wstring_view text)
+template <typename Unit> ScannedLine scanLine(View<Unit> text)
 {
     ScannedLine line;
-    const wchar_t* const begin = text.data();
-    const wchar_t* const end = begin + text.size();
-    for (const wchar_t* p = nextSpecial(begin, end); p != end; p = nextSpecial(p + 1, end)) {
-        if (*p == fieldSeparator) {
+    const Unit* const begin = text.data();
+    const Unit* const end = begin + text.size();
+    for (const Unit* p = nextSpecial(begin, end); p != end; p = nextSpecial(p + 1, end)) {
+        if (*p == '|') {
             if (line.separatorCount < line.separators.size()) {
                 line.separators[line.separatorCount] = static_cast<std::size_t>(p - begin);
             }
             ++line.separatorCount;
-        } else if (*p == L'\r') {
-            if (p + 1 != end && p[1] == L'\n') {
+        } else if (*p == '\r') {
+            if (p + 1 != end && p[1] == '\n') {
                 line.length = static_cast<std::size_t>(p - begin);
                 line.consumed = line.length + 2;
                 return line;
             }
             line.loneLineEnd = true;
-        } else if (*p == L'\n') {
+        } else if (*p == '\n') {
             line.loneLineEnd = true;
         }
     }
@@ -67,11 +84,11 @@ ScannedLine scanLine(std::wstring_view text)
     return line;
 }
 
-bool isComment(std::wstring_view line) { return line.starts_with(L';'); }
+template <typename Unit> bool isComment(View<Unit> line) { return line.starts_with(Unit{';'}); }
 
-SiteRecord siteOf(std::wstring_view text, const ScannedLine& line)
+template <typename Unit> BasicSiteRecord<Unit> siteOf(View<Unit> text, const ScannedLine& line)
 {
-    std::array<std::wstring_view, 4> pieces;
+    std::array<View<Unit>, 4> pieces;
     std::size_t start = 0;
     for (std::size_t piece = 0; piece < pieces.size(); ++piece) {
         const std::size_t end = piece < line.separatorCount ? line.separators[piece] : line.length;
@@ -82,28 +99,30 @@ SiteRecord siteOf(std::wstring_view text, const ScannedLine& line)
     return {pieces[0], pieces[1], pieces[2], pieces[3]};
 }
 
-} // namespace
-
-std::optional<SiteRecord> siteOfLine(std::wstring_view line)
+template <typename Unit> std::optional<BasicSiteRecord<Unit>> siteOfOneLine(View<Unit> line)
 {
     const ScannedLine scanned = scanLine(line);
     if (isComment(line) || scanned.separatorCount == 0) return std::nullopt;
     return siteOf(line, scanned);
 }
 
-std::optional<SiteRecord> SiteRecordReader::nextOfCut()
+} // namespace
+
+std::optional<SiteRecord> siteOfLine(std::wstring_view line) { return siteOfOneLine(line); }
+
+template <typename Unit> std::optional<BasicSiteRecord<Unit>> BasicSiteRecordReader<Unit>::nextOfCut()
 {
     while (!cut_.empty()) {
-        if (const auto site = siteOfLine(takeLine(cut_, loneLineEnds))) return site;
+        if (const auto site = siteOfOneLine(takeLine(cut_))) return site;
     }
     return std::nullopt;
 }
 
-std::optional<SiteRecord> SiteRecordReader::next()
+template <typename Unit> std::optional<BasicSiteRecord<Unit>> BasicSiteRecordReader<Unit>::next()
 {
     if (const auto site = nextOfCut()) return site;
     while (!rest_.empty()) {
-        const std::wstring_view text = rest_;
+        const Text text = rest_;
         const ScannedLine line = scanLine(text);
         rest_.remove_prefix(line.consumed);
         const bool comment = isComment(text);
@@ -116,6 +135,9 @@ std::optional<SiteRecord> SiteRecordReader::next()
     }
     return std::nullopt;
 }
+
+template class BasicSiteRecordReader<wchar_t>;
+template class BasicSiteRecordReader<char>;
 
 std::wstring withoutLineEnds(std::wstring_view text)
 {

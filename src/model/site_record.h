@@ -6,15 +6,17 @@
 
 namespace vandrel {
 
-// The fields of a site in the order of its line; they look into the text they were read from.
-struct SiteRecord {
-    std::wstring_view name;
-    std::wstring_view url;
-    std::wstring_view description;
-    std::wstring_view date;
+// The fields of a site in the order of its line; they look into the text that they were read from. Units are those of a
+// decoded text (wchar_t), or bytes (char) in a code page in which every byte is a letter and ASCII is itself.
+template <typename Unit> struct BasicSiteRecord {
+    std::basic_string_view<Unit> name;
+    std::basic_string_view<Unit> url;
+    std::basic_string_view<Unit> description;
+    std::basic_string_view<Unit> date;
 
-    friend bool operator==(const SiteRecord&, const SiteRecord&) = default;
+    friend bool operator==(const BasicSiteRecord&, const BasicSiteRecord&) = default;
 };
+using SiteRecord = BasicSiteRecord<wchar_t>;
 
 inline constexpr wchar_t fieldSeparator = L'|';
 
@@ -25,22 +27,27 @@ std::optional<SiteRecord> siteOfLine(std::wstring_view line);
 // The text with one blank in place of each line end: CR LF, CR or LF.
 std::wstring withoutLineEnds(std::wstring_view text);
 
-// Reads the sites of a decoded category file one after the other.
+// Reads the sites of a category file one after the other.
 //
 // CR LF ends a line. A CR or LF that stands alone is a character like any other, except where a line that
 // holds one is a comment or has more than four pieces: then another editor wrote it as a line end, and taking
 // it for one saves what would be dropped.
-class SiteRecordReader {
+template <typename Unit> class BasicSiteRecordReader {
   public:
-    explicit SiteRecordReader(std::wstring_view text) : rest_(text) {}
+    using Text = std::basic_string_view<Unit>;
+    explicit BasicSiteRecordReader(Text text) : rest_(text) {}
 
-    std::optional<SiteRecord> next();
+    std::optional<BasicSiteRecord<Unit>> next();
 
   private:
-    std::optional<SiteRecord> nextOfCut();
+    std::optional<BasicSiteRecord<Unit>> nextOfCut();
 
-    std::wstring_view rest_;
-    std::wstring_view cut_; // what is left of a line that is read with lone line ends
+    Text rest_;
+    Text cut_; // what is left of a line that is read with lone line ends
 };
+using SiteRecordReader = BasicSiteRecordReader<wchar_t>;
+
+extern template class BasicSiteRecordReader<wchar_t>;
+extern template class BasicSiteRecordReader<char>;
 
 } // namespace vandrel

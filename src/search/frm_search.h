@@ -5,6 +5,7 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/status_bar.h"
 #include "platform/controls/tool_tip.h"
+#include "platform/text/single_bytes.h"
 #include "platform/windows/dialog.h"
 #include "platform/windows/message_throttle.h"
 #include "search/site_match.h"
@@ -44,6 +45,7 @@ class frmSearch : public Dialog {
 
   private:
     struct Remembered;
+    struct Search;
 
     void Form_Load();
     void cmdSearch_Click();
@@ -53,12 +55,13 @@ class frmSearch : public Dialog {
     void lstResults_MouseMove();
 
     // The search.
-    std::size_t searchCategory(const Remembered& category, const std::wstring& term, SearchMode mode);
+    std::size_t searchCategory(const Remembered& category, Search& search);
+    std::size_t searchBytes(const Remembered& category, Search& search, const CodePageLetters& letters);
+    std::size_t searchText(const Remembered& category, Search& search);
+    void takeTurn(const Remembered& category, Search& search, std::size_t sites, bool first);
     bool leaveShownCategory();
     void follow(const Remembered& category, bool first);
-    void letEventsRun();
-    void takeHits(HitList& hits);
-    void showHits();
+    void showHits(HitList& hits);
     std::optional<SearchSection> section() const;
     std::optional<std::size_t> rowOf(const std::wstring& title, std::size_t likely) const;
     void restore(const Remembered& category);
@@ -75,7 +78,6 @@ class frmSearch : public Dialog {
     bool quitting_ = false; // the program ends: nothing is touched any more
     ULONGLONG throttleMilliseconds_ = MessageThrottle::usualMilliseconds;
     MessageThrottle throttle_;
-    std::vector<RowTable::Block> hits_; // found since messages were run the last time, and not yet shown
 
     // In the order in which Tab goes through them.
     Label lblCaptions_;

@@ -1,5 +1,9 @@
+#include "model/site_count.h"
 #include "platform/base/runtime_error.h"
 #include "platform/base/scope_exit.h"
+#include "platform/files/file_bytes.h"
+#include "platform/text/ansi_text.h"
+#include "search/byte_search.h"
 #include "search/frm_search.h"
 #include "search/hit_list.h"
 #include "search/platform_folding.h"
@@ -38,6 +42,35 @@ struct frmSearch::Remembered {
     std::size_t row = 0;
 };
 
+// What is looked for, and what was found since messages were run the last time.
+struct frmSearch::Search {
+    Search(std::wstring searchString, SearchMode searchMode) : term(std::move(searchString)), mode(searchMode)
+    {}
+
+    // The user may choose another section while messages run.
+    void choose(std::optional<SearchSection> chosen)
+    {
+        if (std::exchange(section, chosen) == chosen) return;
+        matcher.reset();
+        if (section) matcher.emplace(term, mode, *section, platformFolding());
+    }
+    std::string_view bytesOf(const std::wstring& path)
+    {
+        try {
+            return file.read(path);
+        } catch (const RuntimeError&) {
+            return {};
+        }
+    }
+
+    std::wstring term;
+    SearchMode mode;
+    std::optional<SearchSection> section;
+    std::optional<SiteMatcher> matcher; // none while no section is chosen
+    HitList hits;
+    FileBytes file;
+};
+
 void frmSearch::DoSearch(const std::wstring& SearchString)
 {
     if (!leaveSites(workspace_)) return;
@@ -47,9 +80,8 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
         if (!quitting_) setSearchEnabled(true);
     });
     setSearchEnabled(false);
-    hits_.clear();
     hitRows_.clear();
-    const SearchMode mode = chkCase_.checked() ? SearchMode::binary : SearchMode::text;
+    Search search(SearchString, chkCase_.checked() ? SearchMode::binary : SearchMode::text);
 
     Remembered before;
     if (const auto shown = shownRow(workspace_)) before = {titleOf(workspace_, *shown), *shown};
@@ -62,11 +94,11 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
     for (std::size_t i = 0; i < titles.size() && !ended() && !stays; ++i) {
         stays = !leaveShownCategory();
         // While messages were run, a category may have gone.
-        if (!stays && rowOf(titles[i], i)) searched += searchCategory({titles[i], i}, SearchString, mode);
+        if (!stays && rowOf(titles[i], i)) searched += searchCategory({titles[i], i}, search);
     }
     if (!quitting_ && !stays) restore(before);
     if (ended()) return;
-    showHits();
+    showHits(search.hits);
     if (hitRows_.sorted()) hitRows_.setSorted(true);
     if (hitRows_.empty()) {
         hitRows_.add({noResults}, siteImage);
@@ -81,29 +113,62 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
 
 // Searches the category as it is when its turn comes; what is changed in it while messages run is not looked
 // at. Returns how many sites it has.
-std::size_t frmSearch::searchCategory(const Remembered& category, const std::wstring& term, SearchMode mode)
+std::size_t frmSearch::searchCategory(const Remembered& category, Search& search)
+{
+    search.choose(section());
+    search.hits.setCategory(category.title);
+    const CodePageLetters* const letters = ansiLetters();
+    const std::size_t sites = letters != nullptr ? searchBytes(category, search, *letters)
+                                                 : searchText(category, search);
+    return sites;
+}
+
+// Where every byte is a letter: most sites are passed without being decoded.
+std::size_t frmSearch::searchBytes(const Remembered& category, Search& search, const CodePageLetters& letters)
+{
+    const std::string_view bytes = search.bytesOf(categoryPath(workspace_.dataFolder, category.title));
+    if (!search.matcher) return countSites(bytes);
+    const BytePattern pattern(search.matcher->widest(), letters);
+    ByteSearch sites(bytes, pattern);
+    bool followed = false;
+    while (!sites.atEnd()) {
+        const bool due = throttle_.due();
+        const auto site = due ? sites.next() : sites.nextCandidate();
+        if (!site) continue;
+        const SiteTexts texts = search.hits.decode(*site, letters);
+        if (search.matcher->matches(texts)) search.hits.addDecoded(texts);
+        if (!due || sites.sites() % sitesBetweenTurns != 0) continue;
+        takeTurn(category, search, sites.sites(), !std::exchange(followed, true));
+        if (ended()) break;
+    }
+    return sites.sites();
+}
+
+std::size_t frmSearch::searchText(const Remembered& category, Search& search)
 {
     const Category read = readSites(workspace_, category.title);
     const auto sites = read.sites.all();
-    const auto chosen = section();
-    if (!chosen) return sites.size();
-    const SiteMatcher matcher(term, mode, *chosen, platformFolding());
-    SiteSequence sequence(matcher);
+    if (!search.matcher) return sites.size();
+    SiteSequence sequence(*search.matcher);
     sequence.setBlock(read.text);
-    HitList hits(category.title, read.sites.block(), read.text.size());
     bool followed = false;
     for (std::size_t done = 0; done < sites.size(); ++done) {
-        if (sequence.matches(sites[done].texts)) hits.add(sites[done]);
+        if (sequence.matches(sites[done].texts)) search.hits.add(sites[done].texts);
         if ((done + 1) % sitesBetweenTurns != 0 || !throttle_.due()) continue;
-        StatusBar1_.setPanelText(2, std::to_wstring(done + 1) + L" site(s) searched");
-        takeHits(hits);
-        showHits();
-        follow(category, !std::exchange(followed, true));
-        letEventsRun();
-        if (ended()) return sites.size();
+        takeTurn(category, search, done + 1, !std::exchange(followed, true));
+        if (ended()) break;
     }
-    takeHits(hits);
     return sites.size();
+}
+
+// The panel says how many sites were searched whenever a message can ask for it, and only then: a million
+// texts that nobody sees would take longer than the search. Likewise the hits.
+void frmSearch::takeTurn(const Remembered& category, Search& search, std::size_t sites, bool first)
+{
+    StatusBar1_.setPanelText(2, std::to_wstring(sites) + L" site(s) searched");
+    showHits(search.hits);
+    follow(category, first);
+    throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
 }
 
 // The main window shows where the search is, when there is time to see it: at the first time the category,
@@ -127,24 +192,11 @@ bool frmSearch::leaveShownCategory()
     return leaveSites(workspace_);
 }
 
-// The panel says how many sites were searched whenever a message can ask for it, and only then: a million
-// texts that nobody sees would take longer than the search.
-void frmSearch::letEventsRun()
+void frmSearch::showHits(HitList& hits)
 {
-    throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
-}
-
-void frmSearch::takeHits(HitList& hits)
-{
-    if (!hits.empty()) hits_.push_back(hits.take());
-}
-
-// Only before messages run: nobody sees them earlier.
-void frmSearch::showHits()
-{
-    if (hits_.empty()) return;
-    hitRows_.append(hits_);
-    hits_.clear();
+    if (hits.empty()) return;
+    const RowTable::Block found = hits.take();
+    hitRows_.append(found.texts, found.rows);
 }
 
 std::optional<SearchSection> frmSearch::section() const

@@ -2,74 +2,69 @@
 
 #include "model/site_columns.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vandrel {
 namespace {
 
-struct OwnedTexts {
-    std::shared_ptr<const void> sites;
-    std::wstring text;
-};
-
-RowTable::Row resultRow(std::wstring_view name, std::wstring_view url, std::wstring_view category,
-                        std::wstring_view description)
-{
-    return {{name, url, category, description}};
-}
+constexpr std::size_t pieceUnits = 64U << 10;
 
 } // namespace
 
-HitList::HitList(std::wstring category, std::shared_ptr<const void> sites, std::size_t size)
-    : category_(std::move(category)), sites_(std::move(sites)), size_(size)
-{}
+HitList::HitList() : texts_(std::make_shared<Texts>()) {}
 
-void HitList::add(const RowTable::Row& site)
+// Room for so many units, which stays free until free_ is moved behind what was put there.
+wchar_t* HitList::room(std::size_t units)
 {
-    rows_.push_back(site);
-    for (const SiteColumn column : {nameColumn, urlColumn, descriptionColumn})
-        units_ += site.texts[column].size();
+    if (units > freeUnits_) {
+        const std::size_t size = std::max(units, pieceUnits);
+        free_ = texts_->pieces.emplace_back(std::make_unique_for_overwrite<wchar_t[]>(size)).get();
+        freeUnits_ = size;
+    }
+    return free_;
 }
 
-std::shared_ptr<const void> HitList::copyTexts()
+std::wstring_view HitList::copy(std::wstring_view text)
 {
-    auto owned = std::make_shared<OwnedTexts>();
-    std::wstring& text = owned->text;
-    text.reserve(category_.size() + units_); // the views stay good only if it is never moved
-    text = category_;
-    const auto copy = [&text](std::wstring_view part) {
-        const std::size_t start = text.size();
-        text += part;
-        return std::wstring_view(text).substr(start);
+    wchar_t* const begin = room(text.size());
+    free_ = std::ranges::copy(text, begin).out;
+    freeUnits_ -= text.size();
+    return {begin, text.size()};
+}
+
+void HitList::setCategory(std::wstring_view title) { category_ = copy(title); }
+
+void HitList::add(const SiteTexts& site)
+{
+    rows_.push_back(
+        {{copy(site[nameColumn]), copy(site[urlColumn]), category_, copy(site[descriptionColumn])}});
+}
+
+SiteTexts HitList::decode(const ByteSearch::Site& site, const CodePageLetters& letters)
+{
+    wchar_t* end = room(site.name.size() + site.url.size() + site.description.size());
+    const auto decoded = [&](std::string_view bytes) {
+        wchar_t* const begin = std::exchange(end, end + bytes.size());
+        decodeSingleBytes(bytes, begin, letters);
+        return std::wstring_view(begin, bytes.size());
     };
-    for (RowTable::Row& row : rows_) {
-        const std::wstring_view name = copy(row.texts[nameColumn]);
-        const std::wstring_view url = copy(row.texts[urlColumn]);
-        const std::wstring_view description = copy(row.texts[descriptionColumn]);
-        row = resultRow(name, url, std::wstring_view(text).substr(0, category_.size()), description);
-    }
-    return owned;
+    SiteTexts texts;
+    texts[nameColumn] = decoded(site.name);
+    texts[urlColumn] = decoded(site.url);
+    texts[descriptionColumn] = decoded(site.description);
+    return texts;
 }
 
-std::shared_ptr<const void> HitList::shareTexts()
+void HitList::addDecoded(const SiteTexts& site)
 {
-    auto owned = std::make_shared<OwnedTexts>();
-    owned->sites = sites_;
-    owned->text = category_;
-    for (RowTable::Row& row : rows_) {
-        row = resultRow(row.texts[nameColumn], row.texts[urlColumn], owned->text,
-                        row.texts[descriptionColumn]);
-    }
-    return owned;
+    rows_.push_back({{site[nameColumn], site[urlColumn], category_, site[descriptionColumn]}});
+    const std::size_t units = site[nameColumn].size() + site[urlColumn].size() +
+                              site[descriptionColumn].size();
+    free_ += units;
+    freeUnits_ -= units;
 }
 
-RowTable::Block HitList::take()
-{
-    RowTable::Block block;
-    block.texts = units_ > size_ / 4 ? shareTexts() : copyTexts();
-    block.rows = std::exchange(rows_, {});
-    units_ = 0;
-    return block;
-}
+RowTable::Block HitList::take() { return {texts_, std::exchange(rows_, {})}; }
 
 } // namespace vandrel

@@ -1,30 +1,46 @@
 #pragma once
 
 #include "model/row_table.h"
+#include "platform/text/single_bytes.h"
+#include "search/byte_search.h"
+#include "search/site_match.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
 
 namespace vandrel {
 
-// The hits of a search in one category until they are shown as rows: name, URL, category, description.
+// The hits of a search until they are shown as rows: name, URL, category, description. Their texts are copied, into
+// pieces of memory that grow as hits come, so that no hit holds on to the file that it is from.
 class HitList {
   public:
-    // `sites` owns the texts of the rows that will be added, `size` units in all.
-    HitList(std::wstring category, std::shared_ptr<const void> sites, std::size_t size);
+    HitList();
 
-    void add(const RowTable::Row& site);
+    // The category of the hits that follow.
+    void setCategory(std::wstring_view title);
+    void add(const SiteTexts& site);
+
+    // In two steps for a site that was not decoded yet: its texts but for the date, until the next call of
+    // any function, and the hit that it proves to be.
+    SiteTexts decode(const ByteSearch::Site& site, const CodePageLetters& letters);
+    void addDecoded(const SiteTexts& site);
+
     bool empty() const { return rows_.empty(); }
-    // Takes the hits out. They keep the category's whole text when most of it is theirs, and else a copy of
-    // their own: one hit must not hold on to megabytes.
+    // Takes the hits out. They share the memory of their texts with those that follow.
     RowTable::Block take();
 
   private:
-    // Each makes result rows of the hits and returns what owns their texts.
-    std::shared_ptr<const void> copyTexts();
-    std::shared_ptr<const void> shareTexts();
+    struct Texts {
+        std::vector<std::unique_ptr<wchar_t[]>> pieces;
+    };
+    wchar_t* room(std::size_t units);
+    std::wstring_view copy(std::wstring_view text);
 
-    std::wstring category_;
-    std::shared_ptr<const void> sites_;
-    std::size_t size_;
-    std::size_t units_ = 0; // of the texts of the hits
+    std::shared_ptr<Texts> texts_;
+    wchar_t* free_ = nullptr; // of the last piece
+    std::size_t freeUnits_ = 0;
+    std::wstring_view category_;
     std::vector<RowTable::Row> rows_;
 };
 

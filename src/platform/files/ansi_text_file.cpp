@@ -1,9 +1,8 @@
 #include "platform/files/ansi_text_file.h"
 
-#include "platform/base/handle.h"
 #include "platform/base/system_error.h"
-#include "platform/base/tick_clock.h"
 #include "platform/files/ansi_text_writer.h"
+#include "platform/files/file_bytes.h"
 #include "platform/files/file_layer.h"
 #include "platform/text/ansi_text.h"
 
@@ -12,34 +11,10 @@
 namespace vandrel {
 namespace {
 
-constexpr ULONGLONG retryMilliseconds = 500;
-constexpr DWORD pauseMilliseconds = 25;
-constexpr std::size_t mostAtOnce = 64U << 20; // bytes
-
-FileHandle openForReading(const std::wstring& path)
-{
-    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const RetryTime time(retryMilliseconds, pauseMilliseconds);
-    while (true) {
-        FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-        if (file) return file;
-        if (GetLastError() != ERROR_SHARING_VIOLATION || time.isOver()) raiseLastError();
-        time.pause();
-    }
-}
-
-std::size_t sizeOf(const FileHandle& file)
-{
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.get(), &size)) raiseLastError();
-    return static_cast<std::size_t>(size.QuadPart);
-}
-
 // Decodes a file part by part as its bytes come in, so that they never stand in memory whole.
 class PartDecoder {
   public:
-    explicit PartDecoder(std::size_t fileSize) : text_(std::make_shared_for_overwrite<wchar_t[]>(fileSize)) {}
+    explicit PartDecoder(std::size_t size) : text_(std::make_shared_for_overwrite<wchar_t[]>(size)) {}
 
     // Where the next bytes are to be put.
     char* room(std::size_t count)
@@ -77,27 +52,11 @@ class PartDecoder {
 
 } // namespace
 
-std::optional<std::string> fileBytes(const std::wstring& path)
-{
-    if (!fileExists(path)) return std::nullopt;
-    const FileHandle file = openForReading(extendedPath(path));
-    std::string bytes(sizeOf(file), '\0');
-    DWORD got = 0;
-    std::size_t done = 0;
-    do {
-        const auto wanted = static_cast<DWORD>(std::min(mostAtOnce, bytes.size() - done));
-        if (!ReadFile(file.get(), bytes.data() + done, wanted, &got, nullptr)) raiseLastError();
-        done += got;
-    } while (got > 0 && done < bytes.size());
-    bytes.resize(done);
-    return bytes;
-}
-
 DecodedText AnsiTextFile::read() const
 {
     constexpr std::size_t partSize = 256U << 10;
-    const FileHandle file = openForReading(extendedPath(path_));
-    std::size_t left = sizeOf(file);
+    const FileHandle file = openForReading(path_);
+    std::size_t left = fileSize(file);
     PartDecoder decoder(left);
     while (left > 0) {
         const auto wanted = static_cast<DWORD>(std::min(partSize, left));

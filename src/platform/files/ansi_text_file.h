@@ -19,10 +19,6 @@ struct DecodedText {
     operator std::wstring_view() const { return {units.get(), size}; }
 };
 
-// What the file holds, byte for byte; none when there is no such file. Throws RuntimeError as
-// AnsiTextFile::read does.
-std::optional<std::string> fileBytes(const std::wstring& path);
-
 // A text file in the ANSI code page, read and written whole: nothing stays open between two calls.
 class AnsiTextFile {
   public:

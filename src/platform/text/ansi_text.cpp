@@ -1,6 +1,7 @@
 #include "platform/text/ansi_text.h"
 
 #include "platform/text/simd.h"
+#include "platform/text/single_bytes.h"
 
 #include <windows.h>
 
@@ -27,10 +28,9 @@ int wideLength(std::string_view bytes)
 // What the code page is, found out once.
 struct CodePage {
     bool singleByte = false;
-    bool holdsAscii = true; // bytes below 0x80 are the letters of the same number
     bool utf8 = GetACP() == CP_UTF8;
     int longestLetter = 1;
-    std::array<wchar_t, 256> letters{}; // of a single-byte code page
+    CodePageLetters letters{}; // of a single-byte code page
 
     CodePage()
     {
@@ -42,7 +42,8 @@ struct CodePage {
             wchar_t unit = 0;
             const bool spells = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, &letter, 1, &unit, 1) == 1;
             letters[byte] = spells ? unit : static_cast<wchar_t>(byteEscape + byte);
-            if (byte < 0x80 && letters[byte] != static_cast<wchar_t>(byte)) holdsAscii = false;
+            // Every ANSI code page of the system has ASCII; one that had not would be decoded by the system.
+            if (byte < 0x80 && letters[byte] != static_cast<wchar_t>(byte)) singleByte = false;
         }
     }
 };
@@ -141,30 +142,17 @@ void encodeForeign(std::wstring_view text, wchar_t following, std::string& bytes
     if (start < text.size()) encodeUnits(text.substr(start), bytes);
 }
 
-// Most bytes are ASCII, and most of those stand together.
-void decodeSingleBytes(std::string_view bytes, wchar_t* text)
-{
-    const auto& letters = codePage().letters;
-    const char* at = bytes.data();
-    const char* const end = at + bytes.size();
-    while (at != end) {
-        for (; codePage().holdsAscii && end - at >= block; at += block, text += block) {
-            if (!UnitVector::widenAscii(at, text)) break;
-        }
-        const char* const blockEnd = at + std::min(block, end - at);
-        while (at != blockEnd) *text++ = letters[static_cast<unsigned char>(*at++)];
-    }
-}
-
 } // namespace
 
 bool ansiLettersAreBytes() { return codePage().singleByte; }
+
+const CodePageLetters* ansiLetters() { return codePage().singleByte ? &codePage().letters : nullptr; }
 
 std::size_t decodeAnsi(std::string_view bytes, wchar_t* text)
 {
     if (bytes.empty()) return 0;
     if (!codePage().singleByte) return static_cast<std::size_t>(decodeMultiByte(bytes, text) - text);
-    decodeSingleBytes(bytes, text);
+    decodeSingleBytes(bytes, text, codePage().letters);
     return bytes.size();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/single_bytes.h"
+
 #include <string>
 #include <string_view>
 
@@ -12,8 +14,10 @@ std::wstring decodeAnsi(std::string_view bytes);
 // Into `text`, which has room for as many units as there are bytes. Returns the number of units.
 std::size_t decodeAnsi(std::string_view bytes, wchar_t* text);
 
-// Whether a letter is one byte always, so that a text may be cut between any two bytes.
+// Whether a letter is always one byte, and ASCII is itself, so that a text may be cut between any two bytes.
 bool ansiLettersAreBytes();
+// Those letters; null where a letter may have several bytes.
+const CodePageLetters* ansiLetters();
 
 // Appends `text` in the ANSI code page. A letter that the code page lacks becomes "?", never one that merely
 // looks like it: the full-width bar must not turn into the bar that separates fields.

@@ -2,43 +2,44 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <string>
+#include <vector>
 
 namespace vandrel {
 namespace {
 
-// A category of a hundred sites in one text.
+// A hundred sites, whose texts are gone as soon as a test says so.
 class Hits : public testing::Test {
   protected:
     Hits()
     {
-        auto text = std::make_shared<std::wstring>();
-        for (int i = 0; i < 100; ++i) *text += L"name" + std::to_wstring(i) + L"url_text";
-        std::wstring_view rest = *text;
-        for (int i = 0; i < 100; ++i) {
-            const std::size_t name = 4 + std::to_wstring(i).size();
-            rows.push_back({{rest.substr(0, name), rest.substr(name, 3), rest.substr(name + 4, 4), L"date"}});
-            rest.remove_prefix(name + 8);
-        }
-        hits.emplace(L"Papers", text, text->size());
-        owner = text;
+        for (int i = 0; i < 100; ++i) names.push_back(L"name" + std::to_wstring(i));
+        for (const std::wstring& name : names) sites.push_back({name, L"url", L"text", L"date"});
+        hits.setCategory(std::wstring(L"Papers"));
     }
     void add(std::size_t first, std::size_t count)
     {
-        for (std::size_t row = first; row < first + count; ++row) hits->add(rows[row]);
+        for (std::size_t site = first; site < first + count; ++site) hits.add(sites[site]);
     }
-    bool ownerLives() const { return !owner.expired(); }
 
-    std::vector<RowTable::Row> rows;
-    std::optional<HitList> hits;
-    std::weak_ptr<const void> owner;
+    std::vector<std::wstring> names;
+    std::vector<SiteTexts> sites;
+    HitList hits;
 };
+
+CodePageLetters latinLetters()
+{
+    CodePageLetters letters;
+    for (std::size_t byte = 0; byte < letters.size(); ++byte) letters[byte] = static_cast<wchar_t>(byte);
+    letters[0x80] = L'\u20AC';
+    return letters;
+}
 
 TEST_F(Hits, BecomeRowsOfNameAddressCategoryAndDescription)
 {
     for (const std::size_t count : {1U, 100U}) {
         add(0, count);
-        const RowTable::Block block = hits->take();
+        const RowTable::Block block = hits.take();
         ASSERT_EQ(block.rows.size(), count);
         for (std::size_t row = 0; row < count; ++row) {
             EXPECT_EQ(block.rows[row].texts[0], L"name" + std::to_wstring(row));
@@ -53,8 +54,8 @@ TEST_F(Hits, BecomeRowsOfNameAddressCategoryAndDescription)
 
 TEST_F(Hits, KeepTheOrderInWhichTheyWereFound)
 {
-    for (const std::size_t row : {7U, 3U, 99U, 3U}) hits->add(rows[row]);
-    const RowTable::Block block = hits->take();
+    for (const std::size_t site : {7U, 3U, 99U, 3U}) hits.add(sites[site]);
+    const RowTable::Block block = hits.take();
     ASSERT_EQ(block.rows.size(), 4U);
     EXPECT_EQ(block.rows[0].texts[0], L"name7");
     EXPECT_EQ(block.rows[1].texts[0], L"name3");
@@ -62,58 +63,78 @@ TEST_F(Hits, KeepTheOrderInWhichTheyWereFound)
     EXPECT_EQ(block.rows[3].texts[0], L"name3");
 }
 
-TEST_F(Hits, AFewDoNotHoldOnToTheWholeCategory)
+TEST_F(Hits, HaveTextsOfTheirOwn)
 {
-    add(10, 2);
-    const RowTable::Block block = hits->take();
-    rows.clear();
-    hits.reset();
-    EXPECT_FALSE(ownerLives());
-    EXPECT_EQ(block.rows[0].texts[0], L"name10") << "they have texts of their own";
-    EXPECT_EQ(block.rows[1].texts[1], L"url");
-    EXPECT_EQ(block.rows[1].texts[2], L"Papers");
-    EXPECT_EQ(block.rows[1].texts[3], L"text");
+    add(0, 100);
+    const RowTable::Block block = hits.take();
+    sites.clear();
+    names.clear();
+    hits = HitList();
+    EXPECT_EQ(block.rows[10].texts[0], L"name10");
+    EXPECT_EQ(block.rows[99].texts[0], L"name99");
+    EXPECT_EQ(block.rows[99].texts[2], L"Papers");
 }
 
-TEST_F(Hits, ManyShareTheTextOfTheCategoryAndKeepItAlive)
+TEST_F(Hits, StayGoodHoweverManyFollow)
 {
-    add(0, 90);
-    std::optional<RowTable::Block> block = hits->take();
-    EXPECT_EQ(block->rows[5].texts[0].data(), rows[5].texts[0].data());
-    EXPECT_EQ(block->rows[5].texts[3].data(), rows[5].texts[2].data());
-    hits.reset();
-    EXPECT_TRUE(ownerLives());
-    EXPECT_EQ(block->rows[89].texts[0], L"name89");
-    EXPECT_EQ(block->rows[89].texts[2], L"Papers") << "the title lives as long, too";
-    block.reset();
-    EXPECT_FALSE(ownerLives());
+    hits.add({std::wstring_view(names[0]), L"first", L"", L""});
+    const RowTable::Block first = hits.take();
+    const std::wstring longText(200'000, L'x'); // more than a piece of memory has
+    for (int i = 0; i < 3; ++i) hits.add({longText, L"", L"", L""});
+    hits.setCategory(L"Other");
+    for (int i = 0; i < 50; ++i) add(0, 100);
+    const RowTable::Block block = hits.take();
+    EXPECT_EQ(first.rows[0].texts[0], L"name0");
+    EXPECT_EQ(first.rows[0].texts[1], L"first");
+    EXPECT_EQ(block.rows[2].texts[0], longText);
+    EXPECT_EQ(block.rows[2].texts[2], L"Papers");
+    EXPECT_EQ(block.rows[3].texts[2], L"Other");
+    EXPECT_EQ(block.rows.back().texts[0], L"name99");
 }
 
 TEST_F(Hits, AreGoneOnceTheyHaveBeenTaken)
 {
-    EXPECT_TRUE(hits->empty());
+    EXPECT_TRUE(hits.empty());
     add(0, 90);
-    EXPECT_FALSE(hits->empty());
-    hits->take();
-    EXPECT_TRUE(hits->empty());
-    EXPECT_TRUE(hits->take().rows.empty());
+    EXPECT_FALSE(hits.empty());
+    hits.take();
+    EXPECT_TRUE(hits.empty());
+    EXPECT_TRUE(hits.take().rows.empty());
     add(95, 1);
-    const RowTable::Block block = hits->take();
+    const RowTable::Block block = hits.take();
     ASSERT_EQ(block.rows.size(), 1U);
     EXPECT_EQ(block.rows[0].texts[0], L"name95");
-    rows.clear();
-    hits.reset();
-    EXPECT_FALSE(ownerLives()) << "what was taken before does not count";
 }
 
 TEST_F(Hits, WithoutAnyTextAreRowsAllTheSame)
 {
-    HitList empty(L"", nullptr, 0);
+    HitList empty;
     empty.add({});
     empty.add({});
     const RowTable::Block block = empty.take();
     ASSERT_EQ(block.rows.size(), 2U);
     for (const std::wstring_view text : block.rows[1].texts) EXPECT_TRUE(text.empty());
+}
+
+TEST_F(Hits, AreDecodedWhereASiteIsOnlyBytes)
+{
+    const CodePageLetters letters = latinLetters();
+    const ByteSearch::Site noHit{"no hit", "no", "no", ""};
+    const ByteSearch::Site hit{"Caf\xE9", "http://caf\xE9/", "10 \x80", "1/1/2001"};
+    for (int i = 0; i < 2; ++i) {
+        hits.decode(noHit, letters);
+        const SiteTexts texts = hits.decode(hit, letters);
+        EXPECT_EQ(texts[0], L"Caf\u00E9");
+        hits.addDecoded(texts);
+    }
+    const RowTable::Block block = hits.take();
+    ASSERT_EQ(block.rows.size(), 2U);
+    for (const RowTable::Row& row : block.rows) {
+        EXPECT_EQ(row.texts[0], L"Caf\u00E9");
+        EXPECT_EQ(row.texts[1], L"http://caf\u00E9/");
+        EXPECT_EQ(row.texts[2], L"Papers");
+        EXPECT_EQ(row.texts[3], L"10 \u20AC");
+    }
 }
 
 } // namespace
