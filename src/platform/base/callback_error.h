@@ -5,8 +5,8 @@
 
 namespace vandrel {
 
-// For functions that the system calls back within a call of ours: what they throw is kept until that call has
-// come back, and goes on from there.
+// Carries an exception out of a callback that the system runs during one of our calls: keep() stores it, and
+// rethrow() throws it once that call has returned.
 class CallbackError {
   public:
     template <typename Answer, typename Action> Answer keep(Answer fallback, Action action) noexcept
@@ -18,7 +18,7 @@ class CallbackError {
         }
         return fallback;
     }
-    // Throws what was kept, if anything.
+    // Throws the stored exception, if any.
     void rethrow()
     {
         if (error_) std::rethrow_exception(std::exchange(error_, nullptr));

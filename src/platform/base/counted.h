@@ -2,7 +2,7 @@
 
 namespace vandrel {
 
-// Counts up for the time it lives.
+// Raises a counter by one for as long as it lives.
 class Counted {
   public:
     explicit Counted(int& counter) : counter_(counter) { ++counter_; }

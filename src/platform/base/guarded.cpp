@@ -27,7 +27,7 @@ void showCurrent(HWND owner)
 
 void showCaughtError(HWND window) noexcept
 {
-    // Timers and painting go on under an open box. What fails there again and again must not pile up boxes.
+    // Timers and painting carry on while a box is open. One that keeps failing must not pile up boxes.
     static bool showing = false;
     if (std::exchange(showing, true)) return;
     const ScopeExit shown([] { showing = false; });
@@ -35,7 +35,7 @@ void showCaughtError(HWND window) noexcept
     try {
         showCurrent(owner);
     } catch (...) {
-        // Wording the box has failed, so this one is ready-made.
+        // Composing the text has failed, so this one is ready-made.
         MessageBoxW(owner, L"Run-time error '7':\r\n\r\nOut of memory", programTitle, MB_OK | MB_ICONHAND);
     }
 }

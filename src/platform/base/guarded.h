@@ -4,17 +4,16 @@
 
 namespace vandrel {
 
-// The seam between the program and the system. Whatever the system calls - window procedures, message
-// filters, the functions handed to an enumeration, drops, threads - runs its work through `guarded` or keeps
-// the error in a CallbackError, because an exception must not pass through the system's own code.
+// The boundary between the program and the system. Whatever the system calls (window procedures, message
+// filters, enumeration callbacks, drops, threads) does its work inside `guarded` or keeps the error in a
+// CallbackError, because an exception must not pass through the system's code.
 
-// Shows the exception that is being handled as the run-time error box over the window's top-level window.
-// Comes up with a box even when there is no memory left to word it; one box at a time. To be called in a
-// catch block.
+// To be called in a catch block. Shows the current exception in the run-time error box, over the window's
+// top-level window, even when there is no memory left to compose the text. Errors that occur while such a
+// box is open are not shown.
 void showCaughtError(HWND window) noexcept;
 
-// Runs what an event asks for. What it throws is shown to the user, and the program goes on with `fallback`
-// as the event's answer.
+// Runs the action of an event. An exception is shown to the user, and the event is answered with `fallback`.
 template <typename Action> LRESULT guarded(HWND window, LRESULT fallback, Action action) noexcept
 {
     try {

@@ -6,8 +6,9 @@
 
 namespace vandrel {
 
-// Owns one handle of the system: `Empty` is the value that means nothing, `Close` releases it. Closing keeps
-// the caller's last error, so that a failure can be reported after the handles of its scope are gone.
+// Owns one system handle: `Empty` returns the value that means none, `Close` releases the handle. Closing
+// preserves the last error, so that a failure can still be reported after the handles in its scope have
+// gone.
 template <typename T, auto Close, auto Empty> class UniqueHandle {
   public:
     UniqueHandle() = default;
@@ -34,7 +35,7 @@ template <typename T, auto Close, auto Empty> class UniqueHandle {
     }
 
   private:
-    // INVALID_HANDLE_VALUE is no constant that a template takes, so `Empty` is a function that returns it.
+    // `Empty` is a function because INVALID_HANDLE_VALUE cannot be a template argument.
     static T none() { return Empty(); }
 
     T handle_ = none();

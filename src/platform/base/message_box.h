@@ -8,7 +8,7 @@ namespace vandrel {
 
 class RuntimeError;
 
-// The values are the system's own, so that each box is told apart by them.
+// The system's values, as MessageBox takes them.
 enum class BoxIcon : UINT {
     critical = MB_ICONHAND,
     question = MB_ICONQUESTION,
@@ -18,10 +18,10 @@ enum class BoxIcon : UINT {
 
 void tell(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon);
 
-// Yes and No; true for Yes.
+// Yes and No buttons; true for Yes.
 bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon);
 
-// What a failure that nothing trapped looks like to the user.
+// Shows the user a failure that no command has handled.
 void showRuntimeError(HWND owner, const RuntimeError& error);
 
 } // namespace vandrel

@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// While one lives, the program's other windows take no input: what a dialog is about must not change beside
-// it. The owner of the dialog is disabled by whoever shows it.
+// Disables the program's other windows for as long as it lives, so that nobody can change what a dialog is
+// working on. The owner is left alone: whoever shows the dialog disables it.
 class ModalScope {
   public:
     ModalScope(HWND dialog, HWND owner);

@@ -8,7 +8,7 @@
 
 namespace vandrel {
 
-// Memory that is going to be read soon. The address need not be anybody's: where there is nothing, nothing happens.
+// Fetches memory that will be read soon into the cache. Any address will do: an invalid one has no effect.
 inline void prefetch([[maybe_unused]] std::uintptr_t address)
 {
 #if defined(__SSE2__) || defined(_M_X64)

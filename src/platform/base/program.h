@@ -2,7 +2,7 @@
 
 namespace vandrel {
 
-// The program's title: of its boxes, of its window and in the settings store.
+// The program's title in its message boxes, its window and the settings store.
 inline constexpr const wchar_t* programTitle = L"Vandrel";
 
 } // namespace vandrel

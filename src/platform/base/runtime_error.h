@@ -5,7 +5,8 @@
 
 namespace vandrel {
 
-// The numbers under which users of the platform know its run-time errors.
+// The platform's run-time error numbers.
+// Contract: users see these numbers, with the platform's own descriptions.
 namespace error_number {
 inline constexpr int invalidCall = 5;
 inline constexpr int overflow = 6;
@@ -35,8 +36,8 @@ inline constexpr int requestTimedOut = 35761;
 inline constexpr int stillExecuting = 35764;
 } // namespace error_number
 
-// The one failure type of the program. What no command traps is shown in the run-time error box by the event
-// dispatcher, after which the program goes on.
+// The program's only failure type. One that no command handles is shown in the run-time error box (see
+// guarded.h), after which the program carries on.
 class RuntimeError : public std::exception {
   public:
     explicit RuntimeError(int number);

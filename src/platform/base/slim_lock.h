@@ -4,7 +4,7 @@
 
 namespace vandrel {
 
-// A lock for std::lock_guard that needs no memory and cannot fail, unlike std::mutex.
+// A lock for std::lock_guard. Unlike std::mutex it needs no memory and cannot fail.
 class SlimLock {
   public:
     SlimLock() = default;

@@ -4,14 +4,14 @@
 
 namespace vandrel {
 
-// The run-time error that stands for an error code of the system (GetLastError).
+// The run-time error for an error code of the system (GetLastError).
 RuntimeError runtimeErrorOf(unsigned long systemError);
 
 // Throws the run-time error for the calling thread's last error.
 [[noreturn]] void raiseLastError();
 
-// Keeps the system from asking in boxes of its own, such as for a disk, what the program tells as an error.
-// For the whole process.
+// Stops the system from showing error boxes of its own, such as one that asks for a disk: the program
+// reports these errors itself. Applies to the whole process.
 void keepSystemBoxesAway();
 
 } // namespace vandrel

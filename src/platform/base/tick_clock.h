@@ -4,8 +4,7 @@
 
 namespace vandrel {
 
-// The clock that attempts which are repeated, and turns of long work, go by. A seam: a test puts a clock in
-// its place whose time passes when the test says so.
+// The clock for retries and for pacing long work. Tests replace it with one whose time they set.
 class TickClock {
   public:
     virtual ~TickClock() = default;
@@ -15,10 +14,10 @@ class TickClock {
     virtual void sleep(DWORD milliseconds);
 };
 
-// The clock in force: the system's own, unless a TickClockInForce says otherwise.
+// The clock in use: the system's, unless a TickClockInForce replaces it.
 TickClock& tickClock();
 
-// Puts a clock in force for the whole process, and the one before it again when it goes.
+// Replaces the clock for the whole process for as long as it lives.
 class TickClockInForce {
   public:
     explicit TickClockInForce(TickClock& clock);
@@ -30,14 +29,14 @@ class TickClockInForce {
     TickClock* before_;
 };
 
-// The time within which an attempt is repeated that another program stands in the way of.
+// The time during which an attempt that another program blocks is repeated.
 class RetryTime {
   public:
     RetryTime(ULONGLONG milliseconds, DWORD pauseMilliseconds)
         : deadline_(tickClock().now() + milliseconds), pause_(pauseMilliseconds)
     {}
     bool isOver() const { return tickClock().now() >= deadline_; }
-    // Sleeps between two attempts.
+    // To be called between two attempts.
     void pause() const { tickClock().sleep(pause_); }
 
   private:

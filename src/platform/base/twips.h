@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// A length in twips, 1/1440 inch, the unit of all geometry above the native controls. A type of its own, so
-// that a length is never taken for a number of pixels.
+// A length in twips, 1/1440 inch, the unit of all geometry above the native controls. A separate type, so
+// that a length cannot be mistaken for a number of pixels.
 struct Twips {
     float value = 0;
 
@@ -20,8 +20,8 @@ constexpr Twips operator""_twips(unsigned long long value) { return {static_cast
 
 inline constexpr int twipsPerInch = 1440;
 
-// Nearest whole pixel at `dpi`. Lengths that no screen has (a damaged preference) are cut at a million
-// pixels.
+// The nearest whole pixel at `dpi`, limited to a million either way because a damaged preference may hold
+// any length; 0 for NaN.
 inline int toPixels(Twips length, unsigned dpi)
 {
     constexpr double limit = 1e6;

@@ -8,7 +8,7 @@ namespace {
 
 bool disregarded = false;
 
-// Without memory of the heap: a window goes back into its layer also when that has run out.
+// Uses no heap: a window must get back into its layer even when memory has run out.
 struct OwnedWindows {
     HWND owner;
     std::array<HWND, 64> windows{};
@@ -45,7 +45,7 @@ WineDisregarded::~WineDisregarded() { disregarded = false; }
 
 void putInLayerUnderWine(HWND window, HWND layer) noexcept
 {
-    // The owned windows are let go of for the moment, and go along one by one, the lowest first, to stay
+    // The owned windows are detached for the moment and moved one by one, lowest first, so that they stay
     // above their owner.
     constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;
     const HWND active = GetActiveWindow();
@@ -57,7 +57,7 @@ void putInLayerUnderWine(HWND window, HWND layer) noexcept
         SetWindowPos(*other, layer, 0, 0, 0, 0, inPlace | SWP_NOACTIVATE);
     for (const HWND other : owned)
         SetWindowLongPtrW(other, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(window));
-    // To go into another layer made the window the active one, which may be a dialog of its.
+    // The move activated this window, but the active one may be a dialog that it owns.
     if (active != nullptr && GetActiveWindow() != active) SetActiveWindow(active);
 }
 

@@ -4,19 +4,18 @@
 
 namespace vandrel {
 
-// Windows is what the program runs on, and Wine what it is tried on. Whatever is done for Wine's sake alone
-// stands in this file and the one beside it, with the version of Wine that needs it, and does not run on
-// Windows.
+// Users run the program on Windows; Wine is only its test bench. Whatever is done for Wine alone is in this
+// file and wine.cpp, with the version of Wine that needs it, and has no effect on Windows.
 
-// Asks once whether the system's core library is Wine's.
+// Also false while a WineDisregarded lives.
 bool runningUnderWine() noexcept;
 
-// Wine 8.0: a move into the topmost layer, or out of it, moves the windows that a window owns (tool tips,
-// dialogs) and leaves the window itself where it was. `layer` is HWND_TOPMOST or HWND_NOTOPMOST; all of them
-// go there, and the active window stays.
+// Wine 8.0: moving a window into the topmost layer, or out of it, moves the windows that it owns (tool tips,
+// dialogs) but not the window itself. This moves all of them to `layer`, HWND_TOPMOST or HWND_NOTOPMOST, and
+// keeps the active window.
 void putInLayerUnderWine(HWND window, HWND layer) noexcept;
 
-// While one lives, the program does what it does on Windows. For tests.
+// For tests: while one lives, the program behaves as on Windows.
 class WineDisregarded {
   public:
     WineDisregarded() noexcept;

@@ -11,9 +11,9 @@
 namespace vandrel {
 namespace {
 
-constexpr UINT laterMessage = WM_APP + 1; // the native controls use none of these numbers
+constexpr UINT laterMessage = WM_APP + 1; // not used by the native controls
 
-// Asks a window for its object. The system gives out the number, so no other window knows the message.
+// Asks a window for its object. The system assigns the number, so it means nothing to any other window.
 UINT objectMessage()
 {
     static const UINT number = RegisterWindowMessageW(L"Vandrel.Control");
@@ -28,14 +28,14 @@ Control::Control(HWND parent, const wchar_t* className, DWORD style, DWORD exten
                               GetModuleHandleW(nullptr), nullptr))
 {
     if (window_ == nullptr) raiseLastError();
-    // The word that a window keeps for whoever made it gives the object at once. SetWindowSubclass would look
-    // for it among the window's properties at each message, and a list gets one for every text that it paints.
+    // GWLP_USERDATA gives the object at once. SetWindowSubclass would search the window's properties for
+    // every message, and a list gets one for each text that it paints.
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     nativeProc_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(controlProc)));
 }
 
-// The object answers to the end, as a control that knows no more than the native one.
+// The last messages get the native behaviour, because the overrides of derived classes no longer apply.
 Control::~Control()
 {
     if (window_ != nullptr) DestroyWindow(window_);
@@ -81,9 +81,9 @@ LRESULT Control::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 
 Control* Control::of(HWND window)
 {
-    // A window of another thread would be waited for.
+    // Asking a window of another thread would mean waiting for it.
     if (GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) return nullptr;
-    // At once, unless another procedure stands in front of ours.
+    // No message is needed unless another window procedure has been put in front of ours.
     if (GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(controlProc))
         return reinterpret_cast<Control*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     return reinterpret_cast<Control*>(SendMessageW(window, objectMessage(), 0, 0));
@@ -134,7 +134,7 @@ void Control::applyFont()
     FontHandle font = makeFont(font_, dpi());
     if (!font) return;
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-    fontHandle_ = std::move(font); // the old one goes only after the control has the new one
+    fontHandle_ = std::move(font); // the old font is freed only now that the control has the new one
 }
 
 void Control::setForeColor(COLORREF color)
@@ -192,7 +192,7 @@ std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORBTN: {
         const HWND window = reinterpret_cast<HWND>(lParam);
         Control* control = Control::of(window);
-        if (control == nullptr) control = Control::of(GetParent(window)); // the text box of a combo box
+        if (control == nullptr) control = Control::of(GetParent(window)); // the text box in a combo box
         return control != nullptr ? control->onColor(reinterpret_cast<HDC>(wParam), message) : std::nullopt;
     }
     default: return std::nullopt;

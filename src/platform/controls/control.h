@@ -9,8 +9,8 @@
 
 namespace vandrel {
 
-// A native control. The object owns its window; the parent sends what the window reports back to the object
-// (reflect). Neither copied nor moved.
+// A native control. The object owns its window; the parent passes the notifications of the window on to the
+// object (see reflect).
 class Control {
   public:
     Control(const Control&) = delete;
@@ -21,9 +21,9 @@ class Control {
     unsigned dpi() const { return GetDpiForWindow(window_); }
     int pixels(Twips length) const { return toPixels(length, dpi()); }
 
-    // Pixels, from the parent's client area.
+    // Pixels, relative to the parent's client area.
     void place(int left, int top, int width, int height);
-    // Each changes the window only when it is not so already.
+    // Neither touches the window if nothing changes.
     void setEnabled(bool on);
     bool enabled() const { return IsWindowEnabled(window_) != 0; }
     void setVisible(bool on);
@@ -34,35 +34,36 @@ class Control {
     virtual std::wstring text() const;
     virtual void setText(const std::wstring& text);
 
-    // What the control has in pixels, again for the DPI that the window has come to.
+    // To be called when the window has come to another DPI: updates whatever the control has in pixels.
     virtual void dpiChanged(unsigned /*dpi*/) { applyFont(); }
     const FontDescription& font() const { return font_; }
     void setFont(const FontDescription& font);
-    // Pixels that a text takes on one line in the control's font; see textSize.
+    // The size in pixels of a text on one line in the control's font; see textSize.
     SIZE sizeOf(const std::wstring& text) const { return textSize(fontHandle_.get(), text); }
-    // 0x00BBGGRR; a control that has no text colour of its own ignores it.
+    // 0x00BBGGRR; ignored by a control without a text colour.
     virtual void setForeColor(COLORREF color);
     COLORREF foreColor() const { return foreColor_; }
 
-    // What a screen reader says of a control that shows no text of its own.
+    // What a screen reader calls a control that shows no text.
     void setAccessibleName(const std::wstring& name) { SetWindowTextW(window_, name.c_str()); }
 
-    // Null when the window, whosever it is, is no control of this thread.
+    // Null if the window, which may be any, is not a Control of this thread.
     static Control* of(HWND window);
 
-    // What the parent was told about this control; no value leaves the message to the parent.
+    // Notifications that the parent got about this control; no value leaves the message to the parent.
     virtual std::optional<LRESULT> onNotify(NMHDR&) { return std::nullopt; }
     virtual void onCommand(WORD /*code*/, WORD /*id*/) {}
     virtual std::optional<LRESULT> onColor(HDC context, UINT message);
     virtual void onDrawItem(const DRAWITEMSTRUCT&) {}
 
   protected:
-    // `style` gets WS_CHILD and WS_VISIBLE added.
+    // Adds WS_CHILD and WS_VISIBLE to `style`.
     Control(HWND parent, const wchar_t* className, DWORD style, DWORD extendedStyle, int id);
 
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    // Runs `action` by a message of its own. For what the native control reports in the middle of its work: a
-    // command that ran there would keep it from finishing, and might destroy it under its own feet.
+    // Runs `action` from a posted message. For what the native control reports in the middle of its work: a
+    // command run there would hold it up, and might destroy it. Throws RuntimeError if nothing can be
+    // posted.
     void later(std::function<void()> action);
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
@@ -80,12 +81,12 @@ class Control {
     std::deque<std::function<void()>> waiting_;
 };
 
-// Hands WM_SYSCOLORCHANGE, which the system sends to top-level windows only, to all controls within the
-// window.
+// Passes WM_SYSCOLORCHANGE, which the system sends to top-level windows only, on to all controls in the
+// window, and repaints them.
 void tellSystemColors(HWND window);
 
-// Hands WM_NOTIFY, WM_COMMAND, WM_DRAWITEM and the colour messages that a parent got to the control they are
-// about.
+// Passes the WM_NOTIFY, WM_COMMAND, WM_DRAWITEM and colour messages that a parent gets on to the control
+// concerned.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
 } // namespace vandrel

@@ -4,9 +4,10 @@
 
 namespace vandrel {
 
-// Nothing of the window is drawn while this lives, and all of it after: what moved its contents meanwhile
-// took old pixels along. One window of the whole desktop can be frozen at a time, so never hold it across
-// anything that waits.
+// Suspends drawing in the window for as long as it lives, then redraws all of it, because contents that
+// moved have taken stale pixels along. Only one window on the desktop can be frozen at a time, so never hold
+// this across anything that waits.
+// Contract: the layout freezes drawing with LockWindowUpdate.
 class DrawingFreeze {
   public:
     explicit DrawingFreeze(HWND window) : window_(window) { LockWindowUpdate(window); }

@@ -14,9 +14,9 @@ class DriveList : public Control {
     std::function<void()> Change; // the user chose a drive
 
     std::wstring drive() const; // empty when none is chosen
-    // The drive with which the path begins. One that the machine does not have leaves none chosen.
+    // Selects the drive that the path begins with; none if the machine does not have it.
     void setDrive(const std::wstring& path);
-    // Pixels of the closed box, and of what it takes to open it.
+    // In pixels: of the closed box, and of the box with its list open.
     int height() const { return outerHeight(); }
     int openHeight() const;
 

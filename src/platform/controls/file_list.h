@@ -4,16 +4,16 @@
 
 namespace vandrel {
 
-// The names of the files of one kind in a folder, sorted.
+// The sorted names of the files of one kind in a folder.
 class FileList : public ListBox {
   public:
-    // Shows the files whose names end with `extension`, in whatever case.
+    // Shows the files whose names end in `extension`, ignoring case.
     FileList(HWND parent, int id, std::wstring extension);
 
     std::function<void()> DblClick;
 
     const std::wstring& path() const { return path_; }
-    // A folder that cannot be listed has no files.
+    // A folder that cannot be listed shows no files.
     void setPath(const std::wstring& path);
 
   protected:

@@ -24,7 +24,7 @@ std::wstring fullPath(const std::wstring& path)
     return full;
 }
 
-// The part of a full path that is no folder's name: "C:\" or "\\server\share\".
+// The part of a full path that is not a folder name: "C:\" or "\\server\share\".
 std::size_t rootLength(const std::wstring& path)
 {
     if (!path.starts_with(L"\\\\")) return std::min<std::size_t>(3, path.size());
@@ -90,7 +90,7 @@ void FolderList::openParent()
 LRESULT FolderList::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_GETDLGCODE) {
-        // Enter would else press the dialog's default button.
+        // Otherwise Enter would press the dialog's default button.
         const auto* const key = reinterpret_cast<const MSG*>(lParam);
         const LRESULT code = ListBox::onMessage(message, wParam, lParam);
         return key != nullptr && key->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;

@@ -5,16 +5,17 @@
 
 namespace vandrel {
 
-// The folders on the way from the drive to a folder, and its subfolders. Double click and Enter open the
-// selected one, Backspace the one above.
+// The folders from the drive down to a folder, and its subfolders. A double click or Enter opens the
+// selected folder, Backspace the parent.
 class FolderList : public ListBox {
   public:
     FolderList(HWND parent, int id);
 
-    std::function<void()> Change; // the list shows another folder
+    std::function<void()> Change; // the list shows another folder now
 
-    const std::wstring& path() const { return path_; } // without a backslash at its end, a drive's excepted
-    // Throws RuntimeError (71, 76) when there is no such folder to be read; the list stays as it was then.
+    const std::wstring& path() const { return path_; } // ends with a backslash only for a drive
+    // Throws RuntimeError (71, 76) and leaves the list unchanged if there is no such folder or it cannot be
+    // read.
     void setPath(const std::wstring& path);
 
     void onDrawItem(const DRAWITEMSTRUCT& item) override;

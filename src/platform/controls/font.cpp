@@ -32,7 +32,7 @@ std::vector<std::wstring> screenFonts()
         [](const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM param) {
             Search& found = *reinterpret_cast<Search*>(param);
             return found.error.keep(0, [&] {
-                // A font comes once for each of its scripts.
+                // A font is listed once for each of its scripts.
                 if (std::ranges::find(found.names, font->lfFaceName) == found.names.end())
                     found.names.emplace_back(font->lfFaceName);
                 return 1;

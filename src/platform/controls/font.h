@@ -18,10 +18,10 @@ struct FontDescription {
 
 FontHandle makeFont(const FontDescription& description, unsigned dpi);
 
-// The names of the fonts that the screen can show, in the order in which the system gives them.
+// The names of the screen's fonts, in the system's order.
 std::vector<std::wstring> screenFonts();
 
-// Pixels that a text takes on one line in the font; the height is that of the font's lines.
+// The size in pixels of a text on one line; the height is the font's line height.
 SIZE textSize(HFONT font, const std::wstring& text);
 
 } // namespace vandrel

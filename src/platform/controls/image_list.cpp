@@ -4,8 +4,8 @@ namespace vandrel {
 
 IconHandle loadIcon(const wchar_t* resource, int size)
 {
-    // Scales a larger drawing down where none has the size, and not the nearest one up. The import library
-    // does not know it.
+    // Unlike LoadImage, this scales a larger image down, rather than the nearest one up, if none has the
+    // size. The import library lacks it.
     using ScaleDown = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
     static const auto scaleDown = reinterpret_cast<ScaleDown>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"comctl32.dll"), "LoadIconWithScaleDown")));
@@ -20,7 +20,7 @@ ImageListHandle loadImages(std::span<const wchar_t* const> resources, int size)
 {
     ImageListHandle images(ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(resources.size()), 0));
     for (const wchar_t* const resource : resources)
-        ImageList_ReplaceIcon(images.get(), -1, loadIcon(resource, size).get()); // behind the others
+        ImageList_ReplaceIcon(images.get(), -1, loadIcon(resource, size).get()); // -1: append
     return images;
 }
 

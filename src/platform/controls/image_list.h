@@ -11,7 +11,7 @@ namespace vandrel {
 
 using ImageListHandle = UniqueHandle<HIMAGELIST, ImageList_Destroy, nullHandle<HIMAGELIST>>;
 
-// The icon of that resource name, drawn for `size` pixels.
+// The icon with that resource name, `size` pixels wide and high.
 IconHandle loadIcon(const wchar_t* resource, int size);
 
 // One image for each resource name, in order.

@@ -5,10 +5,10 @@
 namespace vandrel {
 namespace {
 
-// The system's own link colour is unreadable in some of its plain themes.
+// In some plain themes the link colour of the system is unreadable.
 constexpr COLORREF linkColor = RGB(0x00, 0x50, 0xB0);
 
-// High contrast, or colours that the user has chosen: ours are for light surfaces.
+// True in high contrast and for some colour schemes of the user. Our colours are for light surfaces.
 bool surfaceIsDark()
 {
     const COLORREF surface = GetSysColor(COLOR_3DFACE);
@@ -54,7 +54,7 @@ LRESULT LinkLabel::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_GETDLGCODE: {
-        // Enter would else press the dialog's default button.
+        // Otherwise Enter would press the dialog's default button.
         const auto* const key = reinterpret_cast<const MSG*>(lParam);
         return key != nullptr && key->wParam == VK_RETURN ? DLGC_WANTMESSAGE : 0;
     }

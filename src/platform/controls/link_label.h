@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// A text that is clicked: underlined, in the colour of links, with the hand as its cursor. It takes part in
-// Tab; Space and Enter click it. What does not fit ends with an ellipsis.
+// A clickable text: underlined, in the link colour, with a hand cursor. It is a tab stop; Space and Enter
+// click it. Text that does not fit ends with an ellipsis.
 class LinkLabel : public Control {
   public:
     LinkLabel(HWND parent, int id, const std::wstring& text);
@@ -15,8 +15,8 @@ class LinkLabel : public Control {
     std::function<void()> Click;
     std::function<void()> MouseMove;
 
-    // Its own colour (0x00BBGGRR) in place of that of links; on a dark surface the system's colour of links
-    // or of plain text takes its place.
+    // `color` (0x00BBGGRR) replaces the link colour. On a dark surface the system's colour for links or
+    // plain text is used instead.
     void setLook(COLORREF color, bool underlined);
     bool underlined() const { return isUnderlined_; }
 

@@ -7,7 +7,8 @@
 namespace vandrel {
 namespace {
 
-// So many are faster forgotten by the native control with all rows than one by one.
+// From this many rows on it is faster to have the native control forget all rows than to unselect them
+// singly.
 constexpr std::size_t manyRows = 1000;
 
 DWORD listStyle(ListView::Selection selection, bool labelEdit)
@@ -53,7 +54,7 @@ LRESULT ListView::send(UINT message, WPARAM wParam, LPARAM lParam) const
 
 void ListView::updateCount(DWORD flags)
 {
-    // The same number again would still repaint the scroll bars.
+    // Setting the same number would still repaint the scroll bars.
     if (static_cast<std::size_t>(send(LVM_GETITEMCOUNT)) != count()) {
         send(LVM_SETITEMCOUNT, count(), static_cast<LPARAM>(flags));
     }
@@ -65,7 +66,7 @@ void ListView::rowChanged(std::size_t row)
     if (changing_ == 0) send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
 }
 
-// Within a pause, changes are part of the one that it is.
+// A ListPause is one change, and changes within it are part of it.
 void ListView::rowsChanging(RowChange change)
 {
     ++changes_;
@@ -86,23 +87,24 @@ void ListView::rowsChanged(RowChange change)
     if (change == RowChange::moved) {
         endMoving();
     } else {
-        if (replaced_) send(LVM_SETITEMCOUNT, 0); // takes the list to its top
+        if (replaced_) send(LVM_SETITEMCOUNT, 0); // scrolls to the top
         updateCount(change == RowChange::appended ? LVSICF_NOSCROLL : 0);
     }
     showSortOrder();
 }
 
-// What the native control knows by row number - selection and focus - is taken to the rows before they change
-// places, and given back after.
+// The native control knows selection and focus by row number. Both are stored with the rows before these
+// move, and restored afterwards.
 void ListView::beginMoving()
 {
     markSelection();
-    if (selectedCount() > 0) redrawPause_.emplace(handle()); // else it costs more than it saves
-    const Counted quiet(quiet_);
+    if (selectedCount() > 0) redrawPause_.emplace(handle()); // otherwise it costs more than it saves
+    const Counted selecting(selectingItself_);
     manySelected_ = selectedCount() >= manyRows;
     topRow_ = static_cast<std::size_t>(send(LVM_GETTOPINDEX));
     if (manySelected_) {
-        // Without rows the control forgets them in one step; row by row takes longer than anything else here.
+        // Without rows the control forgets the selection at once; row by row would take longer than anything
+        // else here.
         send(LVM_SETITEMCOUNT, 0, LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
     } else {
         dropSelection();
@@ -112,7 +114,7 @@ void ListView::beginMoving()
 void ListView::endMoving()
 {
     {
-        const Counted quiet(quiet_);
+        const Counted selecting(selectingItself_);
         updateCount(LVSICF_NOSCROLL);
         if (manySelected_ && topRow_ < count()) {
             ensureVisible(count() - 1);
@@ -127,7 +129,7 @@ void ListView::ensureVisible(std::size_t row) { send(LVM_ENSUREVISIBLE, row, FAL
 
 // ---- columns and styles
 
-// By an arrow in the heading of the column.
+// With an arrow in the column's heading.
 void ListView::showSortOrder()
 {
     const auto order = rows_.order();
@@ -155,7 +157,7 @@ Twips ListView::columnWidth(std::size_t column) const
 
 void ListView::setColumnWidth(std::size_t column, Twips width)
 {
-    columnWidths_[column] = width > 0_twips ? width : 0_twips; // also when it is no number
+    columnWidths_[column] = width > 0_twips ? width : 0_twips; // also for NaN
     const int native = toPixels(columnWidths_[column], columnDpi_);
     if (send(LVM_GETCOLUMNWIDTH, column) != native) send(LVM_SETCOLUMNWIDTH, column, native);
 }
@@ -190,8 +192,7 @@ void ListView::setImages(HIMAGELIST images)
 void ListView::setForeColor(COLORREF color)
 {
     Control::setForeColor(color);
-    // Black is the default and means the theme's own text colour, which a high-contrast scheme makes
-    // readable.
+    // Black, the default, means the system's text colour, which stays readable in high contrast.
     send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(color == 0 ? GetSysColor(COLOR_WINDOWTEXT) : color));
 }
 
@@ -207,7 +208,7 @@ void ListView::editLabel(std::size_t row)
 {
     setFocus();
     ensureVisible(row);
-    const Counted quiet(quiet_); // starting to edit may select the row anew
+    const Counted selecting(selectingItself_); // starting the edit may select the row again
     send(LVM_EDITLABELW, row);
 }
 
@@ -215,13 +216,13 @@ bool ListView::editingLabel() const { return send(LVM_GETEDITCONTROL) != 0; }
 
 void ListView::finishLabelEdit()
 {
-    if (editingLabel()) setFocus(); // the box takes the loss of the keyboard for Enter
+    if (editingLabel()) setFocus(); // losing the focus accepts the text, as Enter does
 }
 
 // The native control knows the edited row by its number, which is about to mean another row.
 void ListView::dropLabelEdit()
 {
-    // Some systems take the text all the same: without a row it goes nowhere.
+    // The control may report the typed text all the same; without a row it is ignored.
     if (std::exchange(editedRow_, 0) != 0) send(LVM_CANCELEDITLABEL);
 }
 

@@ -14,9 +14,9 @@
 
 namespace vandrel {
 
-// A list view in report view: it asks a source of rows for what it paints, and knows the selection and the scroll
-// place. Rows and columns count from 0. The selection and the current row stay with their row when rows change
-// places.
+// A virtual list view in report view: it asks a row source for what it paints, and holds only the selection
+// and the scroll position. Rows and columns count from 0. The selection and the current row follow their
+// rows when these move.
 class ListView : public Control, private RowObserver {
   public:
     struct Column {
@@ -24,22 +24,22 @@ class ListView : public Control, private RowObserver {
         Twips width;
     };
     enum class Selection {
-        one, // once a row is selected, neither keys nor mouse leave the list without one
+        one, // once a row is selected, the user cannot leave the list without one
         many,
     };
-    // `rows` is borrowed and observed.
+    // Borrows and observes `rows`.
     ListView(HWND parent, int id, Selection selection, bool labelEdit, std::initializer_list<Column> columns,
              RowSource& rows);
     ~ListView() override;
 
-    std::function<void(std::size_t row)> ItemClick; // the user selected the row, by mouse or by key
+    std::function<void(std::size_t row)> ItemClick; // the user selected the row with the mouse or keyboard
     std::function<void(std::size_t column)> ColumnClick;
     std::function<void()> DblClick;
     std::function<void()> Return; // while it is bound, Enter does not press a dialog's default button
     std::function<void()> MouseMove;
-    std::function<void(POINT screen)> RightClick; // released, or the menu key pressed
+    std::function<void(POINT screen)> RightClick; // right button released, or menu key pressed
     std::function<void(std::size_t row)> BeforeLabelEdit;
-    // Gives the row its new text, and says whether it did.
+    // Sets the new text of the row, and returns whether it did.
     std::function<bool(std::size_t row, const std::wstring& text)> AfterLabelEdit;
 
     std::size_t count() const { return rows_.size(); }
@@ -51,17 +51,17 @@ class ListView : public Control, private RowObserver {
     }
     void ensureVisible(std::size_t row);
 
-    // The row that commands act on: the one with the focus if it is selected, else the first selected one.
+    // The row that commands act on: the focused one if it is selected, otherwise the first selected one.
     std::optional<std::size_t> currentRow() const;
     std::optional<std::size_t> firstSelected() const;
-    // The row that the keyboard is on, selected or not.
+    // The row with the keyboard focus, selected or not.
     std::optional<std::size_t> focusedRow() const { return nextRow(-1, LVNI_FOCUSED); }
     bool isSelected(std::size_t row) const;
     std::size_t selectedCount() const;
-    void select(std::size_t row); // this row alone, and current
+    void select(std::size_t row); // only this row, and makes it current
     void selectAll();
     void clearSelection();
-    // Marks the selected rows in the source.
+    // Marks the selected rows and the current one in the source.
     void markSelection();
 
     Twips columnWidth(std::size_t column) const;
@@ -72,7 +72,7 @@ class ListView : public Control, private RowObserver {
     void setHoverSelection(bool on);
     void editLabel(std::size_t row);
     bool editingLabel() const;
-    // Takes what was typed, as Enter does.
+    // Accepts what was typed, as Enter does.
     void finishLabelEdit();
     void setImages(HIMAGELIST images); // borrowed
 
@@ -116,26 +116,26 @@ class ListView : public Control, private RowObserver {
 
     RowSource& rows_;
     Selection selection_;
-    std::vector<Twips> columnWidths_; // as they were set; what the user dragged differs from them in pixels
-    unsigned columnDpi_;              // for which the native widths are
+    std::vector<Twips> columnWidths_;            // as set; a column that the user dragged differs in pixels
+    unsigned columnDpi_;                         // of the native widths
     std::optional<RowSource::Order> shownOrder_; // by the arrow in a column's heading
-    int quiet_ = 0;                              // above 0 the program itself changes the selection
-    int changing_ = 0;      // above 0 rows are changing, and the native control is told nothing
-    bool replaced_ = false; // meanwhile: none of the rows of before is left
+    int selectingItself_ = 0;                    // above 0: the program itself changes the selection
+    int changing_ = 0;      // above 0: rows are changing, and the native control is not told
+    bool replaced_ = false; // by these changes: none of the previous rows is left
     bool manySelected_ = false;
     std::size_t topRow_ = 0;
     std::optional<RedrawPause> redrawPause_;
-    int userMessages_ = 0;        // above 0 a message of the user is being answered
-    std::size_t lastFocused_ = 0; // a hint, asked before it is believed
-    unsigned changes_ = 0;        // of the rows: what was known by number before one means nothing after it
-    RowSource::Id editedRow_ = 0; // by the label edit that is open; 0: none is
+    int userMessages_ = 0;        // above 0: a mouse or key message is being handled
+    std::size_t lastFocused_ = 0; // only a hint: check before use
+    unsigned changes_ = 0;        // counts changes: a row number from before one means nothing after it
+    RowSource::Id editedRow_ = 0; // in the open label edit; 0 for none
     bool clickPending_ = false;
-    bool pressFired_ = false; // the press of the button selected a row already
+    bool pressFired_ = false; // pressing the button has selected a row already
 };
 
-// While one lives, the native control is told neither how many rows there are nor which are selected: for a
-// change of either it paints scroll bars and frames at once, which costs more than adding a row. For work that
-// adds row after row before the next message, and does not ask about the selection.
+// While one lives, the native control is told neither the number of rows nor the selection: it would repaint
+// scroll bars and frame at every change, which costs more than adding a row. For work that adds many rows
+// before the next message and does not ask about the selection.
 class ListPause {
   public:
     explicit ListPause(ListView& list) : list_(list) { list_.rowsChanging(RowChange::moved); }

@@ -9,8 +9,8 @@
 namespace vandrel {
 namespace {
 
-// From this size on, selecting or unselecting row after row is painted once at the end: with painting on, the
-// native control takes seconds for 100,000 rows.
+// From this many rows on, a change of selection is painted once, at the end: otherwise the native control
+// takes seconds for 100,000 rows.
 constexpr std::size_t manyRows = 1000;
 
 bool keyDown(int key) { return GetKeyState(key) < 0; }
@@ -37,7 +37,8 @@ LRESULT ListView::withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam)
     return Control::onMessage(message, wParam, lParam);
 }
 
-// Whether a key or a press that the native control is about to answer changes the state of many rows.
+// Whether the key or button press that the native control is about to handle may change the state of many
+// rows.
 bool ListView::unselectsMany(UINT message) const
 {
     if (count() < manyRows || selection_ == Selection::one) return false;
@@ -83,7 +84,7 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_RBUTTONDOWN: pressFired_ = false; return userMessage(message, wParam, lParam);
     case WM_LBUTTONUP: return userMessage(message, wParam, lParam);
     case WM_CONTEXTMENU:
-        // The mouse was answered with NM_RCLICK; this is the menu key.
+        // NM_RCLICK handles the mouse; this is the menu key.
         if (GET_X_LPARAM(lParam) == -1 && GET_Y_LPARAM(lParam) == -1) openMenuLater(menuPoint());
         return 0;
     case WM_GETDLGCODE: {
@@ -128,7 +129,7 @@ void ListView::answerDisplay(LVITEMW& item) const
     if ((item.mask & LVIF_IMAGE) != 0) item.iImage = rows_.image(row) - 1;
 }
 
-// The row that typed letters lead to.
+// The row that the typed letters lead to.
 LRESULT ListView::findRow(const NMLVFINDITEMW& wanted) const
 {
     const bool wholeText = (wanted.lvfi.flags & LVFI_PARTIAL) == 0;
@@ -155,7 +156,7 @@ std::optional<LRESULT> ListView::onBeginLabelEdit(const NMLVDISPINFOW& info)
     return FALSE;
 }
 
-// The row that the edit began on, wherever it stands by now.
+// For the row on which the edit began, wherever it is now.
 std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
 {
     const auto row = rows_.rowOf(std::exchange(editedRow_, 0));
@@ -163,7 +164,7 @@ std::optional<LRESULT> ListView::onEndLabelEdit(const NMLVDISPINFOW& info)
     return AfterLabelEdit(*row, info.item.pszText) ? TRUE : FALSE;
 }
 
-// Behind what the press or key selected.
+// Posted, so that the press or key has selected its row before the menu opens.
 void ListView::openMenuLater(POINT screen)
 {
     later([this, screen] {
@@ -185,17 +186,17 @@ std::optional<LRESULT> ListView::onNotify(NMHDR& header)
         }
         const bool gained = (change.uNewState & LVIS_SELECTED) != 0 &&
                             (change.uOldState & LVIS_SELECTED) == 0;
-        if (gained && quiet_ == 0) selectionGained();
+        if (gained && selectingItself_ == 0) selectionGained();
         return 0;
     }
     case LVN_ODSTATECHANGED:
-        if (quiet_ == 0 &&
+        if (selectingItself_ == 0 &&
             (reinterpret_cast<const NMLVODSTATECHANGE&>(header).uNewState & LVIS_SELECTED) != 0) {
             selectionGained();
         }
         return 0;
     case NM_CLICK:
-        // A click on a row that was selected before.
+        // A click on a row that was selected already.
         if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !pressFired_) selectionGained();
         return 0;
     case NM_DBLCLK:
@@ -207,11 +208,11 @@ std::optional<LRESULT> ListView::onNotify(NMHDR& header)
         POINT point{};
         GetCursorPos(&point);
         openMenuLater(point);
-        return 1; // answered: no WM_CONTEXTMENU for it
+        return 1; // handled: no WM_CONTEXTMENU follows
     }
     case LVN_COLUMNCLICK:
         later([this, column = reinterpret_cast<const NMLISTVIEW&>(header).iSubItem] {
-            finishLabelEdit(); // what was typed is meant for the row as it stands now
+            finishLabelEdit(); // before the rows move
             if (ColumnClick) ColumnClick(static_cast<std::size_t>(column));
         });
         return 0;

@@ -7,8 +7,8 @@
 
 namespace vandrel {
 
-// Looking for a state goes through the rows one by one in some versions of the control, so what is known is
-// asked for first: how many are selected, and the row that was the last to get the focus.
+// LVM_GETNEXTITEM may look at the rows one by one. Callers first ask for what is cheap: the number of
+// selected rows, and the row that last got the focus.
 std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
 {
     const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
@@ -47,7 +47,7 @@ void ListView::setState(int row, UINT state, UINT mask)
 
 void ListView::select(std::size_t row)
 {
-    const Counted quiet(quiet_);
+    const Counted selecting(selectingItself_);
     dropSelection();
     setState(static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));
@@ -57,7 +57,7 @@ void ListView::selectAll()
 {
     if (selection_ != Selection::many || empty()) return;
     const RedrawPause pause(handle());
-    const Counted quiet(quiet_);
+    const Counted selecting(selectingItself_);
     setState(-1, LVIS_SELECTED, LVIS_SELECTED);
 }
 
@@ -65,20 +65,21 @@ void ListView::clearSelection()
 {
     if (selectedCount() == 0) return;
     const RedrawPause pause(handle());
-    const Counted quiet(quiet_);
+    const Counted selecting(selectingItself_);
     dropSelection();
 }
 
-// As many rows as are selected, the last of them the last that is: then there is no gap. Asking for tens of
-// thousands of rows one by one takes longer than removing them.
+// `first` is the first selected row, `rows` the number of selected rows. They form a block if the last row
+// of it is selected and no later one is. Asking tens of thousands of rows singly takes longer than removing
+// them.
 bool ListView::isSelectedBlock(std::size_t first, std::size_t rows) const
 {
     const std::size_t last = first + rows - 1;
     return last < count() && isSelected(last) && !nextRow(static_cast<LRESULT>(last), LVNI_SELECTED);
 }
 
-// Row by row where they are scattered: all at once takes the control far longer then. Needs no memory, so
-// that a list can always be emptied.
+// Row by row if they are scattered, because the control takes far longer to do that in one go. Uses no
+// memory, so that a list can always be emptied.
 void ListView::dropSelection()
 {
     std::size_t left = selectedCount();
@@ -93,7 +94,7 @@ void ListView::dropSelection()
     }
 }
 
-// Without memory, so that a row can always be taken off again.
+// Uses no memory, so that a row can always be removed again.
 void ListView::markSelection()
 {
     for (std::size_t row = 0; row < count(); ++row) rows_.setMark(row, {});

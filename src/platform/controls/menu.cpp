@@ -12,7 +12,7 @@ std::wstring captionWithShortcut(const MenuRow& row)
                                  : std::wstring(row.caption) + L"\t" + shortcutText(row.shortcut);
 }
 
-// A title is shown as it is: no letter of it is an access key.
+// Doubles every "&", so that no letter of a title becomes an access key.
 std::wstring withoutAccessKeys(const std::wstring& text)
 {
     std::wstring shown;
@@ -36,7 +36,7 @@ std::wstring shortcutText(Shortcut shortcut)
 MenuTree::MenuTree(std::span<const MenuRow> rows) : bar_(CreateMenu())
 {
     entries_.reserve(rows.size());
-    std::vector<HMENU> parents; // of the depths down to the row at hand
+    std::vector<HMENU> parents; // by depth, for the row at hand
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto depth = static_cast<std::size_t>(rows[i].depth);
         parents.resize(depth);

@@ -11,22 +11,23 @@ namespace vandrel {
 
 struct Shortcut {
     BYTE modifiers = 0; // FCONTROL, FSHIFT
-    WORD key = 0;       // virtual key code; 0 where there is no shortcut
+    WORD key = 0;       // virtual key code; 0 for none
 };
 
 std::wstring shortcutText(Shortcut shortcut);
 
-// One line of a menu tree: an entry lies in the last entry above it that stands further left.
+// One entry of a menu tree. It belongs to the nearest entry above it with a smaller depth.
 struct MenuRow {
     int depth;
     int id;                 // unique, from 1
     const wchar_t* caption; // "-" is a separator
     Shortcut shortcut{};
-    bool hidden = false;     // of a top-level entry: on no bar, shown as a pop-up menu
-    bool hasSubmenu = false; // has one although no row of the table lies in it
+    bool hidden = false;     // for a top-level entry: a pop-up menu, not on the bar
+    bool hasSubmenu = false; // has one, although the table has no entries for it
 };
 
-// The menus of a window, built from one table. An entry is named by its id, entries with a submenu too.
+// The menus of a window, built from one table. Entries, including those with a submenu, are known by their
+// ids.
 class MenuTree {
   public:
     explicit MenuTree(std::span<const MenuRow> rows);
@@ -39,7 +40,7 @@ class MenuTree {
     bool checked(int id) const;
     void setChecked(int id, bool on);
 
-    // The id chosen from the pop-up; none when it was dismissed. `defaultId` is shown bold, 0 for none.
+    // The id chosen from the pop-up; no value if it was dismissed. `defaultId` is shown in bold, 0 for none.
     std::optional<int> popUp(int menuId, HWND owner, POINT screen, int defaultId) const;
 
     AcceleratorHandle accelerators() const;
@@ -59,21 +60,22 @@ class MenuTree {
     MenuHandle bar_;
 };
 
-// Entries of one submenu that are counted, from 0. Entry 0 is always there.
+// Numbered entries of one submenu, from 0.
+// Contract: entry 0 is never removed.
 class MenuFamily {
   public:
-    // The submenu is borrowed. Ids from `firstId` on belong to the family.
+    // Borrows the submenu and uses the ids from `firstId` on.
     MenuFamily(HMENU submenu, int firstId);
 
     std::size_t count() const { return captions_.size(); }
-    // Entries from `first` on are taken off; entry 0 stays, whatever is asked.
+    // Removes the entries from `first` on, except entry 0.
     void unloadFrom(std::size_t first);
-    void load(); // one more entry, without a caption
+    void load(); // adds an entry without a caption
     const std::wstring& caption(std::size_t index) const { return captions_[index]; }
     void setCaption(std::size_t index, const std::wstring& caption);
     bool enabled(std::size_t index) const;
     void setEnabled(std::size_t index, bool on);
-    // The index that a command id means.
+    // The index of the entry with that id.
     std::optional<std::size_t> indexOf(int id) const;
 
   private:

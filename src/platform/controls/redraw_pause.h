@@ -4,7 +4,7 @@
 
 namespace vandrel {
 
-// The control is not painted while this lives, and once after.
+// Suspends painting of the control for as long as it lives, then paints it once.
 class RedrawPause {
   public:
     explicit RedrawPause(HWND window) : window_(window) { SendMessageW(window_, WM_SETREDRAW, FALSE, 0); }

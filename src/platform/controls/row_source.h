@@ -10,31 +10,32 @@ namespace vandrel {
 enum class SortOrder { ascending, descending };
 
 enum class RowChange {
-    replaced, // none of the rows of before is left
-    appended, // behind the others, which stay where they are
-    moved,    // rows came, went or changed places
+    replaced, // none of the previous rows is left
+    appended, // after the others, which keep their places
+    moved,    // rows were added, removed or moved
 };
 
-// Hears of every change of the rows. None of the calls may throw.
+// Is told of every change of the rows. None of these calls may throw.
 class RowObserver {
   public:
     virtual void rowsChanging(RowChange change) = 0;
-    virtual void rowsChanged(RowChange change) = 0; // also after a change that failed half-way
+    virtual void rowsChanged(RowChange change) = 0; // also after a change that failed half-way through
     virtual void rowChanged(std::size_t row) = 0;   // its texts or its picture
 
   protected:
     ~RowObserver() = default;
 };
 
-// Rows that a list view shows: texts, a picture, and what the view leaves with each row while rows change
-// places. No window in it. Rows and columns count from 0.
+// The rows of a list view: texts, a picture, and a mark in which the view keeps its selection while rows
+// move. Knows no window. Rows and columns count from 0.
 class RowSource {
   public:
-    // What a row is known by while numbers change. No two rows of one source ever have the same; 0 is none's.
+    // Identifies a row while row numbers change. No two rows of a source ever have the same id; 0 means no
+    // row.
     using Id = std::uint32_t;
     struct Mark {
         bool selected = false;
-        bool current = false; // has the keyboard's focus
+        bool current = false; // has the keyboard focus
     };
     struct Order {
         std::size_t column;
@@ -45,14 +46,14 @@ class RowSource {
     virtual std::size_t size() const = 0;
     virtual std::wstring_view text(std::size_t row,
                                    std::size_t column) const = 0; // empty beyond the last column
-    virtual int image(std::size_t row) const = 0;                 // from 1, as in the image list
+    virtual int image(std::size_t row) const = 0;                 // Contract: images count from 1
     virtual Id id(std::size_t row) const = 0;
-    virtual std::optional<std::size_t> rowOf(Id id) const = 0; // none when it has gone
-    virtual std::optional<Order> order() const = 0;            // none while the rows are not sorted
+    virtual std::optional<std::size_t> rowOf(Id id) const = 0; // no value once it has gone
+    virtual std::optional<Order> order() const = 0;            // no value while the rows are not sorted
     virtual Mark mark(std::size_t row) const = 0;
     virtual void setMark(std::size_t row, Mark mark) = 0;
 
-    // Borrowed; null for none. One at a time.
+    // Borrows the observer; null for none. Only one at a time.
     virtual void observe(RowObserver* observer) = 0;
 
   protected:

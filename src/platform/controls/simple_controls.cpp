@@ -162,7 +162,7 @@ void ComboBox::onCommand(WORD code, WORD)
 {
     if (code == CBN_SETFOCUS && GotFocus) GotFocus();
     if (code != CBN_SELCHANGE || !Click) return;
-    // The box itself gets the text only after this message.
+    // The box gets its text only after this message.
     const LRESULT chosen = SendMessageW(handle(), CB_GETCURSEL, 0, 0);
     if (chosen == CB_ERR) return;
     setText(entry(static_cast<std::size_t>(chosen)));

@@ -26,7 +26,7 @@ class Button : public Control {
 
     std::function<void()> Click;
 
-    // Shows the picture instead of the text, which stays the accessible name.
+    // Shows the picture instead of the text, which remains the accessible name.
     void setIcon(IconHandle icon);
     void onCommand(WORD code, WORD id) override;
 
@@ -45,15 +45,15 @@ class CheckBox : public Control {
     void onCommand(WORD code, WORD id) override;
 };
 
-// One of several, of which one is on. The first of a group begins it, the arrow keys go through it, and Tab
-// leads to the one that is on.
+// One of a group of buttons, of which one is on. `first` starts a group. The arrow keys move within the
+// group; Tab goes to the button that is on.
 class OptionButton : public Control {
   public:
     enum class Place { first, following };
     OptionButton(HWND parent, int id, const std::wstring& text, Place place);
 
     bool on() const;
-    // Only this one; the others of the group are the caller's to switch off.
+    // Changes this button only: the caller switches the others off.
     void setOn(bool on);
 };
 
@@ -64,39 +64,39 @@ class TextBox : public Control {
 
     std::function<void()> GotFocus;
 
-    // What the box shows. While that is what it showed of the text set last, it is that text to the letter:
-    // the native box drops what it cannot show.
+    // The text in the box. While the box shows what it showed right after setText, this is exactly the text
+    // that was set: the native box drops what it cannot show.
     std::wstring text() const override;
     void setText(const std::wstring& text) override;
-    // Characters; a length beyond the end selects up to it.
+    // In characters; the selection stops at the end of the text.
     void select(int start, int length);
-    void setGrey(); // the colours of a surface instead of a field's
+    void setGrey(); // the colours of a dialog instead of a field
     void onCommand(WORD code, WORD id) override;
     std::optional<LRESULT> onColor(HDC context, UINT message) override;
 
   private:
     std::wstring textSet_;
-    std::wstring shownForSet_; // the native text right after that one was set
+    std::wstring shownForSet_; // the native text right after textSet_ was set
     bool grey_ = false;
 };
 
-// A drop-down list with a text box that takes any text.
+// A text box that takes any text, with a drop-down list.
 class ComboBox : public Control {
   public:
     ComboBox(HWND parent, int id);
 
     std::function<void()> GotFocus;
-    std::function<void()> Click; // the user chose an entry of the list, whose text is in the box now
+    std::function<void()> Click; // the user chose an entry, whose text is in the box now
 
     std::size_t count() const;
     std::wstring entry(std::size_t index) const;
-    void add(const std::wstring& text); // behind the last entry
+    void add(const std::wstring& text); // after the last entry
 
-    // Pixels of the open list's height; the closed box has its font's height.
+    // Pixels of the closed box, which depends on its font; place() sets the height of the open list.
     int height() const { return outerHeight(); }
     void clearTextSelection();
     bool listIsOpen() const;
-    // Closes the open list; the highlighted entry, if there is one, is the box's text. Raises nothing.
+    // Closes the open list and makes its highlighted entry, if any, the text of the box. Raises no event.
     void takeHighlighted();
     void onCommand(WORD code, WORD id) override;
 };
@@ -105,21 +105,21 @@ class ProgressBar : public Control {
   public:
     explicit ProgressBar(HWND parent);
 
-    // Shows the bar, empty, for work of so many steps. The native bar counts the same steps, as screen
-    // readers tell them.
+    // Shows the bar, empty, for work of `steps` steps. The native bar counts the same steps, because screen
+    // readers report them.
     void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
-    // Repaints at once, but only for the last step, for a hundredth more, and otherwise after a tenth of a
-    // second.
+    // Repaints at once if the value went down, went up by a hundredth or reached the maximum, and otherwise
+    // at most every tenth of a second.
     void setValue(std::size_t value);
     std::size_t value() const { return value_; }
 
   private:
     std::size_t maximum_ = 1;
     std::size_t value_ = 0;
-    std::size_t shown_ = 0;  // of the values, the one that the native bar has
-    ULONGLONG nextTime_ = 0; // from then on a smaller step is shown, too
+    std::size_t shown_ = 0;  // the value that the native bar shows
+    ULONGLONG nextTime_ = 0; // from then on smaller steps are shown too
 };
 
 } // namespace vandrel

@@ -17,7 +17,7 @@ std::wstring StatusBar::panelText(int panel) const
 
 void StatusBar::setPanelText(int panel, const std::wstring& text)
 {
-    // The control counts letters in 16 bits, and no panel shows so many.
+    // The control counts characters in 16 bits, and no panel is wide enough for more.
     const std::wstring shown = text.substr(0, 0xFFFF);
     SendMessageW(handle(), SB_SETTEXTW, static_cast<WPARAM>(panel - 1),
                  reinterpret_cast<LPARAM>(shown.c_str()));

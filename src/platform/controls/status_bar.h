@@ -15,14 +15,14 @@ class StatusBar : public Control {
 
     std::wstring panelText(int panel) const;
     void setPanelText(int panel, const std::wstring& text);
-    // Pixels, from the bar's own left edge.
+    // Pixels, relative to the bar.
     RECT panelArea(int panel) const;
-    // Right edges of the panels in pixels; the last panel reaches the end.
+    // Right edges of the first two panels in pixels; the third takes the rest.
     void setPanelEdges(int first, int second);
-    // Two panels alone.
+    // The same with two panels only.
     void setPanelEdge(int first);
     int height() const { return outerHeight(); }
-    // Back to the lower edge of the parent, after that was resized.
+    // Moves to the bottom of the parent, after that has been resized.
     void dock();
 };
 

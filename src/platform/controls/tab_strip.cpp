@@ -45,7 +45,7 @@ bool TabStrip::takeKey(const MSG& message)
     const bool tab = message.wParam == VK_TAB;
     if (!tab && message.wParam != VK_NEXT && message.wParam != VK_PRIOR) return false;
     const bool back = tab ? GetKeyState(VK_SHIFT) < 0 : message.wParam == VK_PRIOR;
-    setFocus(); // the control that has it may be on the page that goes
+    setFocus(); // the page of the control that has it may be about to disappear
     select((selected() + (back ? count() - 1 : 1)) % count());
     if (Click) Click();
     return true;

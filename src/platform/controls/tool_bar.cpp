@@ -83,7 +83,7 @@ void ToolBar::openMenu(int position)
     SendMessageW(handle(), TB_GETRECT, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&area));
     MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&area), 2);
     TPMPARAMS keepFree{sizeof(TPMPARAMS), area};
-    // The bar takes the click as done, and would show the button released under its open menu.
+    // The bar considers the click over, and would show the button released while its menu is open.
     SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), TRUE);
     const int chosen = TrackPopupMenuEx(menu_.get(), TPM_RETURNCMD | TPM_LEFTBUTTON, area.left, area.bottom,
                                         GetAncestor(handle(), GA_ROOT), &keepFree);

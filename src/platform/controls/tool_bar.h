@@ -10,7 +10,7 @@
 
 namespace vandrel {
 
-// A bar of picture buttons. Buttons are told apart by their position, from 1, separators counted.
+// A bar of picture buttons, which are known by position: from 1, separators included.
 class ToolBar : public Control {
   public:
     enum class Kind { button, dropDown, separator };
@@ -35,7 +35,7 @@ class ToolBar : public Control {
     void setButtonMenuEnabled(const std::wstring& key, bool on);
     void setButtonEnabled(int position, bool on);
     bool buttonEnabled(int position) const;
-    // Pictures and buttons for the DPI that the bar now has. `imageSize` in twips.
+    // Sizes pictures and buttons for the current DPI of the bar.
     void drawFor(Twips imageSize);
     int height() const;
 

@@ -7,7 +7,7 @@
 namespace vandrel {
 namespace {
 
-// Wider texts break into lines.
+// Wider texts are broken into lines.
 constexpr int widestTip = 600; // pixels
 
 TTTOOLINFOW toolOf(HWND window, std::wstring& text)

@@ -6,7 +6,7 @@
 
 namespace vandrel {
 
-// What a window shows as its caption or text.
+// The caption or text of a window.
 inline std::wstring windowText(HWND window)
 {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');

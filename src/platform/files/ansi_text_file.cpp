@@ -11,23 +11,23 @@
 namespace vandrel {
 namespace {
 
-// Decodes a file part by part as its bytes come in, so that they never stand in memory whole.
+// Decodes a file part by part, so that its bytes are never in memory all at once.
 class PartDecoder {
   public:
     explicit PartDecoder(std::size_t size) : text_(std::make_shared_for_overwrite<wchar_t[]>(size)) {}
 
-    // Where the next bytes are to be put.
+    // The buffer for the next `count` bytes.
     char* room(std::size_t count)
     {
         bytes_.resize(waiting_ + count);
         return bytes_.data() + waiting_;
     }
-    // So many were put there.
+    // Takes the first `count` bytes of that buffer.
     void take(std::size_t count)
     {
         waiting_ += count;
         const std::string_view bytes(bytes_.data(), waiting_);
-        decode(ansiLettersAreBytes() ? waiting_ : bytes.rfind('\n') + 1); // no letter spans a line end
+        decode(ansiLettersAreBytes() ? waiting_ : bytes.rfind('\n') + 1); // no character spans a line end
     }
     DecodedText finish()
     {
@@ -62,7 +62,7 @@ DecodedText AnsiTextFile::read() const
         const auto wanted = static_cast<DWORD>(std::min(partSize, left));
         DWORD got = 0;
         if (!ReadFile(file.get(), decoder.room(wanted), wanted, &got, nullptr)) raiseLastError();
-        if (got == 0) break; // it became shorter meanwhile
+        if (got == 0) break; // the file has become shorter
         decoder.take(got);
         left -= got;
     }

@@ -10,8 +10,8 @@ namespace {
 constexpr std::size_t usualRoom = 256U << 10;
 constexpr std::size_t unitsAtOnce = 64U << 10;
 
-// The end of a part that can be encoded alone: behind a letter of ASCII, because letters outside it may
-// belong together.
+// The end of a part that can be encoded on its own: after an ASCII character, because units outside ASCII
+// may belong together.
 std::size_t endOfPart(std::wstring_view text)
 {
     const auto isAscii = [](wchar_t unit) { return unit < 0x80; };

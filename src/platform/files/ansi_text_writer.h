@@ -7,16 +7,16 @@
 
 namespace vandrel {
 
-// Encodes a long text in the ANSI code page part by part (see encodeAnsi), in memory that is used over and
-// over: to touch as much new memory as a large file has bytes takes longer than to write the file.
+// Encodes a long text in the ANSI code page part by part (see encodeAnsi), reusing one buffer: touching new
+// memory for all of a large file takes longer than writing the file.
 class AnsiTextWriter {
   public:
     explicit AnsiTextWriter(const WritePart& write);
 
-    // Adds a piece of the text, which must live until the next call: how its end is written may depend on
-    // what follows. False once a part could not be written: all further ones are in vain.
+    // Adds a piece of the text, which must stay valid until the next call: how its end is encoded may depend
+    // on what follows. False once a part could not be written; further calls are pointless then.
     bool add(std::wstring_view piece);
-    // To be called once, behind the last piece.
+    // To be called once, after the last piece.
     bool end();
 
   private:

@@ -6,17 +6,17 @@
 
 namespace vandrel {
 
-// A text file in the ANSI code page that grows at its end. Each line is in the file when writeLine returns,
-// so whatever ends the program, the lines before it are there, whole.
+// A text file in the ANSI code page to which lines are appended. Each line is in the file when writeLine
+// returns, so the lines before it survive, whole, however the program ends.
 class AppendFile {
   public:
-    // Makes the file when it is missing. Throws RuntimeError (70, 75, 76 ...) when it cannot be opened.
+    // Creates the file if it is missing. Throws RuntimeError (70, 75, 76 ...) if it cannot be opened.
     explicit AppendFile(const std::wstring& path, FileLayer& files = systemFiles());
     AppendFile(const AppendFile&) = delete;
     AppendFile& operator=(const AppendFile&) = delete;
     ~AppendFile();
 
-    // The line and CR LF. Throws RuntimeError (61 ...) when the disk does not take it.
+    // Writes the line and CR LF. Throws RuntimeError (61 ...) if that fails.
     void writeLine(const std::wstring& line);
 
   private:

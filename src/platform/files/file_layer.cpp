@@ -13,7 +13,7 @@ namespace {
 constexpr DWORD keptAttributes = FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                  FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
-// None where the file system has none, or the user may not know them.
+// No value if the file system has none or the user may not read them.
 std::optional<std::vector<BYTE>> accessRightsOf(const std::wstring& path)
 {
     DWORD size = 0;
@@ -28,7 +28,7 @@ std::optional<std::vector<BYTE>> accessRightsOf(const std::wstring& path)
 bool copyAccessRights(const std::wstring& original, const std::wstring& copy)
 {
     auto rights = accessRightsOf(original);
-    // Most files have what their folder gives. To set it once more may be refused, and takes time.
+    // Most files have the rights that their folder gives. Setting these again takes time and may be refused.
     if (!rights || rights == accessRightsOf(copy)) return true;
     return SetFileSecurityW(copy.c_str(), DACL_SECURITY_INFORMATION, rights->data()) != 0;
 }
@@ -90,7 +90,7 @@ bool FileLayer::copyIdentity(const std::wstring& original, const std::wstring& c
 {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileAttributesExW(original.c_str(), GetFileExInfoStandard, &data)) {
-        return GetLastError() == ERROR_FILE_NOT_FOUND; // a new file has nobody to take after
+        return GetLastError() == ERROR_FILE_NOT_FOUND; // a new file has no original
     }
     DWORD reason = ERROR_SUCCESS;
     const auto note = [&reason](bool done) {
@@ -144,7 +144,7 @@ std::wstring extendedPath(const std::wstring& path)
     if (path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\")) return path;
     if (path.starts_with(L"\\\\")) return L"\\\\?\\UNC\\" + path.substr(2);
     if (path.size() < 3 || path[1] != L':' || path[2] != L'\\') return path;
-    // In this form two backslashes are no longer one, and the root of a drive ends with one.
+    // In this form the system does not merge double backslashes, and "C:\" + "\name" has one.
     std::wstring single = path;
     const auto both = [](wchar_t a, wchar_t b) { return a == L'\\' && b == L'\\'; };
     single.erase(std::unique(single.begin(), single.end(), both), single.end());

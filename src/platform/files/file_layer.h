@@ -8,50 +8,48 @@
 
 namespace vandrel {
 
-// Every call that changes the disk. Each returns whether it succeeded and leaves the reason in the last
-// error. A seam: a test puts a layer that fails, or ends the process, at its n-th call in place of the
-// system's.
+// All calls that change the disk. Each returns whether it succeeded and leaves the reason in the last error.
+// Tests replace the layer with one that fails, or ends the process, at the n-th call.
 class FileLayer {
   public:
     virtual ~FileLayer() = default;
 
-    // The three that open a file return INVALID_HANDLE_VALUE when they fail.
-    // Creates or empties the file, for this process alone.
+    // These three return INVALID_HANDLE_VALUE on failure.
+    // Creates or empties the file, with exclusive access.
     virtual HANDLE createForWriting(const std::wstring& path);
-    // Opens a file that is there, as it is, to be read and written by this process alone.
+    // Opens an existing file, with its content, to be read and written with exclusive access.
     virtual HANDLE openForChange(const std::wstring& path);
-    // Opens or creates a file that others may read and that is written at its end only.
+    // Opens or creates a file that is written only at its end and that others may read.
     virtual HANDLE openForAppending(const std::wstring& path);
 
     virtual bool write(HANDLE file, const char* bytes, DWORD count);
-    // Cuts the file, or makes it longer by bytes of whatever value. Where it is written next stays.
+    // Truncates the file, or extends it with undefined bytes. The file pointer stays where it is.
     virtual bool setSize(HANDLE file, std::size_t bytes);
     virtual bool flush(HANDLE file);
     virtual bool close(HANDLE file);
 
-    // Gives `copy` the creation time, the attributes and the access rights of `original`, as many of them as
-    // it may.
+    // Gives `copy` the creation time, attributes and access rights of `original`, as far as the user may.
     virtual bool copyIdentity(const std::wstring& original, const std::wstring& copy);
-    // Puts `replacement` in the place of `target` in one step: at every moment one of the two is there,
+    // Moves `replacement` to `target` in one step: at every moment `target` is the old file or the new one,
     // whole.
     virtual bool replace(const std::wstring& replacement, const std::wstring& target);
-    // Writes a copy, attributes included, over whatever file is there.
+    // Copies a file with its attributes, over any file that is there.
     virtual bool copy(const std::wstring& from, const std::wstring& to);
-    // Takes no other file's name.
+    // Fails if there is a file called `to`.
     virtual bool rename(const std::wstring& from, const std::wstring& to);
-    // Takes the marks away (hidden, system, read-only) that keep a file from being removed or written over.
+    // Clears the attributes (hidden, system, read-only) that keep a file from being removed or overwritten.
     virtual bool clearAttributes(const std::wstring& path);
     virtual bool remove(const std::wstring& path);
 
-    // Puts a value into an INI file, or adds it. What else the file holds stays.
+    // Sets a value in an INI file and leaves the rest of the file alone.
     virtual bool writeProfileValue(const std::wstring& section, const std::wstring& key,
                                    const std::wstring& value, const std::wstring& path);
 };
 
-// The layer in force: the system's own calls, but while a FilesInForce says otherwise.
+// The layer in use: the system's calls, unless a FilesInForce replaces them.
 FileLayer& systemFiles();
 
-// Puts a layer in force for the whole process, and when it goes the one before.
+// Replaces the layer for the whole process for as long as it lives.
 class FilesInForce {
   public:
     explicit FilesInForce(FileLayer& files);
@@ -63,39 +61,39 @@ class FilesInForce {
     FileLayer* before_;
 };
 
-// The same path in the form that the system takes as it stands: any length, no device names, no trimmed
-// blanks. Leaves a relative path alone.
+// The path in the form that the system takes literally: of any length, without device names or trimmed
+// blanks. A relative path is returned unchanged.
 std::wstring extendedPath(const std::wstring& path);
 
-// Writes the next bytes of a file; false when they could not be written.
+// Writes the next bytes of a file; false if that fails.
 using WritePart = std::function<bool(std::string_view bytes)>;
-// Writes what a file is to hold, part by part; false when a part was refused.
+// Writes the content of a file part by part; false if a part could not be written.
 using WriteContents = std::function<bool(const WritePart& write)>;
 
-// Puts `contents` in place of the file's content, all or nothing: they go to a file beside it, are flushed,
-// and take its place. While another program holds the file it tries again for about two seconds. Where the
-// user has no right to make a file beside it, or to replace it, the file that is there is written in its
-// place (see saveInPlace). The contents may be written several times. Throws RuntimeError (52, 57, 61, 70,
-// 71, 75 or 76), or what `contents` throws, with the old file whole and nothing left beside it.
+// Replaces the content of the file with `contents`, all or nothing: they are written to a file beside it and
+// flushed, and that file then takes its place. Retries for about two seconds while another program holds the
+// file. If the user may not create a file beside it, or replace it, the existing file is overwritten (see
+// saveInPlace). `contents` may be called several times. Throws RuntimeError (52, 57, 61, 70, 71, 75 or 76),
+// or what `contents` throws, with the old file whole and nothing left beside it.
 void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files = systemFiles());
 void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
-// Puts `bytes` in the file, which is emptied first: what stops it leaves the file as far as it was written.
-// For files that can be made again, under names that the user typed: the system trims them as it does for
-// every program. Throws RuntimeError.
+// Empties the file and writes `bytes` to it; a failure leaves it partly written. For files that can be
+// generated again, under names that the user typed: the system trims these as it does for every program.
+// Throws RuntimeError.
 void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
-// Puts a copy of `from` in the place of `to`, all or nothing, as replaceFile does, but never writes in place.
-// Throws RuntimeError, also when both are the same file (70).
+// Replaces `to` with a copy of `from`, all or nothing as in replaceFile, but never in place. Throws
+// RuntimeError, also if both are the same file (70).
 void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
-// Throw RuntimeError when the file cannot be removed or renamed.
+// Throw RuntimeError if the file cannot be removed or renamed.
 void removeFile(const std::wstring& path, FileLayer& files = systemFiles());
 void renameFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
 bool fileExists(const std::wstring& path);
-// Under whatever names: a folder can be reached in many ways, and a file may have several. Two of which one
-// is missing are not.
+// Whether both paths lead to one file: a folder can be reached in several ways, and a file may have several
+// names. False if either is missing.
 bool isSameFile(const std::wstring& one, const std::wstring& other);
 
 } // namespace vandrel

@@ -5,18 +5,18 @@
 
 namespace vandrel {
 
-// What the ways to write a file have in common. Reasons are the system's error numbers.
+// Steps that the functions that write files share. Reasons are system error numbers.
 
-// All bytes, in as many calls as it takes.
+// Writes all bytes, in as many calls as it takes.
 bool writeBytes(FileLayer& files, HANDLE file, std::string_view bytes);
 
-// A file that another program has open; for now, that is.
+// Whether the reason is that another program has the file open, which may pass.
 bool meansHeld(DWORD reason);
-// Whether another program has the file open, be it only to look at it. Keeps the last error.
+// Whether another program has the file open, if only for reading. Preserves the last error.
 bool isHeld(const std::wstring& path);
 
-// Tries for about two seconds, until `attempt` succeeds or what stops it is no reason that `passes` by
-// itself. False leaves the reason in the last error. Needs no memory.
+// Repeats `attempt` for about two seconds, until it succeeds or fails for a reason that is not temporary
+// according to `passes`. If the result is false, the reason is in the last error. Uses no memory.
 template <typename Attempt, typename Passes> bool retryWhile(Attempt attempt, Passes passes)
 {
     constexpr ULONGLONG retryMilliseconds = 2000;
@@ -33,8 +33,9 @@ template <typename Attempt, typename Passes> bool retryWhile(Attempt attempt, Pa
 }
 template <typename Attempt> bool retryWhileHeld(Attempt attempt) { return retryWhile(attempt, meansHeld); }
 
-// Asked before a file is written over: whether a move or a write stops at a read-only mark is up to the system
-// that keeps the file, which may be another machine's. Throws RuntimeError (75).
+// To be called before a file is overwritten. Throws RuntimeError (75) if it is read-only or a folder. The
+// system that holds the file, possibly another machine, may not refuse to move or write over a read-only
+// file.
 void requireReplaceable(const std::wstring& path);
 
 } // namespace vandrel

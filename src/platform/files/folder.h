@@ -5,21 +5,21 @@
 
 namespace vandrel {
 
-// The names of the files in a folder, not of its subfolders, in the order in which the file system gives
-// them. A folder that cannot be listed has none. `pattern` is matched by the system, which looks at short
-// names as well: what it lets through may be more.
+// The names of the files in a folder, without its subfolders, in the file system's order. Empty if the
+// folder cannot be listed. The system matches `pattern` with short names as well, and so may let more
+// through.
 std::vector<std::wstring> fileNamesIn(const std::wstring& folder, const wchar_t* pattern = L"*");
 
-// Likewise of its subfolders, without those that the system hides.
+// The same for its subfolders, without hidden ones.
 std::vector<std::wstring> folderNamesIn(const std::wstring& folder);
 
-// As the user's language orders them, whatever the case of their letters.
+// Sorts by the rules of the user's language, ignoring case.
 void sortNames(std::vector<std::wstring>& names);
 
-// Throws RuntimeError when there is no such folder (76), or its drive cannot be read (71).
+// Throws RuntimeError if there is no such folder (76) or its drive cannot be read (71).
 void requireFolder(const std::wstring& folder);
 
-// The folder that holds the running program, without a backslash at its end.
+// The folder of the running program, without a trailing backslash.
 std::wstring programFolder();
 
 } // namespace vandrel

@@ -18,7 +18,7 @@ std::wstring temporaryNameOf(DWORD process)
     return std::wstring(prefix) + std::to_wstring(process) + std::wstring(extension);
 }
 
-// None for a name that the program never gives: somebody else's file.
+// No value for a name that the program never gives: the file belongs to somebody else.
 std::optional<DWORD> processOfName(const std::wstring& name)
 {
     if (!name.starts_with(prefix) || !name.ends_with(extension)) return std::nullopt;
@@ -28,10 +28,10 @@ std::optional<DWORD> processOfName(const std::wstring& name)
 
 bool hasEnded(DWORD process)
 {
-    if (process == GetCurrentProcessId()) return true; // another one had the number before, and was killed
+    if (process == GetCurrentProcessId()) return true; // left by an earlier process with this id
     using ProcessHandle = UniqueHandle<HANDLE, CloseHandle, nullHandle<HANDLE>>;
     const ProcessHandle running(OpenProcess(SYNCHRONIZE, FALSE, process));
-    if (!running) return GetLastError() == ERROR_INVALID_PARAMETER; // there is none
+    if (!running) return GetLastError() == ERROR_INVALID_PARAMETER; // no such process
     return WaitForSingleObject(running.get(), 0) == WAIT_OBJECT_0;
 }
 
@@ -39,7 +39,7 @@ bool hasEnded(DWORD process)
 
 std::wstring temporaryFileBeside(const std::wstring& path)
 {
-    // Not made from the name of the file, which may be as long as a name can be.
+    // Does not contain the name of the file, which may already be as long as a name can be.
     return path.substr(0, path.find_last_of(L"\\/") + 1) + temporaryNameOf(GetCurrentProcessId());
 }
 
@@ -50,7 +50,7 @@ void removeLeftBehind(const std::wstring& folder, FileLayer& files)
         const std::wstring path = extendedPath(folder + L"\\" + name);
         if (!process || !hasEnded(*process) || isHeld(path)) continue;
         if (!files.remove(path) && files.clearAttributes(path))
-            files.remove(path); // a read-only file's backup
+            files.remove(path); // a copy of a read-only file
     }
 }
 

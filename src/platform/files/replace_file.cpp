@@ -11,7 +11,7 @@
 namespace vandrel {
 namespace {
 
-// The user lacks a right; waiting does not mend it.
+// The user lacks a right; waiting does not help.
 bool meansRefused(DWORD reason)
 {
     return reason == ERROR_ACCESS_DENIED || reason == ERROR_NETWORK_ACCESS_DENIED ||
@@ -29,8 +29,7 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContent
 {
     const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) return false;
-    // Taken at once: what composes the contents goes on after a part was refused, and may change the last
-    // error.
+    // Noted at once: `contents` may go on after a part was refused and change the last error.
     DWORD reason = ERROR_SUCCESS;
     const auto noted = [&](bool done) {
         if (!done) reason = GetLastError();
@@ -57,8 +56,8 @@ bool writeSiblingWithRetries(FileLayer& files, const std::wstring& sibling, cons
                       });
 }
 
-// Replacing a file that is open elsewhere is refused as a lack of access, too. One that nobody has open is
-// tried a few times more: whoever had it open may have let go of it between the refusal and the question.
+// ERROR_ACCESS_DENIED also means that the file is open elsewhere. If it is not open, a few more attempts
+// follow: it may have been closed between the refusal and the check.
 bool replaceWithRetries(FileLayer& files, const std::wstring& sibling, const std::wstring& target)
 {
     int moreAttempts = 3;
@@ -75,8 +74,8 @@ bool replaceBySibling(FileLayer& files, const std::wstring& target, const std::w
                       const WriteContents& contents)
 {
     if (!writeSiblingWithRetries(files, sibling, contents)) return false;
-    // What cannot be copied, because the user may not or the file system has no such thing, the folder has
-    // given.
+    // What cannot be copied, because the user may not or the file system does not support it, stays as the
+    // folder gave it.
     retryWhileHeld([&] { return files.copyIdentity(target, sibling); });
     return replaceWithRetries(files, sibling, target);
 }

@@ -19,7 +19,7 @@ std::string composed(const WriteContents& contents)
     return bytes;
 }
 
-// A file that is open for this process alone.
+// A file opened with exclusive access.
 class OpenFile {
   public:
     OpenFile(FileLayer& files, const std::wstring& path) : files_(files)
@@ -32,7 +32,7 @@ class OpenFile {
     }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
-    // What was flushed is on the disk, whatever closing says.
+    // Whatever closing returns, what was flushed is on the disk.
     ~OpenFile() { files_.close(file_); }
 
     std::string read() const
@@ -51,8 +51,8 @@ class OpenFile {
         return bytes;
     }
     bool flush() { return files_.flush(file_); }
-    // Room is made first and given up last: a disk that fills up is found out before an old byte is lost, and
-    // the old bytes fit again.
+    // Extends the file first and truncates it last: a full disk shows before an old byte is lost, and the
+    // old bytes still fit.
     bool overwrite(std::string_view bytes, std::size_t sizeBefore)
     {
         if (bytes.size() > sizeBefore && !files_.setSize(file_, bytes.size())) return false;
@@ -72,8 +72,8 @@ class OpenFile {
     HANDLE file_ = INVALID_HANDLE_VALUE;
 };
 
-// Old bytes in the user's folder for temporary files. Without such a folder, or room in it, there are none:
-// what stands in memory has to do.
+// A copy of the old bytes in the user's folder for temporary files. If it cannot be made, the copy in memory
+// has to do.
 class KeptBytes {
   public:
     KeptBytes(FileLayer& files, const std::wstring& target, std::string_view bytes)
@@ -86,17 +86,17 @@ class KeptBytes {
     KeptBytes& operator=(const KeptBytes&) = delete;
     ~KeptBytes() { remove(); }
 
-    // The file stays for the user.
+    // Leaves the copy for the user.
     void leave() { path_.clear(); }
 
   private:
-    // One that stayed is never written over.
+    // An unused name: a copy left for the user is never overwritten.
     static std::wstring freePath(const std::wstring& target)
     {
         std::array<wchar_t, MAX_PATH + 1> folder{};
         const DWORD length = GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
         if (length == 0 || length >= folder.size()) return {};
-        constexpr std::size_t mostOfName = 200; // a file name has 255 letters at most
+        constexpr std::size_t mostOfName = 200; // a file name has at most 255 characters
         const std::wstring name = target.substr(target.find_last_of(L"\\/") + 1).substr(0, mostOfName);
         const std::wstring start = extendedPath(folder.data()) + L"vandrel-" +
                                    std::to_wstring(GetCurrentProcessId());
@@ -127,12 +127,12 @@ class KeptBytes {
 
 void saveInPlace(const std::wstring& target, const WriteContents& contents, FileLayer& files)
 {
-    // Nothing may run out of memory once the first byte is written.
+    // All memory is allocated before the first byte is written.
     const std::string bytes = composed(contents);
     OpenFile file(files, target);
     const std::string before = file.read();
     KeptBytes kept(files, target, before);
-    // A disk that takes nothing any more is to say so before it matters.
+    // A disk that no longer accepts writes should fail here, while the file is still whole.
     if (!file.flush()) raiseLastError();
     if (file.overwrite(bytes, before.size())) return;
     const DWORD reason = GetLastError();

@@ -44,7 +44,7 @@ void setClipboardText(HWND owner, const std::wstring& text)
     if (EmptyClipboard() == 0 || SetClipboardData(CF_UNICODETEXT, memory.get()) == nullptr) {
         throw RuntimeError(error_number::clipboardBusy);
     }
-    memory.release(); // the clipboard's now
+    memory.release(); // owned by the clipboard now
 }
 
 } // namespace vandrel

@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// Clears the clipboard and puts the text on it, and nothing else. While another program has the clipboard
-// open it tries again for half a second. Throws RuntimeError 521 when that does not help.
+// Replaces what is on the clipboard with the text. Retries for half a second while another program has the
+// clipboard open; throws RuntimeError 521 if that does not help.
 void setClipboardText(HWND owner, const std::wstring& text);
 
 } // namespace vandrel

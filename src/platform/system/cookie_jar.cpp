@@ -24,13 +24,13 @@ std::wstring inSmallLetters(std::wstring_view text)
     return small;
 }
 
-// A line end in a value would begin another header of the request.
+// A line end in a value would start another header of the request.
 bool hasControlLetter(std::wstring_view text)
 {
     return std::ranges::any_of(text, [](wchar_t letter) { return letter < L' ' || letter == 0x7F; });
 }
 
-// The text before the first `separator`, and the one after it.
+// The texts before and after the first `separator`.
 std::pair<std::wstring_view, std::wstring_view> split(std::wstring_view text, wchar_t separator)
 {
     const std::size_t at = text.find(separator);
@@ -44,7 +44,7 @@ bool isNumericHost(std::wstring_view host)
            host.find_first_not_of(L"0123456789.") == std::wstring_view::npos;
 }
 
-// A domain of one word, such as "com", would be everybody's.
+// A domain of one word, such as "com", would include everybody.
 bool canHaveHostsBelow(std::wstring_view domain)
 {
     return domain.find(L'.') != std::wstring_view::npos && !isNumericHost(domain);
@@ -74,8 +74,8 @@ bool isNotPositive(std::wstring_view seconds)
     return !seconds.empty() && seconds.find_first_not_of(L'0') == std::wstring_view::npos;
 }
 
-// Whether the date has a year of the last century: that is how servers take a cookie back. A later date says
-// when it grows old, which none does here.
+// Whether the year is 19xx, which is how servers delete a cookie. Later dates are ignored: no cookie here
+// lives long enough to expire.
 bool isLongPast(std::wstring_view date)
 {
     for (std::size_t at = date.find(L"19"); at != std::wstring_view::npos; at = date.find(L"19", at + 1)) {
@@ -88,7 +88,7 @@ bool isLongPast(std::wstring_view date)
 
 } // namespace
 
-// False when the cookie is for others than the host that sent it.
+// False if the cookie is not for the host that sent it.
 bool CookieJar::setDomain(Cookie& cookie, const std::wstring& host, std::wstring_view setting)
 {
     const std::wstring domain = inSmallLetters(setting.starts_with(L'.') ? setting.substr(1) : setting);
@@ -101,14 +101,14 @@ bool CookieJar::setDomain(Cookie& cookie, const std::wstring& host, std::wstring
     return endsWithDomain(host, domain) && canHaveHostsBelow(domain) && !isNumericHost(host);
 }
 
-// A cookie without a name is none.
+// If the line is invalid, the cookie has no name.
 CookieJar::Cookie CookieJar::read(const CookieSite& from, std::wstring_view line)
 {
     auto [pair, attributes] = split(line, L';');
     if (pair.find(L'=') == std::wstring_view::npos) return {};
     const auto [name, value] = split(pair, L'=');
     Cookie cookie{std::wstring(trimmed(name)), std::wstring(trimmed(value)), from.host, folderOf(from.path)};
-    std::optional<bool> endsByAge; // counts for more than the date, wherever it stands
+    std::optional<bool> endsByAge; // takes precedence over the date, in any order
     bool endsByDate = false;
     while (!attributes.empty()) {
         const auto [attribute, rest] = split(attributes, L';');
@@ -159,7 +159,7 @@ std::wstring CookieJar::cookiesFor(const CookieSite& to) const
     std::vector<const Cookie*> sent;
     for (const Cookie& cookie : cookies_)
         if (goesTo(cookie, to)) sent.push_back(&cookie);
-    // A server that sets a name twice expects the closer one first.
+    // Servers that use a name twice expect the cookie with the longer path first.
     std::ranges::stable_sort(sent, std::ranges::greater{},
                              [](const Cookie* cookie) { return cookie->path.size(); });
     std::wstring line;

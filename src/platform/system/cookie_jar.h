@@ -7,27 +7,27 @@
 
 namespace vandrel {
 
-// Whose cookies are meant: the parts of an address that decide it.
+// The parts of an address that decide which cookies go there.
 struct CookieSite {
-    std::wstring host; // in small letters, without the port
-    std::wstring path; // begins with "/", without what follows "?" or "#"
-    bool secure;       // asked over https
+    std::wstring host; // lower case, without the port
+    std::wstring path; // begins with "/"; no query, no fragment
+    bool secure;       // https
 };
 
-// The cookies that servers set within one chain of redirections. They live as long as the jar: one that a
-// server takes back goes, but none grows old. Whatever a server sends, the jar stays small, and what it gives
-// back is one line.
+// The cookies that servers set during one chain of redirections. They live as long as the jar, unless a
+// server deletes them: none expires. Whatever a server sends, the jar stays small, and what it returns is a
+// single line.
 class CookieJar {
   public:
     static constexpr std::size_t mostCookies = 50;
     static constexpr std::size_t longestCookie = 4096; // name and value, in UTF-16 units
     static constexpr std::size_t longestLine =
-        16384; // more, and servers refuse the request; what does not fit is left out
+        16384; // in UTF-16 units; servers refuse longer ones, so what does not fit is left out
 
-    // What stands behind "Set-Cookie:" in an answer of that site. A line that is none, or that sets a cookie
-    // for others, is left out.
+    // Takes the value of a "Set-Cookie:" header that came from that site. Ignores it if it is invalid or for
+    // another site.
     void take(const CookieSite& from, std::wstring_view line);
-    // What is to stand behind "Cookie:" in a request to that site; empty when there is nothing to send.
+    // The value of the "Cookie:" header for a request to that site; empty if there is nothing to send.
     std::wstring cookiesFor(const CookieSite& to) const;
 
   private:
@@ -44,7 +44,7 @@ class CookieJar {
     static Cookie read(const CookieSite& from, std::wstring_view line);
     static bool goesTo(const Cookie& cookie, const CookieSite& site);
 
-    std::vector<Cookie> cookies_; // in the order in which they were set
+    std::vector<Cookie> cookies_; // in the order in which they were first set
 };
 
 } // namespace vandrel

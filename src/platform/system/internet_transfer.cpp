@@ -45,7 +45,7 @@ void InternetTransfer::wait(TransferJob& job)
 {
     const ULONGLONG deadline = GetTickCount64() + timeout_;
     while (true) {
-        // Asked first: what is told before the end is heard before it.
+        // Asked before the states are taken, so that none reported before the end is missed.
         const bool finished = job.isFinished();
         tellStates(job);
         if (finished) return;

@@ -8,11 +8,11 @@ namespace vandrel {
 
 std::wstring registryText(HKEY root, const std::wstring& key, const std::wstring& value)
 {
-    // A text that the system would expand is none of ours.
+    // Contract: only REG_SZ counts as text. REG_EXPAND_SZ reads as empty.
     constexpr DWORD onlyText = RRF_RT_REG_SZ | RRF_NOEXPAND;
     std::wstring text(256, L'\0');
     LSTATUS status = ERROR_MORE_DATA;
-    while (status == ERROR_MORE_DATA) { // again, when somebody writes a longer one meanwhile
+    while (status == ERROR_MORE_DATA) { // again, if the text has grown in the meantime
         auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
         status = RegGetValueW(root, key.c_str(), value.c_str(), onlyText, nullptr, text.data(), &size);
         if (status == ERROR_MORE_DATA) text.resize(std::max(size / sizeof(wchar_t) + 1, 2 * text.size()));

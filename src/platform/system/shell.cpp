@@ -14,7 +14,7 @@ void shellOpen(HWND owner, const std::wstring& target)
 
 void startProgram(const std::wstring& commandLine)
 {
-    std::wstring writable = commandLine; // the system may change it while it reads it
+    std::wstring writable = commandLine; // CreateProcess may modify it
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;

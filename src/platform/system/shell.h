@@ -6,12 +6,12 @@
 
 namespace vandrel {
 
-// Hands an address or a file to whatever the user opens such things with. That it cannot be opened is not
-// reported.
+// Opens an address or a file with whatever the user has chosen for it.
+// Contract: a failure is not reported.
 void shellOpen(HWND owner, const std::wstring& target);
 
-// Starts a program in a normal window with the focus; the command line is the system's to take apart. Throws
-// RuntimeError when the program cannot be started.
+// Starts a program in a normal window with the focus; the system parses the command line. Throws
+// RuntimeError if the program cannot be started.
 void startProgram(const std::wstring& commandLine);
 
 } // namespace vandrel

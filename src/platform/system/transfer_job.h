@@ -12,31 +12,31 @@
 namespace vandrel {
 
 using EventHandle = UniqueHandle<HANDLE, CloseHandle, nullHandle<HANDLE>>;
-// One that resets itself. Throws RuntimeError (7) when the system has none left.
+// An auto-reset event. Throws RuntimeError (7) if the system has none left.
 EventHandle makeEvent();
 
-// One address, shared by the thread that opens it and the one that waits for it. Once it is made nothing of
-// it needs memory or throws: a callback of the system can tell a state, and a thread that has run out of
+// One address, shared by the thread that opens it and the one that waits for it. After construction nothing
+// here allocates or throws, so a callback of the system can report a state, and a thread that has run out of
 // memory can say so.
 class TransferJob {
   public:
     static constexpr std::size_t mostStates = 64;
 
-    // Throws RuntimeError (7) when the system has no event left.
+    // Throws RuntimeError (7) if the system has no event left.
     TransferJob(std::wstring address, TransferBody body) : url(std::move(address)), wanted(body) {}
 
     const std::wstring url;
     const TransferBody wanted;
 
-    // For the thread that opens it. A state beyond the most is left out.
+    // For the thread that opens it. States beyond mostStates are dropped.
     void tell(TransferState state) noexcept;
-    void finish(int error, std::string body) noexcept; // 0 when there is none
+    void finish(int error, std::string body) noexcept; // `error` is 0 for none
     bool isGivenUp() const noexcept { return givenUp_; }
 
-    // For the one that waits. `news` is set by each state and at the end.
+    // For the thread that waits. The event is set by each state and at the end.
     HANDLE news() const noexcept { return news_.get(); }
     std::optional<TransferState> takeState() noexcept;
-    bool isFinished() noexcept; // only then are these for the reader
+    bool isFinished() noexcept; // error() and body() may be read only once it is true
     int error() const noexcept { return error_; }
     const std::string& body() const noexcept { return body_; }
     void giveUp() noexcept { givenUp_ = true; }
@@ -45,7 +45,7 @@ class TransferJob {
     const EventHandle news_ = makeEvent();
     std::atomic<bool> givenUp_ = false;
 
-    SlimLock guard_; // of what follows
+    SlimLock guard_; // guards all members below
     std::array<TransferState, mostStates> states_{};
     std::size_t told_ = 0;
     std::size_t taken_ = 0;

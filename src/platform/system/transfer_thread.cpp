@@ -40,7 +40,7 @@ void TransferThread::abandon() noexcept
         abandoned_ = true;
     }
     SetEvent(wake_.get());
-    // Where the system allows it, this ends the call that hangs.
+    // On Windows this terminates a call that hangs.
     if (const HINTERNET session = session_.exchange(nullptr)) InternetCloseHandle(session);
 }
 
@@ -59,8 +59,7 @@ void TransferThread::takeJobs() noexcept
     if (const HINTERNET session = session_.exchange(nullptr)) InternetCloseHandle(session);
 }
 
-// Nobody stands behind a thread: what left it would end the program, and whoever waits would never hear of
-// it.
+// An exception that left the thread would end the program, so each becomes the error of the job.
 void TransferThread::carryOut(TransferJob& job) noexcept
 {
     try {

@@ -9,17 +9,17 @@
 
 namespace vandrel {
 
-// The thread that makes the calls, which wait. One that does not come back is left to itself: it ends when
-// its call does, or with the program.
+// The thread that makes the blocking calls. If a call hangs, the thread is abandoned: it ends when the call
+// does, or with the program.
 class TransferThread {
   public:
-    // Throws RuntimeError (7) when the system has no thread left.
+    // Throws RuntimeError (7) if the system has no thread left.
     static std::shared_ptr<TransferThread> start(TransferWork work);
     explicit TransferThread(TransferWork work) : work_(work) {}
 
-    // Every job that is taken is finished, whatever the work throws.
+    // Every job that is carried out is finished, whatever the work throws.
     void take(std::shared_ptr<TransferJob> job) noexcept;
-    // What it does is not waited for any more.
+    // Nobody waits for its work any more.
     void abandon() noexcept;
 
   private:
@@ -29,7 +29,7 @@ class TransferThread {
     const TransferWork work_;
     const EventHandle wake_ = makeEvent();
     std::atomic<void*> session_ = nullptr; // a HINTERNET
-    SlimLock guard_;                       // of what follows
+    SlimLock guard_;                       // guards all members below
     std::shared_ptr<TransferJob> next_;
     bool abandoned_ = false;
 };

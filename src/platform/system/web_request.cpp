@@ -35,13 +35,13 @@ constexpr std::size_t longestBody = 1U << 20; // bytes
 
 // ---- states
 
-// What one host after the other is told to be: resolved, then connected to, once each. A connection that is
-// used again is neither resolved nor made again; for whoever listens it is both.
+// Reports that each host in turn is resolved, then connected to, once each. The system does neither for a
+// connection that it reuses; listeners are told both all the same.
 class HostStates {
   public:
     explicit HostStates(TransferJob& job) : job_(job) {}
 
-    // Before the system says so: until the other host is looked up, nothing is known of it.
+    // Reported before the system does: until the other host is looked up, nothing is known of it.
     void beginOtherHost() noexcept
     {
         job_.tell(TransferState::resolvingHost);
@@ -62,7 +62,7 @@ class HostStates {
 static_assert(TransferJob::mostStates >= 2 * static_cast<std::size_t>(mostRedirections + 1),
               "each hop may lead to another host");
 
-// The system's own code calls this one, through which nothing may be thrown.
+// Called by the system, so nothing may be thrown.
 void CALLBACK statusChanged(HINTERNET, DWORD_PTR context, DWORD status, void*, DWORD) noexcept
 {
     const bool connects = status == INTERNET_STATUS_CONNECTING_TO_SERVER ||
@@ -81,7 +81,7 @@ std::optional<DWORD> headerNumber(HINTERNET request, DWORD header)
     return there ? std::optional(number) : std::nullopt;
 }
 
-// The one with that index, from 0, of those that have the name.
+// The header with that name; `index`, from 0, chooses among several.
 std::optional<std::wstring> headerText(HINTERNET request, DWORD header, DWORD index = 0)
 {
     std::wstring text(1024, L'\0');
@@ -100,12 +100,12 @@ std::optional<std::wstring> headerText(HINTERNET request, DWORD header, DWORD in
 
 // ---- addresses
 
-// None for what is not of the web.
+// No value for anything but http and https.
 std::optional<CookieSite> siteOf(const std::wstring& address)
 {
     URL_COMPONENTSW parts{};
     parts.dwStructSize = sizeof parts;
-    parts.dwHostNameLength = parts.dwUrlPathLength = parts.dwExtraInfoLength = 1; // these are wanted
+    parts.dwHostNameLength = parts.dwUrlPathLength = parts.dwExtraInfoLength = 1; // 1 asks for the part
     if (!InternetCrackUrlW(address.c_str(), static_cast<DWORD>(address.size()), 0, &parts))
         return std::nullopt;
     const bool secure = parts.nScheme == INTERNET_SCHEME_HTTPS;
@@ -117,7 +117,7 @@ std::optional<CookieSite> siteOf(const std::wstring& address)
     return site;
 }
 
-// Where the answer sends the client, as a whole address.
+// The complete address that the answer redirects to.
 std::optional<std::wstring> redirection(HINTERNET request, const std::wstring& address)
 {
     const DWORD status = headerNumber(request, HTTP_QUERY_STATUS_CODE).value_or(0);
@@ -131,7 +131,7 @@ std::optional<std::wstring> redirection(HINTERNET request, const std::wstring& a
         return std::nullopt;
     const std::wstring target(whole.data(), length);
     const bool isWeb = target.starts_with(L"http://") || target.starts_with(L"https://");
-    return isWeb ? std::optional(target) : std::nullopt; // a host may not send us to files of ours
+    return isWeb ? std::optional(target) : std::nullopt; // a server must not redirect us to local files
 }
 
 // ---- one request
@@ -139,8 +139,8 @@ std::optional<std::wstring> redirection(HINTERNET request, const std::wstring& a
 InternetHandle ask(HINTERNET session, const std::wstring& address, const std::wstring& cookies,
                    HostStates& states)
 {
-    // Redirections are followed here, and cookies kept: not every system ends the ones that lead in a circle,
-    // and the system's cookies are the user's.
+    // Redirections are followed here because not every system ends circular ones (Wine 8.0 does not), and
+    // cookies are kept here because the system's are the user's.
     constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_COOKIES |
                             INTERNET_FLAG_NO_UI | INTERNET_FLAG_PRAGMA_NOCACHE |
                             INTERNET_FLAG_NO_AUTO_REDIRECT;
@@ -203,7 +203,7 @@ std::string openAddress(void* session, TransferJob& job)
         if (!target) return wantsText ? readBody(request.get()) : std::string{};
         if (job.isGivenUp()) fail(ERROR_HTTP_REDIRECT_FAILED);
         if (hop == mostRedirections) {
-            // The host answers, and that may be all that is asked.
+            // The host has answered, which may be all that was asked.
             if (wantsText) fail(ERROR_HTTP_REDIRECT_FAILED);
             return {};
         }

@@ -11,9 +11,9 @@
 namespace vandrel {
 namespace {
 
-constexpr wchar_t byteEscape = 0xDC00; // a low surrogate; alone it stands for a byte that spelled nothing
+constexpr wchar_t byteEscape = 0xDC00; // plus a byte: a lone low surrogate for an undecodable byte
 
-constexpr std::ptrdiff_t block = unitsInVector; // as many letters of ASCII as are looked at in one step
+constexpr std::ptrdiff_t block = unitsInVector; // ASCII characters handled in one step
 
 bool isByteEscape(wchar_t unit) { return unit >= byteEscape + 0x80 && unit <= byteEscape + 0xFF; }
 bool isHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
@@ -25,12 +25,12 @@ int wideLength(std::string_view bytes)
                                nullptr, 0);
 }
 
-// What the code page is, found out once.
+// The properties of the code page, determined once.
 struct CodePage {
     bool singleByte = false;
     bool utf8 = GetACP() == CP_UTF8;
     int longestLetter = 1;
-    CodePageLetters letters{}; // of a single-byte code page
+    CodePageLetters letters{}; // by byte; for single-byte code pages only
 
     CodePage()
     {
@@ -54,13 +54,13 @@ const CodePage& codePage()
     return page;
 }
 
-// Letter by letter, for the text around bytes that spell nothing. Returns the end of what it wrote.
+// Decodes character by character, for text with undecodable bytes. Returns the end of what it wrote.
 wchar_t* decodeDamaged(std::string_view bytes, wchar_t* text)
 {
     while (!bytes.empty()) {
         int got = 0;
         std::size_t used = std::min(bytes.size(), static_cast<std::size_t>(codePage().longestLetter));
-        // Longest first, but two letters of one byte each are not one letter of two bytes.
+        // Longest first, but two single-byte characters are not one double-byte character.
         for (; used > 0; --used) {
             if (used == 2 && !codePage().utf8 && !IsDBCSLeadByte(static_cast<BYTE>(bytes[0]))) continue;
             const std::string_view letter = bytes.substr(0, used);
@@ -82,7 +82,7 @@ wchar_t* decodeDamaged(std::string_view bytes, wchar_t* text)
     return text;
 }
 
-// Null where some bytes spell nothing.
+// Null if any byte is undecodable.
 wchar_t* decodeSound(std::string_view bytes, wchar_t* text)
 {
     const int size = static_cast<int>(bytes.size());
@@ -93,7 +93,7 @@ wchar_t* decodeSound(std::string_view bytes, wchar_t* text)
 wchar_t* decodeMultiByte(std::string_view bytes, wchar_t* text)
 {
     if (wchar_t* const end = decodeSound(bytes, text)) return end;
-    // A letter never spans a line end, so only the lines that hold the damage are read letter by letter.
+    // No character spans a line end, so only damaged lines are decoded character by character.
     while (!bytes.empty()) {
         const std::size_t end = bytes.find('\n');
         const std::string_view line = bytes.substr(0, end == bytes.npos ? end : end + 1);
@@ -116,8 +116,8 @@ void encodeUnits(std::wstring_view units, std::string& bytes)
     bytes.resize(before + static_cast<std::size_t>(std::max(written, 0)));
 }
 
-// A byte that spelled nothing goes back as it was, unless with the byte behind it it would now spell a letter
-// and swallow a separator.
+// Writes an undecodable byte back as it was, or as "?" if it would now form a character with the byte after
+// it, which could swallow a separator.
 void encodeByteEscape(wchar_t unit, wchar_t following, std::string& bytes)
 {
     std::string pair(1, static_cast<char>(unit - byteEscape));
@@ -127,8 +127,7 @@ void encodeByteEscape(wchar_t unit, wchar_t following, std::string& bytes)
     bytes.push_back(swallows ? '?' : pair[0]);
 }
 
-// Everything from the first letter outside ASCII up to the next one inside it. `following` is the unit
-// behind.
+// Encodes a run of units outside ASCII. `following` is the unit after it.
 void encodeForeign(std::wstring_view text, wchar_t following, std::string& bytes)
 {
     std::size_t start = 0;
@@ -173,7 +172,7 @@ char* encodeAnsi(std::wstring_view text, char* bytes, wchar_t behind)
     const wchar_t* at = text.data();
     const wchar_t* const end = at + text.size();
     while (at != end) {
-        // Most letters are ASCII, and most of those stand together.
+        // Most characters are ASCII, in long runs.
         for (; end - at >= block; at += block, bytes += block) {
             if (!UnitVector::narrowAscii(at, bytes)) break;
         }

@@ -15,7 +15,7 @@ std::wstring shortDatePattern()
 
 std::optional<SYSTEMTIME> dateOfText(std::wstring text)
 {
-    DATE date = 0; // days since the last but one of 1899, which a time of day alone gets
+    DATE date = 0; // days since 30 December 1899, which is also the date of a time of day alone
     SYSTEMTIME parts{};
     if (FAILED(VarDateFromStr(text.data(), GetUserDefaultLCID(), 0, &date)) || (date >= 0 && date < 1) ||
         VariantTimeToSystemTime(date, &parts) == 0) {

@@ -7,11 +7,11 @@
 
 namespace vandrel {
 
-// How the user's locale writes short dates, such as "M/d/yyyy".
+// The user's short date pattern, such as "M/d/yyyy".
 std::wstring shortDatePattern();
 
-// The day that the system reads out of a text, names of months in the user's language included. No value when
-// it reads none, or a time of day alone.
+// The date that the system reads from a text, in which months may have their names in the user's language.
+// No value if there is no date, or only a time of day.
 std::optional<SYSTEMTIME> dateOfText(std::wstring text);
 
 } // namespace vandrel

@@ -4,9 +4,10 @@
 
 namespace vandrel {
 
-// The whole number that a text writes in the user's locale, as the platform's own conversion reads it: halves
-// are rounded to even, blanks around it do not count. Throws RuntimeError 13 where the text is no number, 6
-// where it is beyond -32768 to 32767.
+// The whole number that a text represents in the user's locale, converted as the platform does: halves are
+// rounded to even, surrounding blanks ignored. Throws RuntimeError 13 if the text is not a number, 6 if it
+// is outside -32768 to 32767.
+// Contract: the range is that of a 16-bit integer.
 int wholeNumberOf(std::wstring text);
 
 } // namespace vandrel

@@ -12,7 +12,7 @@ namespace {
 
 bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 
-// The longest beginning of `text` that reads as a number, in plain characters.
+// The longest number at the start of `text`, in ASCII.
 std::string numberAtStart(std::wstring_view text)
 {
     std::size_t at = text.find_first_not_of(L" \t");
@@ -51,8 +51,8 @@ std::string numberAtStart(std::wstring_view text)
 double lenientNumber(std::wstring_view text)
 {
     const std::string number = numberAtStart(text);
-    // Too large is the largest there is; std::from_chars does not tell it from too small. The program never
-    // leaves the "C" locale, so the point is the point.
+    // A number that is too large becomes the largest there is. std::from_chars would not do: it reports too
+    // large and too small alike. strtod expects a point, as the program stays in the "C" locale.
     constexpr double largest = std::numeric_limits<double>::max();
     return std::clamp(std::strtod(number.c_str(), nullptr), -largest, largest);
 }

@@ -5,14 +5,15 @@
 
 namespace vandrel {
 
-// The number that `text` begins with: blanks, a sign, digits, a fraction, an exponent. What follows is
-// ignored; a text that begins with no number gives 0. Never raises.
+// The number at the start of `text`: blanks, a sign, digits, a fraction, an exponent. The rest is ignored; 0
+// if there is no number. Raises no error.
 double lenientNumber(std::wstring_view text);
 
-// The same as a whole number, halves rounded to even, cut to the range lowest..highest.
+// The same, rounded by roundedHalfEven.
 long lenientWhole(std::wstring_view text, long lowest, long highest);
 
-// Halves are rounded to even, as the platform's own conversions do.
+// Rounds halves to even, as the platform's own conversions do, and limits the result to lowest..highest. 0
+// for NaN.
 long roundedHalfEven(double value, long lowest, long highest);
 
 // Decimal digits without grouping; a fraction only where there is one, and never an exponent.

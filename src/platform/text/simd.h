@@ -7,7 +7,7 @@
 #include <cstring>
 #include <type_traits>
 
-// What every 64-bit processor of this kind has; compilers say it in their own ways.
+// SSE2 is part of every x64 processor; GCC and MSVC announce it differently.
 #if defined(__SSE2__) || defined(_M_X64)
 # define VANDREL_SSE2
 # include <emmintrin.h>
@@ -15,15 +15,15 @@
 
 namespace vandrel {
 
-// Sixteen bytes of text, looked at in one step. A code unit has two bytes on Windows and four elsewhere.
+// Text is examined sixteen bytes at a time. A code unit has two bytes on Windows and four elsewhere.
 using TextUnit = std::conditional_t<sizeof(wchar_t) == 2, std::uint16_t, std::uint32_t>;
 inline constexpr std::size_t unitsInVector = 16 / sizeof(TextUnit);
 
-// Units one by one, for processors without such steps. What a comparison returns is for &, | and first(): all
-// bits of a unit for which it holds, none of the others.
+// For processors without SSE2. A comparison sets all bits of each unit for which it holds and clears all
+// others; its results are meant for &, | and first().
 class PlainUnits {
   public:
-    // From memory of any alignment, of which as many units must be there.
+    // Reads unitsInVector units, from any alignment.
     static PlainUnits load(const wchar_t* text)
     {
         PlainUnits units;
@@ -52,7 +52,7 @@ class PlainUnits {
     {
         return each(other, [](TextUnit a, TextUnit b) { return a | b; });
     }
-    // The index of the first unit for which a comparison holds, unitsInVector when it holds for none.
+    // The index of the first unit for which the comparison holds; unitsInVector if there is none.
     std::size_t first() const
     {
         std::size_t unit = 0;
@@ -60,7 +60,7 @@ class PlainUnits {
         return unit;
     }
 
-    // As many bytes as there are units in a vector: whether all are ASCII, and if so, the letters.
+    // Converts unitsInVector characters if all are ASCII; otherwise writes nothing and returns false.
     static bool widenAscii(const char* bytes, wchar_t* text)
     {
         for (std::size_t i = 0; i < unitsInVector; ++i) {
@@ -94,7 +94,7 @@ class PlainUnits {
 
 #ifdef VANDREL_SSE2
 
-// The same in one instruction, or a few.
+// The same with SSE2.
 class SseUnits {
   public:
     static SseUnits load(const wchar_t* text)
@@ -113,10 +113,9 @@ class SseUnits {
     }
     SseUnits atMost(SseUnits other) const
     {
-        if constexpr (
-            twoBytes) { // what is at most as large leaves nothing of a difference that stops at zero
+        if constexpr (twoBytes) { // a <= b if the saturating difference is 0
             return SseUnits(_mm_cmpeq_epi16(_mm_subs_epu16(units_, other.units_), _mm_setzero_si128()));
-        } else { // the comparison at hand takes them for signed
+        } else { // _mm_cmpgt_epi32 is signed
             const __m128i lowest = _mm_set1_epi32(INT32_MIN);
             const __m128i above = _mm_cmpgt_epi32(_mm_xor_si128(units_, lowest),
                                                   _mm_xor_si128(other.units_, lowest));

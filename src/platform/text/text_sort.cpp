@@ -12,8 +12,8 @@ struct Entry {
     std::uint32_t index;
 };
 
-// Three code units from `depth` on, the first most significant, then how many of them the text still has: so
-// a text that ends sorts before one that goes on with NULs.
+// Three code units from `depth` on, the most significant first, then how many of them the text really has,
+// so that a text that ends sorts before one that continues with NULs.
 std::uint64_t keyAt(std::wstring_view text, std::size_t depth)
 {
     const std::size_t left = depth < text.size() ? text.size() - depth : 0;
@@ -31,7 +31,7 @@ class Sorter {
     Sorter(std::span<const std::wstring_view> texts, bool descending) : texts_(texts), descending_(descending)
     {}
 
-    // The entries of [first, last) agree in all units before `depth` and stand in order of their index.
+    // The entries of [first, last) agree in all units before `depth` and are in order of index.
     void sort(Entry* first, Entry* last, std::size_t depth)
     {
         while (last - first > 1) {

@@ -7,11 +7,12 @@
 
 namespace vandrel {
 
-// The order in which `texts` stand when sorted: element i is the index of the text that comes i-th. Texts compare
-// by code unit, so letter case counts. Equal texts keep the order they came in, ascending and descending alike.
+// The sorted order of `texts`: element i is the index of the text that comes i-th. Compares code units, so
+// case matters. Equal texts keep their order, ascending and descending alike.
 //
-// Addresses share long beginnings ("https://www."), which makes a comparison sort walk them again for every
-// comparison. Here each text is read a few units at a time, once for each depth at which it still has rivals.
+// Addresses share long prefixes ("https://www."), which a comparison sort would walk again for every
+// comparison. This reads each text a few units at a time, once for each depth at which it still ties with
+// others.
 std::vector<std::uint32_t> sortedOrder(std::span<const std::wstring_view> texts, bool descending);
 
 } // namespace vandrel

@@ -9,14 +9,15 @@ namespace vandrel {
 // The system's colour dialog.
 class ColorDialog {
   public:
-    // 0x00BBGGRR; what the user chose last, black before. It is not shown to the dialog.
+    // 0x00BBGGRR: the last colour that the user chose, black until then.
+    // Contract: the dialog does not start with it.
     COLORREF color = 0;
 
-    // Waits for the user; cancelling leaves the colour as it was.
+    // Returns when the user has finished; cancelling leaves `color` unchanged.
     void show(HWND owner);
 
   private:
-    std::array<COLORREF, 16> custom_ = allWhite(); // what the user mixed
+    std::array<COLORREF, 16> custom_ = allWhite(); // the user's custom colours
     static std::array<COLORREF, 16> allWhite();
 };
 

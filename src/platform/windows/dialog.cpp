@@ -10,7 +10,7 @@
 namespace vandrel {
 namespace {
 
-// A template without controls; title, menu and class are the three empty words.
+// A template without controls; the three zero words mean no menu, the standard class and no title.
 struct EmptyTemplate {
     DLGTEMPLATE header{};
     WORD rest[3]{};
@@ -46,7 +46,7 @@ INT_PTR CALLBACK Dialog::dialogProc(HWND window, UINT message, WPARAM wParam, LP
 
 INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    // The buttons with these ids say so through their own event; what comes without a window is a key.
+    // Buttons with these ids raise Click themselves; without a window it is the Enter or Esc key.
     if (message == WM_COMMAND && lParam == 0) {
         if (LOWORD(wParam) == IDOK) onOk();
         if (LOWORD(wParam) == IDCANCEL) onCancel();
@@ -99,7 +99,7 @@ void Dialog::setClientSize(int width, int height)
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// In the middle of the owner, and wholly on its screen.
+// Centred on the owner, and wholly on its screen.
 void Dialog::placeOverOwner()
 {
     MONITORINFO monitor{};
@@ -122,7 +122,8 @@ void Dialog::unload()
 {
     unloaded_ = true;
     if (!modelessKeys_) return;
-    // First the owner, then the dialog away: else another program's window would come to the front.
+    // The owner is activated before the dialog is hidden; otherwise another program's window would come to
+    // the front.
     if (GetActiveWindow() == window_ && owner_ != nullptr) SetActiveWindow(owner_);
     ShowWindow(window_, SW_HIDE);
 }
@@ -163,7 +164,8 @@ void Dialog::showModal()
     ShowWindow(window_, SW_SHOW);
     giveFirstFocus();
     loop.runUntil([this] { return unloaded_; });
-    // First the owner back, then the dialog away: else another program's window would come to the front.
+    // The owner is enabled before the dialog is hidden; otherwise another program's window would come to the
+    // front.
     others.reset();
     if (disabled) EnableWindow(owner_, TRUE);
     ShowWindow(window_, SW_HIDE);

@@ -8,9 +8,9 @@
 
 namespace vandrel {
 
-// A dialog of ours: a window of the system's dialog class with controls that the derived class owns. Making
-// the object loads it, unseen; showing comes after. Enter presses the default button, Esc cancels, Tab goes
-// through the controls in the order in which they were made.
+// A window of the system's dialog class, with controls that the derived class owns. The constructor creates
+// it hidden. Enter presses the default button, Esc cancels, Tab visits the controls in the order of their
+// creation.
 class Dialog : public Form {
   public:
     Dialog(const Dialog&) = delete;
@@ -20,12 +20,11 @@ class Dialog : public Form {
     HWND handle() const { return window_; }
     unsigned dpi() const { return GetDpiForWindow(window_); }
 
-    // Returns when the dialog was unloaded; meanwhile the owner takes no input.
+    // Returns once the dialog is unloaded; until then the owner is disabled.
     void showModal();
-    // Returns at once. The dialog goes from the screen when it is unloaded, and is then the owner's to
-    // delete.
+    // Returns at once. Unloading hides the dialog; whoever created it may then delete it.
     void showModeless();
-    // Makes a modeless dialog that is open already the active window.
+    // Activates a modeless dialog that is already open.
     void bringForward();
     bool unloaded() const { return unloaded_; }
 
@@ -40,11 +39,12 @@ class Dialog : public Form {
     void setFirstFocus(HWND control) { firstFocus_ = control; }
     void unload();
 
-    // Places the controls by the size of their fonts and, where the border is fixed, sets the client size.
+    // Places the controls according to the size of their fonts and, if the border is fixed, sets the client
+    // size.
     virtual void layOut() = 0;
-    // Pixels, with the frame; what a sizable dialog is not made smaller than.
+    // The smallest size of a sizable dialog: pixels, with the frame.
     virtual SIZE smallestSize() const { return {}; }
-    // Asked before the dialog's own keys; returns whether it has dealt with the message.
+    // Called before the dialog handles keys itself; returns whether it has handled the message.
     virtual bool filterKey(const MSG& /*message*/) { return false; }
     virtual void onOk() { unload(); }
     virtual void onCancel() { unload(); }

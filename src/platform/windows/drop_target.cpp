@@ -21,7 +21,7 @@ template <typename Character> std::basic_string_view<Character> upToNul(const vo
     return text.substr(0, text.find(Character{}));
 }
 
-// No value when the data has no such form. Throws RuntimeError when it has and does not give it.
+// No value if the data does not offer the format. Throws RuntimeError if it does but fails to deliver.
 std::optional<std::wstring> textAs(IDataObject& data, CLIPFORMAT format)
 {
     FORMATETC wanted = inMemory(format);
@@ -45,7 +45,7 @@ std::optional<std::wstring> textAs(IDataObject& data, CLIPFORMAT format)
 DroppedData read(IDataObject& data)
 {
     try {
-        // Text that is offered in its Unicode form alone, as some browsers do, is plain text, too.
+        // Contract: plain text is CF_TEXT. Some browsers offer Unicode text only, so that comes second.
         for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
             if (auto text = textAs(data, format)) return DroppedData(std::move(*text));
         }
@@ -59,7 +59,8 @@ DroppedData read(IDataObject& data)
 
 } // namespace
 
-// What OLE holds. It outlives the drop target when a source keeps it, and then refuses everything.
+// The object that OLE holds. If a drag source keeps it longer than the drop target lives, it refuses
+// everything.
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): only its own Release ends it.
 class DropTarget::Receiver final : public IDropTarget {
   public:
@@ -84,7 +85,7 @@ class DropTarget::Receiver final : public IDropTarget {
         return left;
     }
 
-    // Whatever is dragged may be dropped: that it holds no text is told after the drop.
+    // Contract: anything may be dropped. That it holds no text is reported after the drop.
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override
     {
         return DragOver(0, {}, effect);
@@ -101,9 +102,9 @@ class DropTarget::Receiver final : public IDropTarget {
         if (data == nullptr || effect == nullptr) return E_INVALIDARG;
         *effect = answer(*effect);
         if (*effect == DROPEFFECT_NONE) return S_OK;
-        // Nothing is ever taken away from the source, even if moving is all that it offers.
+        // The source keeps its data, even if it offers nothing but a move.
         if (*effect == DROPEFFECT_MOVE) *effect = DROPEFFECT_NONE;
-        // A drop that cannot even be taken down is refused: no box while the source waits.
+        // A drop that cannot be queued is refused without a box, because the source is waiting.
         return CallbackError().keep(E_OUTOFMEMORY, [&] {
             owner_->dropped(read(*data));
             return S_OK;

@@ -10,23 +10,24 @@
 
 namespace vandrel {
 
-// What was dropped, as far as it is text.
+// The text of a drop, or the error that reading it gave.
 class DroppedData {
   public:
     explicit DroppedData(std::wstring text) : content_(std::move(text)) {}
     explicit DroppedData(RuntimeError failure) : content_(std::move(failure)) {}
 
-    // The plain text as it is, up to its first NUL. Throws RuntimeError: 461 when the data has no such form,
-    // another when it says that it has and does not give it.
+    // The plain text, up to its first NUL. Throws RuntimeError: 461 if the data has no text, another number
+    // if it offers text but fails to deliver it.
+    // Contract: the text is neither trimmed nor checked.
     const std::wstring& text() const;
 
   private:
     std::variant<std::wstring, RuntimeError> content_;
 };
 
-// Lets a window take drops. The source of a drag waits until its drop was taken, so what is to be done with
-// the text is done only after it was let go: `Drop` is raised by a message of our own. While a dialog keeps
-// the window from taking input it takes no drops either.
+// Lets a window accept drops. The source of a drag waits until the drop has been taken, so only the text is
+// read then; a posted message raises `Drop` afterwards. A window that a dialog has disabled accepts no
+// drops.
 class DropTarget : private Window {
   public:
     explicit DropTarget(HWND window);
@@ -34,7 +35,7 @@ class DropTarget : private Window {
 
     std::function<void(const DroppedData& data)> Drop;
 
-    // To be called before the window is destroyed.
+    // Must be called before the window is destroyed.
     void revoke();
 
   private:
@@ -45,7 +46,7 @@ class DropTarget : private Window {
 
     OleSession ole_;
     HWND target_;
-    Receiver* receiver_ = nullptr; // one reference is ours
+    Receiver* receiver_ = nullptr; // we hold one reference
     std::deque<DroppedData> waiting_;
 };
 

@@ -6,16 +6,16 @@
 
 namespace vandrel {
 
-// The system's file dialog. Set what it shows, show it, read the file name.
+// The system's file dialog: set the fields, show it, read `fileName`.
 class FileDialog {
   public:
     std::wstring title;
-    std::wstring filter; // pairs of text and pattern, all joined by "|"
+    std::wstring filter; // pairs of text and pattern, all separated by "|"
     std::wstring fileName;
     bool cancelError = false; // cancelling raises error 32755 instead of leaving an empty file name
 
-    // Each waits for the user; cancelling leaves an empty file name. The current directory stays what it was.
-    // Throws RuntimeError 20477 when `fileName` is none that the dialog can propose.
+    // Each returns when the user has finished; cancelling leaves `fileName` empty. The current directory
+    // does not change. Throws RuntimeError 20477 if the dialog cannot suggest `fileName`.
     void showOpen(HWND owner);
     void showSave(HWND owner);
 

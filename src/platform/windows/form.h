@@ -12,7 +12,7 @@ class Form {
     virtual ~Form() = default;
 
     virtual std::vector<Control*> controls() = 0;
-    // The fonts of the controls have changed; sizes that follow from them are to be set again.
+    // Called after the fonts of the controls have changed: sizes that depend on them must be set again.
     virtual void fontsChanged() {}
 };
 

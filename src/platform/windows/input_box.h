@@ -6,7 +6,7 @@
 
 namespace vandrel {
 
-// Asks for a text. Cancelling answers with the empty text.
+// Asks the user for a text; empty if cancelled.
 std::wstring inputBox(HWND owner, const std::wstring& prompt, const std::wstring& title);
 
 } // namespace vandrel

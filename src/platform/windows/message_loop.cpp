@@ -24,10 +24,10 @@ MessageLoop& MessageLoop::current()
 
 void MessageLoop::dispatch(MSG& message)
 {
-    // A filter may run a command that opens and closes dialogs, so the list can change meanwhile.
+    // A filter may run a command that opens and closes dialogs, so the list can change during this loop.
     for (std::size_t i = filters_.size(); i-- > 0;) {
         if (i >= filters_.size()) continue;
-        // A command that failed has been dealt with as well as one that was done.
+        // A message whose command failed has been handled all the same.
         const auto taken = guarded(message.hwnd, TRUE, [&]() -> LRESULT {
             const Filter filter = filters_[i].filter;
             return filter(message) ? TRUE : FALSE;

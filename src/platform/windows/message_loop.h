@@ -7,13 +7,13 @@
 
 namespace vandrel {
 
-// The one way in which messages reach windows, whoever waits: the program, a modal dialog, a long command.
+// The program's only message loop. The program itself, modal dialogs and long commands all wait in it.
 class MessageLoop {
   public:
-    // Returns whether it has dealt with the message; asked before the windows are, the newest first.
+    // Returns whether it has handled the message. Filters come before the windows, the newest first.
     using Filter = std::function<bool(MSG& message)>;
 
-    // The filter is asked as long as the object lives.
+    // The filter is in use for as long as this lives.
     class Registration {
       public:
         Registration(MessageLoop& loop, Filter filter);
@@ -26,16 +26,16 @@ class MessageLoop {
         std::size_t id_;
     };
 
-    // The program has one thread with windows; this is its loop.
+    // The loop of the only thread that has windows.
     static MessageLoop& current();
 
-    // Until `done` says so. A request to quit ends it, too, and stays for the loop outside.
+    // Runs until `done` returns true. WM_QUIT ends it too, and is posted again for the outer loop.
     void runUntil(const std::function<bool()>& done);
-    // Until the program quits.
+    // Runs until the program quits.
     void run();
-    // What is waiting now, and no longer. False when a request to quit was among it.
+    // Dispatches messages until the queue is empty. False on WM_QUIT, which is posted again.
     bool dispatchPending();
-    // Lets windows be painted and nothing else happen.
+    // Dispatches paint messages and no others.
     void paintPending();
 
   private:

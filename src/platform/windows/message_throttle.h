@@ -6,32 +6,32 @@
 
 namespace vandrel {
 
-// When long work lets messages run: not so rarely that a user notices, and not so often that painting takes
-// more than a fifth of the time.
+// Decides when long work takes a turn at running messages: often enough that the user notices no delay, and
+// so rarely that painting takes no more than a fifth of the time.
 class MessageThrottle {
   public:
     static constexpr ULONGLONG usualMilliseconds = 100;
     static constexpr ULONGLONG longestMilliseconds = 1000;
 
-    // How long the work goes on after a turn that took so long, before the next one. A turn lasts as long as
-    // the dialogs that the user opens in it, and what waits behind these must not wait for minutes.
+    // How long the work goes on after a turn that took `taken`. Limited, because a turn may last as long as
+    // a dialog that the user opens in it, and messages must not then wait for minutes.
     static constexpr ULONGLONG pauseAfter(ULONGLONG taken, ULONGLONG usual = usualMilliseconds)
     {
         if (usual == 0) return 0;
         return std::max(usual, taken < longestMilliseconds / 4 ? 4 * taken : longestMilliseconds);
     }
 
-    // 0: whenever it is asked.
+    // 0: always due.
     explicit MessageThrottle(ULONGLONG milliseconds = usualMilliseconds)
         : MessageThrottle(milliseconds, milliseconds)
     {}
-    // The first one after `first` milliseconds: work that is done sooner is done in one go.
+    // The first turn is due after `first` milliseconds, so shorter work is not interrupted.
     MessageThrottle(ULONGLONG milliseconds, ULONGLONG first)
         : milliseconds_(milliseconds), next_(tickClock().now() + first)
     {}
 
     bool due() const { return tickClock().now() >= next_; }
-    // Runs `turn`, and waits the longer for the next one the longer it takes; see pauseAfter.
+    // Runs `turn`; the longer it takes, the later the next one is due (see pauseAfter).
     template <typename Turn> void take(Turn turn)
     {
         const ULONGLONG start = tickClock().now();

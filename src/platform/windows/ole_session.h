@@ -7,7 +7,7 @@
 
 namespace vandrel {
 
-// OLE for the calling thread, as long as one of these lives.
+// Initialises OLE on the calling thread for as long as it lives.
 class OleSession {
   public:
     OleSession()

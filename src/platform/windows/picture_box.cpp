@@ -37,7 +37,7 @@ void PictureBox::refresh()
     UpdateWindow(handle());
 }
 
-// Background and drawing reach the screen in one piece.
+// Drawn off screen first, so that it does not flicker.
 void PictureBox::paint()
 {
     PAINTSTRUCT paint{};

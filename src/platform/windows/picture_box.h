@@ -7,21 +7,21 @@
 
 namespace vandrel {
 
-// A rectangle within a dialog: a page with controls of its own, a swatch, or something drawn.
+// A rectangle in a dialog: a page with controls, a colour swatch or a drawing.
 class PictureBox final : public Window {
   public:
     enum class Border { none, sunken };
     PictureBox(HWND parent, int id, Border border = Border::none);
 
-    std::function<void(HDC context, const RECT& area)> Paint; // on the background
-    std::function<void()> MouseMove;                          // over it, and over its labels
+    std::function<void(HDC context, const RECT& area)> Paint; // draws on the background
+    std::function<void()> MouseMove;                          // over the box or its labels
 
-    // Pixels, from the parent's client area.
+    // Pixels, relative to the parent's client area.
     void place(int left, int top, int width, int height);
     SIZE innerSize() const; // pixels
     void setVisible(bool on) { ShowWindow(handle(), on ? SW_SHOWNA : SW_HIDE); }
     bool visible() const { return (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0; }
-    // 0x00BBGGRR; a surface's colour until it is set.
+    // 0x00BBGGRR; the system's COLOR_3DFACE until it is set.
     COLORREF backColor() const { return backColor_.value_or(GetSysColor(COLOR_3DFACE)); }
     void setBackColor(COLORREF color);
     void refresh();

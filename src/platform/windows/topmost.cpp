@@ -5,7 +5,7 @@
 namespace vandrel {
 namespace {
 
-// On the windows that are topmost by their own choice, and stay it when their owner is not.
+// A property of the windows that setTopmost itself has made topmost.
 constexpr const wchar_t* ownChoice = L"Vandrel.Topmost";
 
 void putInLayer(HWND window, HWND layer) noexcept
@@ -17,7 +17,7 @@ void putInLayer(HWND window, HWND layer) noexcept
     SetWindowPos(window, layer, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-// A window that leaves the layer takes all that it owns with it.
+// A window that leaves the topmost layer takes along all the windows that it owns.
 BOOL CALLBACK putBackByOwnChoice(HWND window, LPARAM owner) noexcept
 {
     if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) &&

@@ -4,8 +4,9 @@
 
 namespace vandrel {
 
-// Puts a window into the topmost layer or takes it out; place, size and the active window stay. The windows
-// that it owns go along, those excepted that were put there by a call of their own.
+// Puts a window into the topmost layer or takes it out; position, size and the active window do not change.
+// The windows that it owns go with it.
+// Contract: an owned window made topmost by a call of its own stays so when its owner is not.
 void setTopmost(HWND window, bool on) noexcept;
 
 bool isTopmost(HWND window);

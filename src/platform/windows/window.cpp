@@ -18,7 +18,7 @@ Window::Window(const Creation& creation)
     windowClass.hCursor = creation.cursor != nullptr ? creation.cursor : LoadCursorW(nullptr, IDC_ARROW);
     windowClass.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
     windowClass.lpszClassName = creation.className;
-    RegisterClassExW(&windowClass); // a second window of the class finds it registered
+    RegisterClassExW(&windowClass); // fails harmlessly if the class is registered already
     window_ = CreateWindowExW(creation.extendedStyle, creation.className, L"", creation.style, 0, 0, 0, 0,
                               creation.parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(creation.id)),
                               windowClass.hInstance, this);
@@ -40,7 +40,7 @@ LRESULT CALLBACK Window::windowProc(HWND window, UINT message, WPARAM wParam, LP
         made->window_ = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
     }
-    // There is none before WM_NCCREATE, which is not the first message.
+    // Null before WM_NCCREATE, which is not the first message.
     auto* const object = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {

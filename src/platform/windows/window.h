@@ -6,7 +6,8 @@
 
 namespace vandrel {
 
-// A window of our own class: a top-level window, or a panel within one. The object owns the window.
+// A window of one of the program's own classes: a top-level window or a panel in one. The object owns the
+// window.
 class Window {
   public:
     Window(const Window&) = delete;
@@ -25,18 +26,19 @@ class Window {
         DWORD extendedStyle = 0;
         HWND parent = nullptr;
         int id = 0;
-        HCURSOR cursor = nullptr; // the arrow where there is none
+        HCURSOR cursor = nullptr; // null for the arrow
     };
-    // The window exists from here on. Its messages are answered by the system until startAnswering: while the
-    // members of a derived class are being made, its onMessage would be called already.
+    // Creates the window. The system answers its messages until startAnswering is called: onMessage must not
+    // run while the members of a derived class are still being constructed.
     explicit Window(const Creation& creation);
-    // To be called once the members of the object's own class stand; where a base has called it, those of a
-    // class that derives from it are on their own.
+    // To be called once the members of the derived class exist. If a base class has called it already, a
+    // class derived from that one gets messages while its own members are still being constructed.
     void startAnswering() { answering_ = true; }
 
-    // Decodes and calls a named method; what it does not know goes to Window::onMessage.
+    // Overrides pass the messages that they do not handle on to Window::onMessage.
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    // Destroys the window while the derived class still stands, so that its last messages find it whole.
+    // Destroys the window while the members of the derived class still exist, which its last messages may
+    // need.
     void destroy();
 
   private:
