@@ -26,7 +26,7 @@ struct ScannedLine {
     bool loneLineEnd = false;
 };
 
-// The next unit that may mean something in a line: a separator, a line end, or another control character.
+// The next unit that may matter in a line: a separator, a line end, or another control character.
 const wchar_t* nextSpecial(const wchar_t* p, const wchar_t* end)
 {
     const UnitVector lastControl = UnitVector::all(L'\r');
@@ -40,7 +40,7 @@ const wchar_t* nextSpecial(const wchar_t* p, const wchar_t* end)
     return p;
 }
 
-// One pass over the line at the front of `text`: this is the loop that opening a large category waits for.
+// One pass over the line at the front of `text`: opening a large category spends its time in this loop.
 ScannedLine scanLine(std::wstring_view text)
 {
     ScannedLine line;
@@ -79,6 +79,7 @@ SiteRecord siteOf(std::wstring_view text, const ScannedLine& line)
         if (piece >= line.separatorCount) break;
         start = end + 1;
     }
+    // Contract: pieces after the fourth are dropped.
     return {pieces[0], pieces[1], pieces[2], pieces[3]};
 }
 

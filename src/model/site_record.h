@@ -6,7 +6,7 @@
 
 namespace vandrel {
 
-// The fields of a site in the order of its line; they look into the text they were read from.
+// The fields of a site in the order of its line: views of the text they were read from.
 struct SiteRecord {
     std::wstring_view name;
     std::wstring_view url;
@@ -18,18 +18,18 @@ struct SiteRecord {
 
 inline constexpr wchar_t fieldSeparator = L'|';
 
-// The site on one line, without its line end; none for a comment and for a line without a separator. Missing
+// The site on one line, without its line end; none for a comment or a line without a separator. Missing
 // fields are empty, pieces after the fourth are dropped.
 std::optional<SiteRecord> siteOfLine(std::wstring_view line);
 
 // The text with one blank in place of each line end: CR LF, CR or LF.
 std::wstring withoutLineEnds(std::wstring_view text);
 
-// Reads the sites of a decoded category file one after the other.
+// Reads the sites of a decoded category file in turn.
 //
-// CR LF ends a line. A CR or LF that stands alone is a character like any other, except where a line that
-// holds one is a comment or has more than four pieces: then another editor wrote it as a line end, and taking
-// it for one saves what would be dropped.
+// CR LF ends a line. A lone CR or LF is a character like any other, except in a line that is a comment or
+// has more than four pieces: there another editor wrote it as a line end, and reading it as one saves what
+// would otherwise be dropped.
 class SiteRecordReader {
   public:
     explicit SiteRecordReader(std::wstring_view text) : rest_(text) {}
@@ -40,7 +40,7 @@ class SiteRecordReader {
     std::optional<SiteRecord> nextOfCut();
 
     std::wstring_view rest_;
-    std::wstring_view cut_; // what is left of a line that is read with lone line ends
+    std::wstring_view cut_; // the rest of a line that lone line ends divide
 };
 
 } // namespace vandrel
