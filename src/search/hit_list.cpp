@@ -35,7 +35,7 @@ std::shared_ptr<const void> HitList::copyTexts()
 {
     auto owned = std::make_shared<OwnedTexts>();
     std::wstring& text = owned->text;
-    text.reserve(category_.size() + units_); // the views stay good only if it is never moved
+    text.reserve(category_.size() + units_); // the views stay valid only if it never moves
     text = category_;
     const auto copy = [&text](std::wstring_view part) {
         const std::size_t start = text.size();

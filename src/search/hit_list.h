@@ -7,13 +7,13 @@ namespace vandrel {
 // The hits of a search in one category until they are shown as rows: name, URL, category, description.
 class HitList {
   public:
-    // `sites` owns the texts of the rows that will be added, `size` units in all.
+    // `sites` owns the texts of the rows that will be added: `size` UTF-16 units in all.
     HitList(std::wstring category, std::shared_ptr<const void> sites, std::size_t size);
 
     void add(const RowTable::Row& site);
     bool empty() const { return rows_.empty(); }
-    // Takes the hits out. They keep the category's whole text when most of it is theirs, and else a copy of
-    // their own: one hit must not hold on to megabytes.
+    // Takes the hits out. They share the category's whole text if more than a quarter of it is theirs, and
+    // otherwise get a copy of their own: one hit must not hold on to megabytes.
     RowTable::Block take();
 
   private:
