@@ -14,7 +14,7 @@ constexpr IMAGE_LOAD_CONFIG_DIRECTORY64 systemFolderOnly()
 } // namespace
 
 // The DLLs that the program is linked with are loaded before its first line runs. Without this the system
-// would look for them beside the program first, among whatever else was unpacked there. The linker does not
+// would look for them in the program's folder first, where anything may lie. The linker does not
 // enter it in the headers; cmake/enter-load-config does.
 extern "C" {
 extern const IMAGE_LOAD_CONFIG_DIRECTORY64 _load_config_used;
