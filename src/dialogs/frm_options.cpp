@@ -169,7 +169,7 @@ void frmOptions::TabStrip1_Click()
     picHTML_.setVisible(!appearance);
 }
 
-// A text that is not a number stops it there: what comes before is set, and the dialog stays.
+// A text that is not a number stops it there: what comes before is already set, and the dialog stays open.
 void frmOptions::cmdOK_Click()
 {
     DisplayFont& font = options_.font;

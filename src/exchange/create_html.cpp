@@ -121,6 +121,7 @@ void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
     // Contract: the maximum is the number of categories even for one; the bar then stands still.
     workspace.PB.begin(workspace.categories.size());
     PageBytes bytes(workspace.options);
+    // Contract: a single category gets no title row.
     if (!AllCat) addShownSites(workspace, bytes.page());
     else if (!workspace.categories.empty()) addEveryCategory(workspace, bytes);
     writeFile(path, bytes.end());

@@ -138,7 +138,7 @@ void frmImport::cmdImport_Click()
     try {
         const auto file = filImport_.selected();
         if (!file) {
-            // Contract: the capital D is meant.
+            // Contract: the capital D is intended.
             tell(handle(), L"No file selected to import.", L"No File SelecteD", BoxIcon::information);
             return;
         }

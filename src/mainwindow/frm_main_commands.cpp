@@ -55,6 +55,7 @@ void frmMain::lstInfo_ItemClick()
 // Contract: every click reverses the order, whichever column it is on.
 void frmMain::lstInfo_ColumnClick(std::size_t column) { shown_.sites.sortOtherWayBy(column); }
 
+// Contract: every click reverses the order.
 void frmMain::lstCategory_ColumnClick() { categories_.sortOtherWayBy(0); }
 
 void frmMain::lstInfo_RightClick(POINT screen)

@@ -30,7 +30,7 @@ void layOut(MainLayout& layout)
     // A status bar in a large font is higher than its share; the lists end above it all the same.
     const Twips clientHeight = layout.clientHeight - notNegative(layout.statusHeight - statusRoom);
     layout.categoryHeight = notNegative(clientHeight - 945_twips);
-    // Contract: after a resize the list stops short of the right edge; after a drag it reaches it.
+    // Contract: after a resize the list stops short of the right edge; after a drag it reaches the edge.
     layout.infoWidth = notNegative(layout.clientWidth - (layout.categoryWidth + 120_twips));
     layout.infoHeight = notNegative(clientHeight - 945_twips);
     columns[2] = layout.infoWidth - (columns[1] + columns[0] + columns[3] + 270_twips);

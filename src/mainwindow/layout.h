@@ -32,7 +32,7 @@ void keepSmallestSize(MainLayout& layout);
 inline constexpr Twips statusRoom{345};
 
 // What a resize does, once the outer size is large enough and the client size is known. The site list then
-// stops 60 twips short of the right edge; after a drag of the bar it reaches it. Both are intended.
+// stops 60 twips short of the right edge; after a drag of the bar it reaches the edge. Both are intended.
 void layOut(MainLayout& layout);
 
 // The bar follows the mouse: `anchor` is where in the bar the button was pressed, `x` where the mouse is

@@ -22,7 +22,7 @@ class SiteLines {
 
     std::span<const RowTable::Row> rows_;
     std::size_t field_ = 0;       // of the first row, to be taken next
-    std::wstring_view separator_; // due after what was taken, where memory does not have it
+    std::wstring_view separator_; // due after what was taken, unless it follows in memory
 };
 
 } // namespace vandrel

@@ -114,6 +114,7 @@ void frmSearch::lstResults_DblClick()
     const auto row = lstResults_.currentRow();
     if (!row) return;
     const std::wstring url = lstResults_.text(*row, urlColumn);
+    // Contract: opening a hit sets no date.
     if (!url.empty()) shellOpen(handle(), url);
 }
 
@@ -170,7 +171,7 @@ SIZE frmSearch::smallestSize() const
             txtSearch_.pixels(search_layout::smallestHeight) + more};
 }
 
-// Form_Resize.
+// The dialog's Form_Resize.
 void frmSearch::layOut()
 {
     StatusBar1_.dock();

@@ -12,7 +12,8 @@ constexpr std::size_t npos = std::wstring_view::npos;
 
 bool isWithin(std::wstring_view text, std::wstring_view block)
 {
-    // The built-in comparison of pointers into different blocks is unspecified; this one is a total order.
+    // The built-in comparison of pointers into different blocks has no defined result; this one orders them
+    // all.
     constexpr std::less_equal<> notBehind;
     return notBehind(block.data(), text.data()) &&
            notBehind(text.data() + text.size(), block.data() + block.size());

@@ -4,7 +4,7 @@
 
 namespace vandrel {
 
-// The category shown in the site list, and how its sites stand to its file.
+// The category shown in the site list, and how its sites relate to its file.
 struct ShownCategory {
     RowTable sites; // in the order in which they are shown, and saved
     // The id of its row in the category list; 0 while none is shown, because there is none or it was

@@ -23,7 +23,7 @@ void readSites(Workspace& workspace, std::size_t item, std::span<const RowTable:
         workspace.shown.sites.take(std::move(category.sites));
         workspace.shown.reading = category.reading;
     } catch (const std::exception&) {
-        // Contract: a category that cannot be read raises nothing.
+        // Contract: a category that cannot be read raises no error.
         // The list stays empty, or as it was, and is not saved over a file whose content nobody has seen.
     }
 }

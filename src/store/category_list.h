@@ -22,7 +22,7 @@ std::optional<std::size_t> shownRow(const Workspace& workspace);
 
 // Selects the category, reads it into the site list and shows that it is the open one. The rows of
 // `behind`, which may be those of the site list itself, are added after its own. A category that cannot be
-// read raises nothing and is not saved over; the list is then empty or, if `behind` has rows, as it was.
+// read raises no error and is not saved over; the list is then empty or, if `behind` has rows, as it was.
 void showCategory(Workspace& workspace, std::size_t item, std::span<const RowTable::Row> behind = {});
 
 // Shows the category as the open one, with the sites already in the list, and reads nothing: for a category

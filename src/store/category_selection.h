@@ -7,7 +7,7 @@ namespace vandrel {
 struct Workspace;
 
 // Reads the clicked category into the site list, in the order of its file, and shows which one it is. A
-// file that cannot be read leaves the list empty and raises nothing. What no file holds yet is saved first;
+// file that cannot be read leaves the list empty and raises no error. What no file holds yet is saved first;
 // if that fails, the user is asked what to do with it and may stay in the old category.
 void lstCategory_ItemClick(Workspace& workspace, std::size_t item);
 
