@@ -34,7 +34,7 @@ void overwrite(const fs::path& path, const std::string& bytes)
     overwrite(path, bytes.data(), bytes.size());
 }
 
-// Presses "Import All" in the dialog that opens next, and takes the time until the message that it is done.
+// Presses "Import All" in the dialog that opens next, and times it until the message that it is done.
 class ImportAll {
   public:
     ImportAll()

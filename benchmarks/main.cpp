@@ -23,9 +23,9 @@ constexpr Group groups[] = {
 
 } // namespace
 
-// Ratios in one run: each figure stands beside the floor of the same work, measured in the same minute.
-// Arguments name the groups to be measured; none means all. With --make-search-files it only writes the files
-// that the search is measured on, so that another program can search them as well.
+// Prints ratios from one run: each figure beside the floor of the same work, measured in the same minute.
+// Arguments name the groups to measure; without any, all are. With --make-search-files it only writes the
+// files for the search, so that another program can search them as well.
 int main(int argc, char** argv)
 {
     const std::vector<std::string_view> wanted(argv + 1, argv + argc);

@@ -11,11 +11,11 @@ inline constexpr int repetitions = 9;
 
 double now(); // milliseconds
 double median(std::vector<double> values);
-// The median of some runs, in milliseconds; `before` is not timed.
+// The median of that many runs, in milliseconds; `before` is not timed.
 double timed(
     const std::function<void()>& work, const std::function<void()>& before = [] {}, int runs = repetitions);
 
-// One line of the table: what was done, beside what, and the aim for their ratio.
+// One line of the table: what was done, what it is compared with, and the aim for the ratio.
 struct Row {
     std::string work;
     std::string beside;

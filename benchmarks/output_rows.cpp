@@ -29,8 +29,8 @@ bool isDialog(HWND window)
     return std::wstring_view(name) == L"#32770";
 }
 
-// Answers the dialogs of one command, and takes the time while the progress bar is there: the dialogs' own is
-// not the command's. A page is done when it asks whether to open it.
+// Answers the dialogs of one command and times it while the progress bar is visible: the dialogs' own time
+// is not the command's. A page is done when the command asks whether to open it.
 class OneCommand {
   public:
     OneCommand(frmMain& window, int entry, const fs::path& target)
@@ -93,7 +93,7 @@ class OneCommand {
             SendMessageW(dialog, WM_COMMAND, IDOK, 0);
         } else if (const HWND tree = FindWindowExW(dialog, nullptr, WC_TREEVIEWW, nullptr)) {
             SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, text);
-            // A new folder is not always found at the first time of asking.
+            // A new folder is not always found at the first attempt.
             if (SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0) != 0) test::press(dialog, IDOK);
         }
     }

@@ -4,7 +4,8 @@
 
 namespace vandrel::bench {
 
-// Files with as little between the bytes and the caller as there can be: the floors are made of these.
+// Reads and writes files with as little as possible between bytes and caller; the floors are measured with
+// these.
 
 std::wstring currentFolder();
 void writeFile(const wchar_t* name, const std::string& bytes);

@@ -21,7 +21,7 @@ fs::path programFolder()
     return fs::path(path).parent_path();
 }
 
-// A started program; ended the hard way, for only its start is looked at.
+// A started program; terminated in the end, because only its start is measured.
 class Process {
   public:
     explicit Process(const fs::path& program)

@@ -35,7 +35,7 @@ double processorTime()
     return milliseconds(kernel) + milliseconds(user);
 }
 
-// A system may leave the count at nought.
+// Some systems leave the count at zero.
 bool countsProcessorTime()
 {
     const double before = processorTime();
@@ -44,7 +44,7 @@ bool countsProcessorTime()
     return processorTime() - before > 50;
 }
 
-// What any check does at least: the same call on the same thread, and nothing around it.
+// The least that any check does: the same call on the same thread, and nothing around it.
 void checkPlainly(HINTERNET session, const std::wstring& url, std::size_t count)
 {
     constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_COOKIES |
@@ -85,7 +85,7 @@ void waitingRow(frmMain& window)
     window.run(mnuScanAllURLs);
     const double waiting = processorTime() - before;
     window.workspace().inetScan.setRequestTimeout(InternetTransfer::usualSeconds * 1000);
-    // The main window's timer runs in both. The count may go in steps of some milliseconds.
+    // The main window's timer runs in both. The count may move in steps of some milliseconds.
     const double start = now();
     const double beforeIdling = processorTime();
     while (now() - start < waitingMilliseconds) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t categoryCount = 50;
 constexpr std::size_t sitesInCategory = 20'000;
-// Ten sites in a million have it; the generator makes no such letters.
+// Ten sites in a million contain it; the generator never produces it.
 constexpr const wchar_t* rareWord = L"quetzal";
 constexpr const wchar_t* frequentWord = L"the";
 constexpr const wchar_t* noWord = L"xylophonist";
@@ -26,8 +26,7 @@ std::wstring fileOf(std::size_t category)
     return searchFolder() + L"\\Category " + std::to_wstring(100 + category) + L".udb";
 }
 
-// What any search of the same files does at least: it reads and decodes them and goes through their letters
-// once.
+// The least that any search of these files does: read and decode them, and go through the text once.
 std::size_t plainSearch(const std::wstring& word)
 {
     std::size_t found = 0;
@@ -88,7 +87,7 @@ void searchRows()
     searchRow(search, "a frequent word", frequentWord, floor, 3);
     searchRow(search, "the empty term: every site is a hit", L"", floor, 4);
 
-    // Sorting and scrolling the million rows that the last search left.
+    // Sorting and scrolling the million rows of the last search.
     ListView& results = search.results();
     const auto click = [&] {
         results.ColumnClick(0);

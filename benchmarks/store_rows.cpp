@@ -106,7 +106,7 @@ void sortRow(Bench& bench, std::size_t column, const char* work)
     print({work, "a bare stable sort of an index", ours, floor, "ms", 1.5});
 }
 
-// From pressing a button in a dialog to the end of the command.
+// The time from pressing a button in a dialog to the end of the command, in milliseconds.
 double fromAnswer(Bench& bench, MenuEntry entry, const wchar_t* caption, int button)
 {
     double pressed = 0;
@@ -135,7 +135,7 @@ void addRows(Bench& bench, double save)
     print({"the same, file in no order", "SaveItems", median(unsorted), save, "ms", 1.3});
 }
 
-// A key as the list gets it, with the state of Ctrl and Shift that it comes with.
+// Sends the list a key with that state of Ctrl and Shift.
 void sendKey(HWND list, WPARAM code, bool control, bool shift)
 {
     BYTE keys[256]{};

@@ -12,9 +12,11 @@ void lstInfo_OLEDragDrop(Workspace& workspace, const DroppedData& data)
     // The drag came from another program, which still has the keyboard.
     SetForegroundWindow(workspace.window);
     try {
+        // Contract: the text is taken as it is, whether or not it is an address.
         workspace.site.IncomingLink = data.text();
         AddURL(workspace);
     } catch (const RuntimeError& error) {
+        // Contract: every other failure ends the drop silently, even that of saving the site.
         if (error.number() != error_number::noSuchFormat) return;
         tell(workspace.window, L"That is not a valid URL. Please drag links from browsers only.",
              L"Invalid URL", BoxIcon::information);

@@ -35,15 +35,17 @@ frmAbout::frmAbout(HWND owner, const std::wstring& version)
       cmdOK_(handle(), IDOK, L"OK", true),
       Tabs_(handle(), idTabs)
 {
+    // Contract: the dialog keeps its own font, not the display font.
     for (Control* const control : controls()) control->setFont({});
     Tabs_.add(L"About");
     Tabs_.Click = [this] { DoTab(static_cast<int>(Tabs_.selected()) + 1); };
     lblInfo_.center();
     lblEmail_.Click = [this] { lblEmail_Click(); };
     lblSite_.Click = [this] { lblSite_Click(); };
+    // Contract: no timer: a link stays highlighted until the mouse moves over one of these.
     lblEmail_.MouseMove = [this] { highlight(&lblEmail_); };
     lblSite_.MouseMove = [this] { highlight(&lblSite_); };
-    picInfo_.MouseMove = [this] { highlight(nullptr); }; // a label lets the mouse through to it
+    picInfo_.MouseMove = [this] { highlight(nullptr); }; // labels let the mouse through to it
     Picture1_.Paint = [this](HDC context, const RECT& area) {
         DrawIconEx(context, 0, 0, logo_.get(), area.right, area.bottom, 0, nullptr, DI_NORMAL);
     };

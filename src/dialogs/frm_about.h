@@ -14,7 +14,7 @@ class frmAbout : public Dialog {
     // `version` is that of the running program, "1.3.0".
     frmAbout(HWND owner, const std::wstring& version);
 
-    // Selects a tab, from 1, and shows what belongs to it.
+    // Selects a tab, counted from 1, and shows its panel.
     void DoTab(int n);
 
     std::vector<Control*> controls() override;

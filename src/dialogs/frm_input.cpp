@@ -12,7 +12,7 @@ namespace {
 
 enum ControlId { idName = 101, idAddress, idDescription, idBrowse };
 
-// As much of a box's text as its focus selects: more than a box can hold.
+// Contract: the focus selects this many characters, more than a box can hold.
 constexpr int wholeText = 65535;
 
 } // namespace
@@ -82,6 +82,7 @@ void frmInput::cmdBrowse_Click()
 void frmInput::cmdOK_Click()
 {
     if (handOff_.SiteEditMode) {
+        // Contract: an edited site keeps its "|"; only a new one gets "-" instead.
         handOff_.SiteEditName = txtName_.text();
         handOff_.SiteEditURL = txtAddress_.text();
         handOff_.SiteEditDesc = txtDescription_.text();
@@ -90,12 +91,13 @@ void frmInput::cmdOK_Click()
         for (TextBox* const box : {&txtName_, &txtAddress_, &txtDescription_}) {
             box->setText(withoutSeparators(box->text()));
         }
+        // Contract: handed over in this order.
         handOff_.newSiteURL = txtAddress_.text();
         handOff_.newSiteName = txtName_.text();
         handOff_.newSiteDescription = txtDescription_.text();
     }
-    handOff_.SiteDialogCancelled =
-        false; // not before all is handed over: an OK that failed may still be cancelled
+    // Not before everything is handed over: an OK that failed may still be cancelled.
+    handOff_.SiteDialogCancelled = false;
     unload();
 }
 

@@ -8,18 +8,18 @@
 
 namespace vandrel {
 
-// The site editor: name, address and description of one site, new or stored. It talks to its caller through
-// the hand-off alone and stores nothing.
+// The site editor: name, address and description of one site, new or stored. It deals with its caller
+// through the hand-off alone and stores nothing.
 class frmInput : public Dialog {
   public:
-    // Loads the dialog. In add mode it takes what it shows from IncomingLink, in edit mode from the SiteEdit
-    // texts; IncomingLink is empty afterwards either way.
+    // Loads the dialog: in add mode from IncomingLink, in edit mode from the SiteEdit texts. IncomingLink
+    // is empty afterwards either way.
     frmInput(HWND owner, SiteHandOff& handOff, const DisplayFont& font);
 
     std::vector<Control*> controls() override;
 
   protected:
-    // Shows the file dialog of the Browse button; apart, so that a test can let it fail.
+    // Shows the file dialog of the Browse button; virtual, so that a test can make it fail.
     virtual void showBrowse(FileDialog& CD1) { CD1.showOpen(handle()); }
     void layOut() override;
     void onOk() override { cmdOK_Click(); }
@@ -32,7 +32,7 @@ class frmInput : public Dialog {
     void cmdCancel_Click() { unload(); }
 
     SiteHandOff& handOff_;
-    // Made in the order in which Tab goes through them; each label stands before its box, for screen readers.
+    // In tab order; each label comes before its box, for screen readers.
     Label lblName_;
     TextBox txtName_;
     Label lblAddress_;

@@ -25,7 +25,7 @@ enum ControlId {
     idTabs,
 };
 
-// Selects the font and makes it the first line that is seen; one that is not installed is not selected.
+// Selects the font and scrolls it to the top; one that is not installed is not selected.
 void show(ListBox& fonts, const std::wstring& name)
 {
     const auto entry = fonts.find(name);
@@ -66,12 +66,14 @@ frmOptions::frmOptions(HWND owner, OptionsState& options, Form& mainWindow)
       cmdCancel_(handle(), IDCANCEL, L"Cancel"),
       TabStrip1_(handle(), idTabs)
 {
+    // Contract: the dialog keeps its own font, not the display font.
     for (Control* const control : controls()) control->setFont({});
     for (const wchar_t* const tab : {L"Appearance", L"HTML Generation"}) TabStrip1_.add(tab);
     for (const int size : {8, 10, 12, 14, 16, 18}) cboFontSize_.add(std::to_wstring(size));
     for (int border = 0; border <= 5; ++border) cboHTMLBorder_.add(std::to_wstring(border));
     for (int width = 100; width >= 10; width -= 5) cboTableWidth_.add(std::to_wstring(width) + L"%");
     lstFonts_.Click = [this] { lstFonts_Click(); };
+    // Contract: only choosing from the list refreshes the sample, typing a size does not.
     cboFontSize_.Click = [this] { PreviewIt(); };
     chkFontBold_.Click = [this] { PreviewIt(); };
     chkItalic_.Click = [this] { PreviewIt(); };
@@ -111,8 +113,8 @@ void frmOptions::Form_Load()
     cboHTMLBorder_.setText(decimalText(static_cast<long>(options_.htmlBorder)));
     show(lstHTMLFont_, options_.htmlFont);
     chkEmpty_.setChecked(options_.generateEmpty);
-    // OK takes sizes that no font has; without a sample the dialog must still open, or nobody could take one
-    // back.
+    // OK accepts sizes that no font has. The dialog must open even then, without a sample, or the size
+    // could not be corrected.
     if (isFontSize(options_.font.size)) PreviewIt();
 }
 
@@ -133,7 +135,7 @@ void frmOptions::paintPreview(HDC context, const RECT& area) const
     const std::wstring& name = previewFont_.name;
     const FontHandle font = makeFont(previewFont_, dpi());
     const HGDIOBJ before = SelectObject(context, font.get());
-    // As in every control, black is the system's own colour of texts.
+    // As in every control, black means the system's own text colour.
     SetTextColor(context, previewColor_ == 0 ? GetSysColor(COLOR_WINDOWTEXT) : previewColor_);
     SetBkMode(context, TRANSPARENT);
     TextOutW(context, 0, 0, name.c_str(), static_cast<int>(name.size()));
@@ -148,7 +150,7 @@ void frmOptions::lstFonts_Click()
 
 void frmOptions::cmdFontColor_Click()
 {
-    // Cancelled, the dialog still has the colour of the time before, or black.
+    // Contract: a cancelled dialog still gives its last colour, at first black.
     colorDialog_.show(handle());
     picColor_.setBackColor(colorDialog_.color);
     PreviewIt();
@@ -160,14 +162,14 @@ void frmOptions::TabStrip1_Click()
 {
     const bool appearance = TabStrip1_.selected() == 0;
     const PictureBox& leaving = appearance ? picHTML_ : picAppearance_;
-    // A control that nobody sees would still take the keys.
+    // A hidden control would still take the keys.
     if (IsChild(leaving.handle(), GetFocus()) != 0)
         SendMessageW(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(TabStrip1_.handle()), TRUE);
     picAppearance_.setVisible(appearance);
     picHTML_.setVisible(!appearance);
 }
 
-// A text that is no number ends it where it stands: what comes before is set then, and the dialog stays.
+// A text that is not a number stops it there: what comes before is already set, and the dialog stays open.
 void frmOptions::cmdOK_Click()
 {
     DisplayFont& font = options_.font;
@@ -176,6 +178,7 @@ void frmOptions::cmdOK_Click()
     font.size = wholeNumberOf(cboFontSize_.text());
     font.bold = chkFontBold_.checked();
     font.italic = chkItalic_.checked();
+    // Contract: other open windows keep their old font.
     ApplyFont(mainWindow_, font);
     const auto htmlFont = lstHTMLFont_.selected();
     options_.htmlFont = htmlFont ? lstHTMLFont_.text(*htmlFont) : std::wstring();
@@ -210,7 +213,7 @@ void frmOptions::layOut()
     setClientSize(strip.right + strip.left, top + buttonHeight + gap);
 }
 
-// Both pages are built of lines of text, boxes as high as one and a little more, and gaps.
+// Both pages are made of lines of text, boxes a little higher than a line, and gaps.
 struct frmOptions::Measures {
     int line = 0;
     int gap = 0;
@@ -225,7 +228,7 @@ frmOptions::Measures frmOptions::measures() const
     return {.line = line, .gap = gap, .margin = gap / 2, .box = line + gap};
 }
 
-// Returns where the box ends.
+// Returns the right edge of the box.
 int frmOptions::placeBeside(Label& label, ComboBox& box, POINT at, Twips boxWidth) const
 {
     const auto [line, gap, margin, boxHeight] = measures();
@@ -246,7 +249,7 @@ void frmOptions::layOutAppearance(SIZE page)
     const int effectsWidth = px(1860_twips);
     const int fontsWidth = page.cx - effectsWidth - gap - 2 * margin;
     const int inner = fontsWidth - 2 * gap;
-    const int frameLeft = margin + gap; // of what stands within
+    const int frameLeft = margin + gap; // of the contents
 
     fraFonts_.place(margin, margin, fontsWidth, frameHeight);
     int top = margin + line + gap;

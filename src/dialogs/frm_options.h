@@ -45,10 +45,10 @@ class frmOptions : public Dialog {
     FontDescription previewFont_{.name = L""}; // nothing is shown before the first sample
     COLORREF previewColor_ = 0;
 
-    // In the order in which Tab goes through them, the tabs last: the pages lie on top of them.
+    // In tab order, the tab strip last: the pages lie on top of it.
     PictureBox picAppearance_;
     Label lblFontName_;
-    Label lblFontCaption_; // next to the list, whose name it is
+    Label lblFontCaption_; // just before the list, which it names
     ListBox lstFonts_;
     Label lblFontSize_;
     ComboBox cboFontSize_;

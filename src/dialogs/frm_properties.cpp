@@ -12,7 +12,7 @@ namespace {
 
 enum ControlId { idName = 101, idURL, idDescription };
 
-// The system takes any number for a date; only a text with a month's name or a time of day is left to it.
+// The system takes any number to be a date; only a text with a month's name or a time of day is left to it.
 bool mayBeWordedDate(const std::wstring& text)
 {
     return std::ranges::any_of(text, [](wchar_t c) { return std::iswalpha(c) != 0 || c == L':'; }) &&
@@ -49,6 +49,7 @@ frmProperties::frmProperties(HWND owner, const PropertiesHandOff& handOff)
     lblSiteURL_.Click = [this] { lblSiteURL_Click(); };
     cmdOK_.Click = [this] { cmdOK_Click(); };
     setFirstFocus(cmdOK_.handle());
+    // Contract: the dialog keeps its own font, not the display font.
     for (Control* const control : controls()) control->setFont({});
     Form_Load(handOff);
     layOut();
@@ -77,6 +78,7 @@ void frmProperties::Form_Load(const PropertiesHandOff& handOff)
     txtSiteDescription_.setText(handOff.PropSiteDesc);
 }
 
+// Contract: the site's date is not touched.
 void frmProperties::lblSiteURL_Click() { shellOpen(handle(), lblSiteURL_.text()); }
 
 void frmProperties::layOut()
@@ -97,7 +99,7 @@ void frmProperties::layOut()
 
     int top = 2 * gap;
     const auto row = [&](Label& caption, Control& content, int height, bool box) {
-        // The texts of all rows stand on one line with their labels.
+        // In every row the text is level with its label.
         const int inset = (boxHeight - label.cy) / 2;
         caption.place(2 * gap, top + inset, label.cx, label.cy);
         content.place(boxLeft, box ? top : top + inset, boxWidth, box ? height : label.cy);

@@ -7,10 +7,10 @@
 
 namespace vandrel {
 
-// What is stored of one site. It changes nothing: what is typed into its boxes is gone with it.
+// Shows what is stored of one site, and changes nothing.
 class frmProperties : public Dialog {
   public:
-    // Loads the dialog with the texts handed over. It has a font of its own, not the display font.
+    // Loads the dialog with the texts handed over. It has its own font, not the display font.
     frmProperties(HWND owner, const PropertiesHandOff& handOff);
 
     std::vector<Control*> controls() override;
@@ -21,9 +21,10 @@ class frmProperties : public Dialog {
   private:
     void Form_Load(const PropertiesHandOff& handOff);
     void lblSiteURL_Click();
+    // Contract: what was typed into the boxes is discarded.
     void cmdOK_Click() { unload(); }
 
-    // In the order in which Tab goes through them; each label stands before what it is about.
+    // In tab order; each label comes before what it names.
     Label lblName_;
     TextBox lblSiteName_;
     Label lblURL_;
@@ -36,8 +37,8 @@ class frmProperties : public Dialog {
     Frame Frame1_;
 };
 
-// A stored date as it is shown: month, day and year, whatever the order in which the text has them; "Never"
-// when there is none, and the text itself when it is no date.
+// A stored date as it is shown: month-day-year, whatever the order in the text; "Never" if it is empty, and
+// the text itself if it is not a date.
 std::wstring shownDate(const std::wstring& stored);
 
 } // namespace vandrel

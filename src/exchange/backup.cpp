@@ -35,7 +35,7 @@ void backUpEvery(Workspace& workspace, const std::wstring& folder)
     workspace.PB.setVisible(false);
 }
 
-// `copy` gets the chosen folder. Failure leaves the progress bar as it is.
+// Calls `copy` with the chosen folder.
 template <typename Copy> void intoChosenFolder(Workspace& workspace, const wchar_t* title, Copy copy)
 {
     try {
@@ -45,6 +45,7 @@ template <typename Copy> void intoChosenFolder(Workspace& workspace, const wchar
         copy(folder);
         workspace.StatusBar1.setPanelText(1, L"Backup successful.");
     } catch (const RuntimeError&) {
+        // Contract: no message box, and the progress bar stays as it is.
         workspace.StatusBar1.setPanelText(1, L"Backup failed.");
     }
 }

@@ -25,7 +25,7 @@
 namespace vandrel {
 namespace {
 
-// The page as it is written: a category is encoded as soon as it is complete.
+// The bytes of the page; a category is encoded as soon as it is complete.
 class PageBytes {
   public:
     explicit PageBytes(const OptionsState& options) : page_(options) {}
@@ -36,7 +36,7 @@ class PageBytes {
         encodeAnsi(page_.text(), bytes_);
         page_.clear();
     }
-    // The whole of it, as one record.
+    // All of it, as one record.
     const std::string& end()
     {
         page_.end(makersSite);
@@ -62,7 +62,7 @@ void addShownSites(const Workspace& workspace, HtmlPage& page)
     addSites(workspace.shown.sites.all(), page);
 }
 
-// A page that lacks a category without saying so would be published like that.
+// A page that silently lacked a category might be published.
 Category readWholly(const Workspace& workspace, const std::wstring& title)
 {
     try {
@@ -72,7 +72,7 @@ Category readWholly(const Workspace& workspace, const std::wstring& title)
     }
 }
 
-// The window follows when there is time to see it.
+// The window follows now and then, for the user to see the progress.
 void addCategories(Workspace& workspace, PageBytes& bytes)
 {
     MessageThrottle throttle;
@@ -91,7 +91,7 @@ void addCategories(Workspace& workspace, PageBytes& bytes)
     }
 }
 
-// The window as it was, whether the page came about or not.
+// Restores the window, whether or not the page was made.
 void showAgain(Workspace& workspace, std::optional<std::size_t> category, const std::wstring& caption)
 {
     if (category) {
@@ -118,8 +118,10 @@ void addEveryCategory(Workspace& workspace, PageBytes& bytes)
 
 void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
 {
+    // Contract: the maximum is the number of categories even for one; the bar then stands still.
     workspace.PB.begin(workspace.categories.size());
     PageBytes bytes(workspace.options);
+    // Contract: a single category gets no title row.
     if (!AllCat) addShownSites(workspace, bytes.page());
     else if (!workspace.categories.empty()) addEveryCategory(workspace, bytes);
     writeFile(path, bytes.end());

@@ -25,7 +25,7 @@ namespace {
 
 enum ControlId { idDrive = 101, idFolders, idFiles, idImportAll };
 
-// The system's reading functions take a file that cannot be read for an empty one.
+// The system's reading functions take an unreadable file to be empty.
 void requireReadable(const std::wstring& path)
 {
     const FileHandle file(CreateFileW(extendedPath(path).c_str(), GENERIC_READ,
@@ -34,7 +34,7 @@ void requireReadable(const std::wstring& path)
     if (!file) raiseLastError();
 }
 
-// Pixels that a dialog may take, beside what the taskbar takes.
+// The width of the screen without the taskbar, in pixels.
 int screenWidth(HWND window)
 {
     MONITORINFO monitor{};
@@ -88,7 +88,7 @@ void frmImport::Form_Load()
     layOut();
 }
 
-// Without a Favorites folder that can be read the user starts where the program's own files are.
+// If the Favorites folder cannot be read, browsing starts in the data folder.
 void frmImport::showFavorites()
 {
     std::wstring start = workspace_.favoritesFolder;
@@ -138,6 +138,7 @@ void frmImport::cmdImport_Click()
     try {
         const auto file = filImport_.selected();
         if (!file) {
+            // Contract: the capital D is intended.
             tell(handle(), L"No file selected to import.", L"No File SelecteD", BoxIcon::information);
             return;
         }
@@ -157,6 +158,7 @@ void frmImport::tellOutcome(bool imported)
 bool frmImport::importSelected(std::size_t file)
 {
     takeShortcut(filImport_.text(file));
+    // Contract: cancelling gives an empty description, and the import goes on.
     workspace_.site.newSiteDescription = inputBox(handle(), L"Enter a description for the site.",
                                                   L"Site Description");
     return addNewSite();
@@ -165,6 +167,7 @@ bool frmImport::importSelected(std::size_t file)
 void frmImport::cmdImportAll_Click()
 {
     if (busy_) return;
+    // Contract: unlike the import of one file, this traps no error.
     const bool imported = importEvery();
     tellOutcome(imported);
     if (!imported) return;
@@ -175,7 +178,7 @@ void frmImport::cmdImportAll_Click()
 
 bool frmImport::importEvery()
 {
-    const std::vector<Control*> all = controls(); // now: to make the dialog usable again must need no memory
+    const std::vector<Control*> all = controls(); // now: making the dialog usable again must need no memory
     setBusy(all, true);
     const ScopeExit idle([this, &all] {
         MessageLoop::current().dispatchPending(); // what was pressed meanwhile was meant for a busy dialog
@@ -186,6 +189,7 @@ bool frmImport::importEvery()
     std::optional<ListPause> unseen(std::in_place, workspace_.lstInfo);
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));
+        // Contract: saved once per file, with the description of the last single import.
         if (!addNewSite()) return false;
         prgImport_.setValue(file + 1);
         if (!throttle.due()) continue;
@@ -210,6 +214,7 @@ void frmImport::takeShortcut(const std::wstring& fileName)
 bool frmImport::addNewSite()
 {
     const SiteHandOff& site = workspace_.site;
+    // Contract: imported sites have no date.
     const bool saved = addSite(workspace_, site.newSiteName, site.newSiteURL, site.newSiteDescription, L"");
     workspace_.site.forgetNewSite();
     return saved;
@@ -227,7 +232,7 @@ void frmImport::setBusy(const std::vector<Control*>& all, bool busy)
 
 void frmImport::cmdCancel_Click()
 {
-    // What is being imported is finished: half of a folder would be hard to tell from the rest.
+    // An import is finished once begun: half of a folder would be hard to tell from the rest.
     if (!busy_) unload();
 }
 

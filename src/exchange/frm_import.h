@@ -34,7 +34,7 @@ class frmImport : public Dialog {
     void cmdCancel_Click();
 
     void showFavorites();
-    // False when there is no category, and the user made none: then nothing is imported.
+    // False when there is no category and the user made none; the site then stays in the list, unsaved.
     bool importSelected(std::size_t file);
     bool importEvery();
     bool addNewSite();
@@ -45,7 +45,7 @@ class frmImport : public Dialog {
     Workspace& workspace_;
     std::wstring previousDrive_; // the last one that could be read
     bool busy_ = false;          // all files of the folder are being imported
-    // In the order in which Tab goes through them; each label stands before its list.
+    // In tab order; each label comes before its list.
     Label lblDrive_;
     DriveList drvImport_;
     Label lblFolder_;
@@ -59,7 +59,6 @@ class frmImport : public Dialog {
     ProgressBar prgImport_;
 };
 
-// Opens the dialog.
 void Import(Workspace& workspace);
 void mnuImport_Click(Workspace& workspace);
 

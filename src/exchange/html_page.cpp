@@ -26,11 +26,13 @@ HtmlPage::HtmlPage(const OptionsState& options)
 
 void HtmlPage::addTitle(std::wstring_view category)
 {
+    // Contract: no line end here: the first site follows on the same line.
     append(text_, {L"<tr><td colspan=3 align=center><b>", category, L"</b></td></tr>"});
 }
 
 void HtmlPage::addSite(std::wstring_view name, std::wstring_view url, std::wstring_view description)
 {
+    // Contract: nothing is escaped.
     append(text_, {L"<tr><td>", name, L"</td><td><a href=\"", url, L"\">", url, L"</a></td><td>", description,
                    L"</td></tr>", lineEnd});
 }

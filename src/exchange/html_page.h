@@ -18,7 +18,7 @@ class HtmlPage {
     // Ends the page; `site` is the maker's web site.
     void end(std::wstring_view site);
 
-    // What was added since it was cleared last, so that nobody has to hold the whole page.
+    // What was added since clear() was last called, so that nobody has to hold the whole page.
     std::wstring_view text() const { return text_; }
     void clear() { text_.clear(); }
 

@@ -10,6 +10,7 @@
 namespace vandrel::Module1 {
 namespace {
 
+// Contract: longer values are cut.
 constexpr std::size_t mostValueBytes = 254;
 
 std::string ansi(std::wstring_view text)
@@ -19,7 +20,7 @@ std::string ansi(std::wstring_view text)
     return bytes;
 }
 
-// The text as the system understands the bytes that the code page has for it.
+// The text after a round trip through the ANSI code page.
 std::wstring throughCodePage(const std::wstring& text)
 {
     const std::string bytes = ansi(text);
@@ -38,7 +39,7 @@ std::wstring shortName(const std::wstring& path)
     return length < name.size() ? std::wstring(name.data(), length) : std::wstring();
 }
 
-// The system's functions are not said to take a path of any length. A file that is not there yet has no short
+// The system's functions are not documented to take long paths. A file that does not exist yet has no short
 // name, but its folder has.
 std::wstring profilePath(const std::wstring& path)
 {
@@ -49,7 +50,7 @@ std::wstring profilePath(const std::wstring& path)
     return folder.empty() ? extendedPath(path) : folder + path.substr(slash);
 }
 
-// So much of the text, in whole letters, as the code page has in so many bytes.
+// As many whole letters of the text as fit into `most` bytes of the code page.
 std::wstring firstBytes(std::wstring_view text, std::size_t most)
 {
     std::string bytes;
@@ -67,8 +68,7 @@ std::wstring firstBytes(std::wstring_view text, std::size_t most)
 
 std::wstring ReadINIValue(const std::wstring& section, const std::wstring& key, const std::wstring& fileName)
 {
-    // No letter takes more units than bytes, so what is cut here, perhaps in the middle of a letter, is cut
-    // again.
+    // No letter takes more units than bytes, so a letter cut in half here is dropped below.
     std::array<wchar_t, mostValueBytes + 2> buffer{};
     const DWORD count = GetPrivateProfileStringW(throughCodePage(section).c_str(),
                                                  throughCodePage(key).c_str(), L"", buffer.data(),

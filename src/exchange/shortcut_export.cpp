@@ -20,10 +20,10 @@ struct Entry {
     const wchar_t* section;
     const wchar_t* key;
 };
-// In a new file they stand in this order.
+// Contract: a new file has them in this order.
 constexpr Entry entries[] = {{L"DEFAULT", L"BaseURL"}, {L"InternetShortcut", L"URL"}};
 
-// The system's writing function tells no reason that outlasts it, so the file is asked.
+// The error code of the system's writing function does not outlast the call, so the file is tried instead.
 RuntimeError whyNotWritten(const std::wstring& path)
 {
     const HANDLE file = systemFiles().openForChange(extendedPath(path));
@@ -58,7 +58,7 @@ void exportSite(Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
     if (!row) throw RuntimeError(error_number::objectNotSet);
-    // Now: behind the dialog the row may be another one.
+    // Read now: the row may change while the dialog is open.
     const std::wstring url = siteAt(workspace.shown.sites, *row).url;
     FileDialog CD1;
     CD1.title = L"Export URL File";

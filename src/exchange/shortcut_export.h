@@ -4,8 +4,8 @@ namespace vandrel {
 
 struct Workspace;
 
-// Writes the current site to the shortcut file that the user names; one that is there keeps what else it
-// holds. A failure is told in a message.
+// Writes the current site to the shortcut file that the user names; an existing one keeps what else it
+// holds. Failures are shown in a message box.
 void mnuExport_Click(Workspace& workspace);
 
 } // namespace vandrel

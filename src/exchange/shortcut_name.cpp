@@ -7,7 +7,7 @@
 namespace vandrel {
 namespace {
 
-// Leaves room for the folder within the 260 units that the system's shortcut functions take for a path.
+// Leaves enough for the folder of the 260 units that the system's shortcut functions take as a path.
 constexpr std::size_t longestName = 120;
 
 wchar_t asciiLower(wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c; }
@@ -27,7 +27,7 @@ bool isAllowed(wchar_t c)
     return c >= L' ' && c != 0x7F && std::wstring_view(L"\\/:*?\"<>|").find(c) == std::wstring_view::npos;
 }
 
-// "CON", "con.backup" and their like lead to a device, not to a file.
+// "CON", "con.backup" and the like name a device, not a file.
 bool isDevice(std::wstring_view name)
 {
     std::wstring base = asciiLower(name.substr(0, name.find(L'.')));
@@ -36,7 +36,7 @@ bool isDevice(std::wstring_view name)
         if (base == device) return true;
     }
     const bool numbered = base.starts_with(L"com") || base.starts_with(L"lpt");
-    // The raised digits count as well.
+    // The superscript digits count as well.
     return numbered && base.size() == 4 &&
            std::wstring_view(L"123456789\u00B9\u00B2\u00B3").find(base[3]) != std::wstring_view::npos;
 }

@@ -5,7 +5,7 @@
 namespace vandrel {
 namespace {
 
-// 254 bytes, less a letter that is cut off whole; no code page has more than three bytes for a unit.
+// 254 bytes, less a letter that is cut off whole; no code page takes more than three bytes for a unit.
 constexpr std::size_t shortestCutValue = 250 / 3;
 
 std::wstring lasting(std::wstring_view value)

@@ -19,6 +19,7 @@ Availability::Availability(CommandTable commands, const RowTable& categories, co
 
 void Availability::tmrClipboard_Timer()
 {
+    // Contract: it matters whether a list has rows, not whether one is selected.
     const Filled now{.sites = !sites_.empty(), .categories = !categories_.empty()};
     if (now == before_) return;
     for (const CommandRow& row : commands_) {

@@ -9,8 +9,8 @@ class MenuTree;
 class ToolBar;
 class SearchPanel;
 
-// Enables and disables the commands that need an entry in a list. Asked thousands of times for every change,
-// so it touches the menus only when a list has become empty or has ceased to be.
+// Enables and disables the commands that need a row in a list. The timer asks far more often than anything
+// changes, so the menus are touched only when a list has become empty or is so no longer.
 class Availability {
   public:
     Availability(CommandTable commands, const RowTable& categories, const RowTable& sites, MenuTree& menus,

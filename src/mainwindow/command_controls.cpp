@@ -9,7 +9,7 @@ Shortcut shortcutOf(const CommandKey& key)
     return {static_cast<BYTE>(modifiers), static_cast<WORD>(key.code)};
 }
 
-// A position that no command has is a separator.
+// A position without a command is a separator.
 ToolBar::ButtonRow buttonRow(const CommandRow* row)
 {
     if (row == nullptr) return {L"", L"", ToolBar::Kind::separator};

@@ -8,11 +8,11 @@
 
 namespace vandrel {
 
-// What the menus and the tool bar are made of, from the table of commands. The texts stay the table's.
+// The rows of the menus and of the tool bar, made from the table of commands, which still owns their texts.
 std::vector<MenuRow> menuRows(CommandTable table);
 std::vector<ToolBar::ButtonRow> buttonRows(CommandTable table);
 std::vector<ToolBar::MenuRow> dropDownRows(CommandTable table);
-// The position of the button that has the drop-down menu; 0 where there is none.
+// The position of the button with the drop-down menu; 0 if there is none.
 int dropDownButton(CommandTable table);
 
 } // namespace vandrel

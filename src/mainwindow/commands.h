@@ -11,7 +11,7 @@ namespace vandrel {
 
 class frmMain;
 
-// Which list must have entries for a command to be of use.
+// The list that must have rows before a command is of any use.
 enum class Needs { nothing, sites, categories };
 
 struct CommandKey {
@@ -21,18 +21,18 @@ struct CommandKey {
     bool operator==(const CommandKey&) const = default;
 };
 
-// Where a command has its key, and text that is being edited has it not.
+// Where a command has its key; elsewhere the key goes to the text that is being edited.
 enum class KeyWorks {
-    outsideText,   // a key that edits text, too
-    outsideTitles, // also in the search box, not in a category's title
-    everywhere,    // in titles as well: the command neither edits text nor acts on the lists
+    outsideText,   // the key edits text as well
+    outsideTitles, // in the search box too, but not in a category's title
+    everywhere,    // in titles too: the command neither edits text nor acts on the lists
 };
 
 struct CommandButton {
     int position = 0;                 // in the tool bar, from 1; 0: no button
     const wchar_t* picture = nullptr; // name of the icon resource
     const wchar_t* toolTip = nullptr;
-    bool hasMenu = false; // the tool bar's drop-down menu, of which there is one
+    bool hasMenu = false; // it opens the tool bar's one drop-down menu
 };
 
 // An entry of the tool bar's drop-down menu.
@@ -51,20 +51,20 @@ struct CommandTraits {
 
 enum class RowKind { menu, popUpMenu, separator, command };
 
-// A line of the menus. It lies in the last menu above it that has a lower level.
+// A line of the menus. It belongs to the last menu above it that has a lower level.
 struct CommandRow {
     RowKind kind;
     int level; // 0 is the menu bar
     MenuEntry id;
     const wchar_t* caption;
-    MenuEntry repeats = noEntry; // the command that this one is, once more
+    MenuEntry repeats = noEntry; // the command that this entry offers again
     void (*procedure)(frmMain&) = nullptr;
     CommandTraits traits{};
 };
 
 using CommandTable = std::span<const CommandRow>;
 
-// ---- looking a row up: null where there is none
+// ---- looking rows up; null if there is none
 
 constexpr const CommandRow* rowOf(CommandTable table, int id)
 {
@@ -106,8 +106,8 @@ constexpr bool worksWhile(Typing typing, KeyWorks works)
     }
 }
 
-// What a command needs, wherever it is offered: what its row says, or the menu that the row lies in. The row
-// is one of the table.
+// What a command needs wherever it is offered: what its row says, or else the menu around it. `row` must be
+// a row of `table`.
 constexpr Needs needsOf(CommandTable table, const CommandRow& row)
 {
     if (const CommandRow* const repeated = rowOf(table, row.repeats)) return needsOf(table, *repeated);
@@ -121,20 +121,22 @@ constexpr Needs needsOf(CommandTable table, const CommandRow& row)
     return needs;
 }
 
-// What its entry in the menus needs. In a menu that is disabled as a whole, that says nothing.
+// What its entry in the menus needs. Where a menu is disabled as a whole, its entries need nothing of their
+// own.
 constexpr Needs entryNeeds(CommandTable table, const CommandRow& row)
 {
     return row.repeats != noEntry ? needsOf(table, row) : row.traits.needs;
 }
 
-// What its button and its entry in the drop-down menu need. The tool bar follows the site list alone: "Remove
-// Category" can be pressed without a category, and does nothing.
+// What its button and its entry in the drop-down menu need.
+// Contract: the tool bar follows the site list alone; "Remove Category" can be pressed without a category,
+// and does nothing.
 constexpr Needs buttonNeeds(CommandTable table, const CommandRow& row)
 {
     return needsOf(table, row) == Needs::sites ? Needs::sites : Needs::nothing;
 }
 
-// Which lists have entries.
+// Which lists have rows.
 struct Filled {
     bool sites = false;
     bool categories = false;
@@ -150,8 +152,8 @@ constexpr bool usable(Needs needs, Filled filled)
     }
 }
 
-// Whether something is to be enabled or disabled as the lists fill and empty; none where it stays as it is.
-// There is no `before` at the start. What needs nothing is nobody's to switch but its own command's.
+// Whether to enable or disable something as the lists fill and empty; none if it stays as it is. There is
+// no `before` at first. What needs nothing is left to its own command.
 constexpr std::optional<bool> switched(Needs needs, std::optional<Filled> before, Filled now)
 {
     const bool on = usable(needs, now);
@@ -161,11 +163,11 @@ constexpr std::optional<bool> switched(Needs needs, std::optional<Filled> before
 
 // ---- the table as a whole
 
-// Whether every row lies in a menu, does what its kind does, and shares its id, its keys and its button with
-// no other.
+// Whether every row belongs to a menu, does what its kind does, and shares its id, its key and its button
+// with no other.
 constexpr bool consistent(CommandTable table)
 {
-    int deepest = 0; // level at which a row may stand
+    int deepest = 0; // level that the next row may have
     for (const CommandRow& row : table) {
         const bool holdsRows = row.kind == RowKind::menu || row.kind == RowKind::popUpMenu;
         const CommandRow* const repeated = rowOf(table, row.repeats);

@@ -13,13 +13,13 @@ namespace {
 
 constexpr UINT_PTR tmrClipboard = 1;
 constexpr UINT timerMilliseconds = 1;
-constexpr Twips splitterStep{120}; // of a key
+constexpr Twips splitterStep{120}; // for each press of a key
 
 enum ControlId { idCategories = 201, idSites };
 
 IconHandle programIcon(int metric) { return loadIcon(L"a-vandrel", GetSystemMetrics(metric)); }
 
-// The key together with the ones that are held.
+// The key with the modifiers that are held down.
 CommandKey pressed(WPARAM key)
 {
     return {.code = static_cast<unsigned>(key),
@@ -82,13 +82,14 @@ frmMain::frmMain(Startup startup)
     drawForDpi();
     SetMenu(handle(), menus_.bar());
     bindEvents();
+    // Contract: the timer runs every millisecond and never stops; it has nothing to do with the clipboard.
     SetTimer(handle(), tmrClipboard, timerMilliseconds, nullptr);
 }
 
 frmMain::~frmMain()
 {
     KillTimer(handle(), tmrClipboard);
-    SetMenu(handle(), nullptr); // the menus have an owner of their own
+    SetMenu(handle(), nullptr); // the menus belong to menus_, not to the window
 }
 
 std::vector<Control*> frmMain::controls()
@@ -106,8 +107,8 @@ void frmMain::show(int showCommand)
 
 void frmMain::close()
 {
-    if (std::exchange(closing_, true)) return; // the questions of the first time are still open
-    // Closing is never cancelled, whatever keeps sites or preferences from being written.
+    if (std::exchange(closing_, true)) return; // the first call's questions are still open
+    // Contract: closing is never cancelled, even if sites or preferences cannot be written.
     guarded(handle(), 0, [this]() -> LRESULT {
         saveBeforeClosing(workspace_);
         return 0;
@@ -119,7 +120,7 @@ void frmMain::close()
     destroy();
 }
 
-// The system waits for no answer to a question, so what can be saved without one is.
+// The system does not wait for answers, so only what can be saved without asking is saved.
 void frmMain::endSession()
 {
     guarded(handle(), 0, [this]() -> LRESULT {
@@ -180,7 +181,7 @@ bool frmMain::filterMessage(MSG& message)
     }
     if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
     if (inBox && message.wParam == VK_RETURN && box.listIsOpen()) {
-        box.takeHighlighted(); // swallowed: the letter that comes of the key would search
+        box.takeHighlighted(); // swallowed: its character would start a search
         return true;
     }
     const bool inLabel = lstCategory_.editingLabel();
@@ -194,7 +195,7 @@ bool frmMain::filterMessage(MSG& message)
            TranslateAcceleratorW(handle(), accelerators_.get(), &message) != 0;
 }
 
-// The bar between the lists, for who has no mouse.
+// Ctrl+Shift+Left and Right move the bar between the lists, for users without a mouse.
 bool frmMain::takeSplitterKey(const MSG& message)
 {
     if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0 || GetKeyState(VK_SHIFT) >= 0)
@@ -204,8 +205,8 @@ bool frmMain::takeSplitterKey(const MSG& message)
     return true;
 }
 
-// Where the user was before a dialog or another program, as long as that can still take keys. Once: what
-// loses the focus later, because it is disabled, must not get it back.
+// Returns the focus to where the user was before a dialog or another program took it, if that can still
+// take keys. Once only: a control that loses the focus later, by being disabled, must not get it back.
 void frmMain::giveFocusBack()
 {
     const HWND last = std::exchange(lastFocus_, nullptr);
@@ -214,7 +215,7 @@ void frmMain::giveFocusBack()
     SetFocus(usable ? last : lstCategory_.handle());
 }
 
-// Not in the middle of what they are doing.
+// Not while a search runs: its window must outlive it.
 void frmMain::dropClosedWindows()
 {
     if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching()) frmSearch_.reset();
@@ -227,7 +228,7 @@ bool frmMain::moveFocus(bool backwards)
                                         &picSearch_.cmdSearch};
     const auto focused = std::ranges::find_if(stops, [](const Control* stop) { return stop->hasFocus(); });
     const std::size_t step = backwards ? stops.size() - 1 : 1;
-    // From nowhere, forwards leads to the first and backwards to the last.
+    // If none has the focus, forwards leads to the first and backwards to the last.
     auto at = static_cast<std::size_t>(focused - stops.begin());
     if (focused == stops.end()) at = backwards ? 0 : stops.size() - 1;
     for (std::size_t tries = 0; tries < stops.size(); ++tries) {

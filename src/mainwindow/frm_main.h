@@ -20,17 +20,17 @@
 
 namespace vandrel {
 
-// The main window: it owns every control, says which entry runs which procedure, starts up, lays out and
-// shuts down. It lives until the program ends; closing it ends the program.
+// The main window: it owns every control, binds menu entries to procedures, starts up, lays out and shuts
+// down. It lives until the program ends; closing it ends the program.
 class frmMain : public Window, public Form {
   public:
     struct Startup {
-        std::wstring dataFolder;  // no backslash at its end
-        std::wstring commandLine; // what stands behind the program's name; a link for the site editor
+        std::wstring dataFolder;  // without a trailing backslash
+        std::wstring commandLine; // all that follows the program's name: a link for the site editor
         SettingsStore settings;
         std::function<std::wstring()> today;
     };
-    // Makes the window and its controls, unseen and empty.
+    // Makes the window and its controls, hidden and empty.
     explicit frmMain(Startup startup);
     ~frmMain() override;
 
@@ -48,7 +48,7 @@ class frmMain : public Window, public Form {
     const MainLayout& layout() const { return layout_; }
     // Every command, where it is offered and what it does.
     static CommandTable commands();
-    // Runs the procedure of a menu entry, as choosing it does. Entries that have none do nothing.
+    // Runs the procedure of a menu entry, as choosing it does; an entry without one does nothing.
     void run(int entry);
 
     std::vector<Control*> controls() override;
@@ -105,7 +105,7 @@ class frmMain : public Window, public Form {
     void Toolbar1_ButtonClick(int position);
     void Toolbar1_ButtonMenuClick(const std::wstring& key);
 
-    // Keys that no control answers.
+    // Keys that no control handles.
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
     bool takeSplitterKey(const MSG& message);
@@ -142,7 +142,7 @@ class frmMain : public Window, public Form {
     int gridLines_ = 0;        // 1: on; the menu's check mark and the list follow it
     int hoverSelect_ = 0;      // likewise
     long splitterAnchor_ = 0;  // twips from the bar's left edge
-    HWND lastFocus_ = nullptr; // of the controls, before the window was left
+    HWND lastFocus_ = nullptr; // the control that had it when the window was left
     std::unique_ptr<frmSearch> frmSearch_;
     std::unique_ptr<frmAbout> frmAbout_;
     MessageLoop::Registration keys_;

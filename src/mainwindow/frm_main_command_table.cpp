@@ -39,7 +39,7 @@ constexpr CommandRow command(int level, MenuEntry id, const wchar_t* caption, vo
             .traits = traits};
 }
 
-// A command of the bar in a pop-up menu.
+// A command of the menu bar, offered again in a pop-up menu.
 constexpr CommandRow again(MenuEntry id, const wchar_t* caption, MenuEntry repeats)
 {
     return {.kind = RowKind::command, .level = 1, .id = id, .caption = caption, .repeats = repeats};
@@ -47,7 +47,7 @@ constexpr CommandRow again(MenuEntry id, const wchar_t* caption, MenuEntry repea
 
 } // namespace
 
-// Menus, tool bar, keys and what is enabled when: all of it is read off here.
+// Menus, tool bar, keys, and what is enabled when: all of it comes from this table.
 CommandTable frmMain::commands()
 {
     using enum Needs;
@@ -88,6 +88,7 @@ CommandTable frmMain::commands()
                  .needs = categories,
                  .button = {2, L"category-remove", L"Remove Category"}}),
         separator(2, sep3),
+        // Contract: never disabled: with no category, saving the site asks for one.
         command(2, mnuAddWebsite, L"Add &Website", [](frmMain& m) { AddURL(m.workspace_); },
                 {.key = key(VK_F3), .button = {7, L"site-add", L"Add Website"}}),
         command(2, mnuRemoveWebsite, L"Remo&ve Website", [](frmMain& m) { RemoveURL(m.workspace_); },

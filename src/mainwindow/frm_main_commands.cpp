@@ -48,11 +48,14 @@ void frmMain::run(int entry)
 
 void frmMain::lstInfo_ItemClick()
 {
+    // Contract: the first selected site is shown, not the one clicked.
     if (const auto row = lstInfo_.firstSelected()) showSiteInStatusBar(workspace_, *row);
 }
 
+// Contract: every click reverses the order, whichever column it is on.
 void frmMain::lstInfo_ColumnClick(std::size_t column) { shown_.sites.sortOtherWayBy(column); }
 
+// Contract: every click reverses the order.
 void frmMain::lstCategory_ColumnClick() { categories_.sortOtherWayBy(0); }
 
 void frmMain::lstInfo_RightClick(POINT screen)
@@ -72,7 +75,7 @@ void frmMain::lstCategory_RightClick(POINT screen)
 
 // ---- view settings
 
-// The flags hold the state; check marks, list and window show it.
+// The flags hold the state; the check marks, the list and the window show it.
 
 void frmMain::setGridLines(int flag)
 {
@@ -101,11 +104,13 @@ void frmMain::mnuGridlines_Click()
     preferences_.saveFlag(L"GridLines", gridLines_);
 }
 
+// Contract: nothing is written here; the flag is stored at shutdown only.
 void frmMain::mnuHoverSelect_Click() { setHoverSelect(1 - hoverSelect_); }
 
 void frmMain::mnuKeepTop_Click()
 {
     setKeepOnTop(1 - workspace_.keepOnTop.flag);
+    // Contract: written here and not at shutdown.
     preferences_.saveFlag(L"KeepTop", workspace_.keepOnTop.flag);
 }
 
@@ -136,6 +141,7 @@ void frmMain::mnuAbout_Click()
         frmAbout_->bringForward();
     } else {
         frmAbout_ = std::make_unique<frmAbout>(handle(), runningVersion());
+        // Contract: modeless, so the main window leaves the topmost layer only for a moment.
         frmAbout_->showModeless();
     }
     frmAbout_->DoTab(1);
@@ -155,6 +161,7 @@ void frmMain::mnuQuit_Click() { PostMessageW(handle(), WM_CLOSE, 0, 0); }
 
 void frmMain::Toolbar1_ButtonClick(int position)
 {
+    // Contract: a button is known by its position, not by a key.
     if (const CommandRow* const row = rowOfButton(commands(), position)) run(row->id);
 }
 

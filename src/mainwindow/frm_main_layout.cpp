@@ -9,11 +9,11 @@ namespace {
 constexpr std::array<const wchar_t*, 5> listPictures{L"site", L"site", L"folder", L"folder-open", L"dead"};
 constexpr Twips listPicture{240};
 constexpr Twips toolBarPicture{360};
-constexpr Twips firstPanel{2700}; // or what its widest text needs
+constexpr Twips firstPanel{2700}; // or more, if its widest text needs it
 constexpr const wchar_t* widestOutcome = L"Backup successful.";
 constexpr Twips searchHeight{540};
 constexpr Twips smallestSearch{2880};
-constexpr Twips largestSearch{4050}; // beside all buttons of the toolbar in the smallest window
+constexpr Twips largestSearch{4050}; // leaves all tool bar buttons visible in the smallest window
 
 } // namespace
 
@@ -108,7 +108,7 @@ void frmMain::picSepBar_MouseUp()
     applyLayout();
 }
 
-// As a drag by so much, but not out of sight: keys have no pointer that shows where the bar went.
+// Like a drag of that length, but never out of sight: there is no pointer to show where the bar went.
 void frmMain::moveSplitter(Twips by)
 {
     readLayout();

@@ -16,6 +16,7 @@
 namespace vandrel {
 namespace {
 
+// Contract: the date column has no fallback, so it stays hidden until the user drags it open.
 constexpr std::array<Twips, 3> columnFallbacks{Twips{2160}, Twips{2880}, Twips{2880}};
 
 RECT windowArea(HWND window)
@@ -34,7 +35,7 @@ long wholeTwips(Twips length)
 
 void frmMain::Form_Load()
 {
-    // Neither is a reason to start without the categories.
+    // If either of these fails, the program still starts with its categories.
     guarded(handle(), 0, [this]() -> LRESULT {
         for (Control* const control : controls()) {
             if (dynamic_cast<Button*>(control) != nullptr) Off2000::addStaticEdge(control->handle());
@@ -54,10 +55,10 @@ void frmMain::Form_Load()
     DoMoveMenus(workspace_);
     availability_.tmrClipboard_Timer();
     if (!commandLine_.empty()) {
-        // The editor asks what to add to which category, so what it asks about is there to be seen.
+        // Shown first, so that the user sees which category the site will go to.
         show(SW_SHOWDEFAULT);
         workspace_.site.IncomingLink = commandLine_;
-        // A site that cannot be saved is told at once, and the start goes on.
+        // If the site cannot be saved, the error is shown at once and the start goes on.
         guarded(handle(), 0, [this]() -> LRESULT {
             AddURL(workspace_);
             return 0;
@@ -67,7 +68,7 @@ void frmMain::Form_Load()
     ApplyFont(*this, workspace_.options.font);
 }
 
-// Without the list the program would look as if there were no category, so it is tried again.
+// Without the list there would seem to be no categories, so a failed attempt is repeated.
 void frmMain::loadCategories()
 {
     constexpr int attempts = 2;
@@ -101,7 +102,7 @@ void frmMain::LoadPos()
         if (lstInfo_.columnWidth(column) == Twips{0})
             lstInfo_.setColumnWidth(column, columnFallbacks[column]);
     }
-    // First the corner: only there the window has the DPI that its size goes by.
+    // The corner first: the size depends on the DPI that the window has there.
     const ScreenCorner corner = cornerOf(place, GetDpiForSystem());
     SetWindowPos(handle(), nullptr, corner.left, corner.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -113,12 +114,13 @@ void frmMain::LoadPos()
 void frmMain::moveEdgesOnScreen()
 {
     const RECT area = windowArea(handle());
+    // Contract: a negative edge becomes 0, each on its own.
     if (area.top >= 0 && area.left >= 0) return;
     SetWindowPos(handle(), nullptr, std::max<int>(area.left, 0), std::max<int>(area.top, 0), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// A place that no monitor shows any more, and a size that none can hold.
+// Corrects a position that no monitor shows any more, and a size too large for the monitor.
 void frmMain::bringOnScreen()
 {
     RECT area = windowArea(handle());
@@ -159,10 +161,11 @@ void frmMain::Form_QueryUnload()
             wholeTwips(lstInfo_.columnWidth(1)), wholeTwips(lstInfo_.columnWidth(2)));
 }
 
-// The column widths are taken from the list as it saves; the arguments only come along.
+// Contract: the column arguments are carried but not used; the widths come from the list itself.
 void frmMain::SavePos(const long& iLeft, const long& iTop, const long& iWidth, const long& iHeight,
                       const long&, const long&, const long&)
 {
+    // Contract: a minimised window stores 0 for left and top, but its size as it is.
     const bool minimised = IsIconic(handle()) != 0;
     preferences_.saveWhole(L"Left", minimised ? 0 : iLeft);
     preferences_.saveWhole(L"Top", minimised ? 0 : iTop);

@@ -4,7 +4,7 @@
 
 namespace vandrel::Registry_Module {
 
-// The Favorites folder of the user, as the shell knows it; empty when it does not.
+// The user's Favorites folder as the shell knows it; empty if it does not.
 inline std::wstring favoritesFolder()
 {
     return registryText(HKEY_CURRENT_USER,

@@ -18,28 +18,28 @@ struct MainLayout {
     Twips infoLeft{2400}, infoWidth, infoHeight; // lstInfo
     std::array<Twips, 4> infoColumns{Twips{3810}, Twips{5080}, Twips{5080}, Twips{0}};
     Twips searchLeft, searchWidth{2880}; // picSearch
-    Twips statusHeight{345};             // what a font larger than the first one's makes more of
+    Twips statusHeight{345};             // grows with the font
 };
 
 inline constexpr Twips listTop{600};
 inline constexpr Twips smallestWidth{9135};
 inline constexpr Twips smallestHeight{5685};
 
-// The outer size with what is too small made large enough.
+// Raises an outer width or height that is below the minimum to the minimum.
 void keepSmallestSize(MainLayout& layout);
 
-// The status bar's share of the lower edge, with the default font.
+// The status bar's height in the default font, which the layout allows for.
 inline constexpr Twips statusRoom{345};
 
-// What a resize does, once the outer size is large enough and the client size is known. After it the site
-// list stops 60 twips short of the right edge; after a drag of the bar it reaches the edge. Both are wanted.
+// What a resize does, once the outer size is large enough and the client size is known. The site list then
+// stops 60 twips short of the right edge; after a drag of the bar it reaches the edge. Both are intended.
 void layOut(MainLayout& layout);
 
-// The bar follows the mouse: `anchor` is where in the bar the button went down, `x` where the mouse is now,
-// both from the bar's left edge. No bounds while dragging, and the date column is not counted.
+// The bar follows the mouse: `anchor` is where in the bar the button was pressed, `x` where the mouse is
+// now, both from the bar's left edge. No bounds while dragging, and the date column is not counted.
 void dragBar(MainLayout& layout, long anchor, Twips x);
 
-// The button went up: a bar that was dragged too far left comes back to 60. Returns whether it did.
+// The button was released: a bar left of 60 twips goes back to 60. Returns whether it did.
 bool releaseBar(MainLayout& layout);
 
 } // namespace vandrel

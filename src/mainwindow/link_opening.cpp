@@ -19,6 +19,7 @@ void OpenSite(Workspace& workspace)
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
     const RowTable::Id site = workspace.shown.sites.id(*row);
+    // Contract: the result is not checked; the date is set all the same.
     shellOpen(workspace.window, siteAt(workspace.shown.sites, *row).url);
     dateToday(workspace, site);
 }
@@ -28,6 +29,7 @@ void mnuOpenNew_Click(Workspace& workspace)
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
     const RowTable::Id site = workspace.shown.sites.id(*row);
+    // Contract: neither the path nor the address is quoted.
     startProgram(Registry_Module::browserPath() + L" " + siteAt(workspace.shown.sites, *row).url);
     dateToday(workspace, site);
 }
@@ -37,6 +39,7 @@ void mnuCopyURL_Click(Workspace& workspace)
     const auto row = workspace.lstInfo.currentRow();
     if (!row) return;
     const Site site = siteAt(workspace.shown.sites, *row);
+    // Contract: a site without a name is not copied.
     if (!site.name.empty()) setClipboardText(workspace.window, site.url);
 }
 

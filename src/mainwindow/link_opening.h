@@ -4,18 +4,18 @@ namespace vandrel {
 
 struct Workspace;
 
-// The commands on the current site of the site list. The first two date it today and save the category,
-// whether or not anything could show it; they throw RuntimeError when the category cannot be saved.
+// Commands on the current site of the site list. The first two set its date to today and save the category;
+// they throw RuntimeError when it cannot be saved.
 
-// In whatever the user opens such addresses with.
+// Opens it in the default browser, and dates it even if nothing could open it.
 void OpenSite(Workspace& workspace);
-// In a new window of the system's browser. Throws RuntimeError, with nothing changed, when that cannot be
-// started.
+// Opens it in a new window of the system's browser. Throws RuntimeError, with nothing changed, when that
+// cannot be started.
 void mnuOpenNew_Click(Workspace& workspace);
 // Puts the address on the clipboard. A site without a name is not copied.
 void mnuCopyURL_Click(Workspace& workspace);
 void mnuProperties_Click(Workspace& workspace);
-// Opens the help page beside the program, or tells where there is one.
+// Opens the help page in the program's folder or, if there is none, says where to find one.
 void mnuViewHelp_Click(Workspace& workspace);
 
 } // namespace vandrel

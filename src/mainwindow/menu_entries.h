@@ -2,7 +2,7 @@
 
 namespace vandrel {
 
-// The entries of the menus, by the names that the whole program uses for them. The order has no meaning.
+// The menu entries. Their order has no meaning.
 enum MenuEntry : int {
     noEntry = 0,
     mnuFile,
@@ -72,7 +72,7 @@ enum MenuEntry : int {
     mnuPRenameCat,
 };
 
-// The entries of the "Move To" submenu count on from here.
+// The id of the first entry of the "Move To" submenu; the others follow.
 inline constexpr int firstMoveEntry = 1000;
 
 } // namespace vandrel

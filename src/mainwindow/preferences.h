@@ -8,8 +8,8 @@
 
 namespace vandrel {
 
-// The program's preferences by name, in the units in which the program holds them. Missing and damaged values
-// read as 0 or as their default; nothing is raised in reading.
+// The program's preferences by name, in the units in which the program holds them. Missing and damaged
+// values read as 0 or as their default; reading raises no error.
 class Preferences {
   public:
     explicit Preferences(SettingsStore store) : store_(std::move(store)) {}

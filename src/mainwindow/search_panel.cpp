@@ -12,7 +12,7 @@ constexpr Twips pictureSize{240};
 constexpr Twips openListHeight{3000};
 constexpr Twips gap{45};
 
-int buttonWidthFor(int boxHeight) { return boxHeight + 2; } // square, and the edges
+int buttonWidthFor(int boxHeight) { return boxHeight + 2; } // square, plus its edges
 
 } // namespace
 
@@ -34,10 +34,10 @@ void SearchPanel::drawForDpi() { cmdSearch.setIcon(loadIcon(L"search", cmdSearch
 
 void SearchPanel::setEnabled(bool on)
 {
-    // A disabled control that has the focus leaves the keyboard with nobody.
+    // A disabled control would keep the focus, and keys would go nowhere.
     if (!on && IsChild(handle(), GetFocus())) SetFocus(GetParent(handle()));
     EnableWindow(handle(), on);
-    // A disabled panel keeps its controls from being used; these make them look it.
+    // Disabling the panel blocks its controls; this makes them look disabled.
     cmbSearch.setEnabled(on);
     cmdSearch.setEnabled(on);
 }
@@ -46,7 +46,7 @@ int SearchPanel::fittingWidth() const
 {
     const int arrow = GetSystemMetricsForDpi(SM_CXVSCROLL, cmbSearch.dpi());
     const int margins = cmbSearch.pixels(300_twips) +
-                        cmbSearch.sizeOf(searchPrompt).cy / 2; // slanted letters lean out
+                        cmbSearch.sizeOf(searchPrompt).cy / 2; // slanted letters overhang
     return cmbSearch.sizeOf(searchPrompt).cx + arrow + margins + cmbSearch.pixels(gap) +
            buttonWidthFor(cmbSearch.height());
 }

@@ -10,7 +10,7 @@ class SearchPanel : public Window {
   public:
     explicit SearchPanel(HWND parent);
 
-    Label lblSearch; // takes no room: a screen reader looks for a box's name in front of it
+    Label lblSearch; // takes no space: a screen reader takes a box's name from the label before it
     ComboBox cmbSearch;
     Button cmdSearch;
 
@@ -18,9 +18,9 @@ class SearchPanel : public Window {
     void setEnabled(bool on);
     // Pixels, from the parent's client area.
     void place(int left, int top, int width, int height);
-    // Pixels, in which the box shows its first text whole.
+    // The width in pixels at which the box shows its first text in full.
     int fittingWidth() const;
-    // The button's picture for the DPI that the panel now has.
+    // Loads the button's picture for the panel's present DPI.
     void drawForDpi();
 };
 

@@ -22,7 +22,7 @@ SplitterBar::SplitterBar(HWND parent)
 
 Twips SplitterBar::mouseX(LPARAM lParam) const { return toTwips(GET_X_LPARAM(lParam), dpi()); }
 
-// Once for a press: to let the mouse go is told as well.
+// Once for each press: ReleaseCapture sends WM_CAPTURECHANGED, which leads here again.
 void SplitterBar::endPress()
 {
     if (!std::exchange(pressed_, false)) return;
@@ -41,6 +41,7 @@ LRESULT SplitterBar::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         if (MouseDown) MouseDown(mouseX(lParam));
         return 0;
     case WM_MOUSEMOVE:
+        // Contract: any button sets the anchor, but only the left one alone drags.
         if (pressed_ && (wParam & anyButton) == MK_LBUTTON && MouseMove) MouseMove(mouseX(lParam));
         return 0;
     case WM_LBUTTONUP:

@@ -7,15 +7,15 @@
 
 namespace vandrel {
 
-// picSepBar: the bar between the two lists. It only tells what the mouse does to it.
+// picSepBar: the bar between the two lists. It only reports what the mouse does to it.
 class SplitterBar : public Window {
   public:
     explicit SplitterBar(HWND parent);
 
-    // `x` is the mouse's place from the bar's left edge; it may lie outside of the bar.
+    // `x` is the mouse's distance from the bar's left edge; the mouse may be outside the bar.
     std::function<void(Twips x)> MouseDown;
     std::function<void(Twips x)> MouseMove; // with the left button down and no other
-    std::function<void()> MouseUp;          // or something took the mouse away
+    std::function<void()> MouseUp;          // also when something else takes the mouse
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

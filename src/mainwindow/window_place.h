@@ -4,9 +4,9 @@
 
 namespace vandrel {
 
-// Where the main window stands, as the preferences keep it. Left and top are places on the one plane on which
-// all monitors lie. No monitor's scale changes that plane, so one DPI counts them always: the system's. Width
-// and height go by the DPI of the window where it stands.
+// The main window's place as the preferences hold it. Left and top are positions on the virtual screen,
+// which spans all monitors whatever their scales, so they always use the system's DPI. Width and height use
+// the DPI of the window where it is.
 struct StoredPlace {
     Twips left, top, width, height;
 };
@@ -32,7 +32,7 @@ inline ScreenCorner cornerOf(const StoredPlace& place, unsigned systemDpi)
     return {.left = toPixels(place.left, systemDpi), .top = toPixels(place.top, systemDpi)};
 }
 
-// `windowDpi` is that of the window once it stands at its corner.
+// `windowDpi` is the window's DPI once it is at its corner.
 inline ScreenSize sizeOf(const StoredPlace& place, unsigned windowDpi)
 {
     return {.width = toPixels(place.width, windowDpi), .height = toPixels(place.height, windowDpi)};

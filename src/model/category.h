@@ -7,11 +7,11 @@
 
 namespace vandrel {
 
-// What became of reading a category's file.
+// How reading a category's file went.
 enum class Reading {
     read,
     missing,    // there is no such file: the category has no sites
-    unreadable, // it is there; to save over it would throw away what nobody has seen
+    unreadable, // saving over it would throw away what nobody has seen
 };
 
 // A category as it is on the disk.
@@ -19,7 +19,7 @@ struct Category {
     std::wstring title;
     RowTable sites; // in the file's order
     Reading reading = Reading::missing;
-    std::wstring_view text; // in which the sites' texts lie one behind the other; lives as long as they do
+    std::wstring_view text; // the decoded file, which holds the sites' texts; lives as long as they do
 };
 
 } // namespace vandrel

@@ -8,8 +8,7 @@ namespace vandrel {
 
 inline constexpr std::wstring_view categoryExtension = L".udb";
 
-// The title of the category that a file of this name holds; none when it is no category file. The extension
-// is compared to the letter.
+// The title of the category in a file of this name; none if it is not a category file.
 std::optional<std::wstring> titleOfFile(std::wstring_view fileName);
 
 // Whether the title holds one of : \ / ? * ". The characters < > | are left to the file system, which refuses
@@ -17,9 +16,10 @@ std::optional<std::wstring> titleOfFile(std::wstring_view fileName);
 bool hasRefusedCharacter(std::wstring_view title);
 
 std::wstring refusedTitleMessage();
-inline constexpr const wchar_t* invalidTitle = L"Invalid Category Title"; // of the boxes that refuse one
+// The caption of the boxes that refuse a title.
+inline constexpr const wchar_t* invalidTitle = L"Invalid Category Title";
 
-// Blanks are the only thing that trimming takes off.
+// Whether nothing is left after trimming; only blanks are trimmed.
 bool isBlank(std::wstring_view text);
 
 } // namespace vandrel

@@ -11,6 +11,7 @@ LinkParts partsOfLink(std::wstring_view incomingLink)
     if (end == std::wstring_view::npos) return {std::wstring(incomingLink), {}};
     const std::wstring_view rest = incomingLink.substr(end + linkSeparator.size());
     return {std::wstring(incomingLink.substr(0, end)),
+            // Contract: whatever follows a second separator is ignored.
             std::wstring(rest.substr(0, rest.find(linkSeparator)))};
 }
 

@@ -8,7 +8,7 @@
 
 namespace vandrel {
 
-// Whoever shows the rows hears of the change before and after.
+// Tells the observer before and after a change.
 class RowTable::Change {
   public:
     Change(RowTable& table, RowChange kind) : table_(table), kind_(kind)
@@ -59,7 +59,7 @@ void RowTable::setMark(std::size_t row, Mark mark)
 
 std::wstring_view RowTable::keepText(std::wstring text)
 {
-    // Such a list never moves its texts, so the views stay good.
+    // A forward_list never moves its elements, so the views stay valid.
     return text.empty() ? std::wstring_view{} : std::wstring_view(kept_.emplace_front(std::move(text)));
 }
 
@@ -106,7 +106,7 @@ std::optional<std::size_t> RowTable::rowOf(Id id) const
 
 // ---- all rows
 
-// Needs no memory, so that a list can always be emptied.
+// Needs no memory, so a list can always be emptied.
 void RowTable::clear()
 {
     const Change change(*this, RowChange::replaced);
@@ -117,7 +117,8 @@ void RowTable::clear()
 
 void RowTable::fill(std::shared_ptr<const void> block, std::vector<Row> rows)
 {
-    std::vector<std::shared_ptr<const void>> blocks{std::move(block)}; // before anything is given up
+    // This may fail, so it comes before anything is given up.
+    std::vector<std::shared_ptr<const void>> blocks{std::move(block)};
     const Change change(*this, RowChange::replaced);
     sorted_ = false;
     replace(blocks, rows);
@@ -131,8 +132,8 @@ void RowTable::take(RowTable&& other)
     kept_.swap(other.kept_);
 }
 
-// What they held goes to its end with them: the memory of a million rows must not stay because there were so
-// many once.
+// The old rows end up in the arguments and are freed with them, so a short list does not hold on to the
+// memory of a long one before it.
 void RowTable::replace(std::vector<std::shared_ptr<const void>>& blocks, std::vector<Row>& rows)
 {
     ++fillings_;
@@ -151,7 +152,7 @@ void RowTable::identify(std::span<Row> rows)
 void RowTable::append(std::shared_ptr<const void> block, std::span<const Row> rows)
 {
     const Change change(*this, RowChange::appended);
-    blocks_.push_back(std::move(block)); // first, so that no row is without its texts
+    blocks_.push_back(std::move(block)); // first, so that there is never a row without its texts
     rows_.insert(rows_.end(), rows.begin(), rows.end());
     identify(std::span(rows_).last(rows.size()));
 }
@@ -172,7 +173,7 @@ std::size_t RowTable::add(NewTexts texts, int image)
     const Row row = keptRow(std::move(texts), image);
     auto place = rows_.end();
     if (sorted_) {
-        // Behind its equals, where a stable sort would put it.
+        // After its equals, where a stable sort would put it.
         place = std::upper_bound(rows_.begin(), rows_.end(), row,
                                  [this](const Row& a, const Row& b) { return comesBefore(a, b); });
     }
@@ -237,7 +238,7 @@ void RowTable::sortOtherWayBy(std::size_t column)
     sortBy(column, sortOrder_ == SortOrder::ascending ? SortOrder::descending : SortOrder::ascending);
 }
 
-// A sort that fails leaves nothing behind, or the next one would take the rows for sorted.
+// A failed sort changes nothing; otherwise the next one would take the rows to be sorted.
 void RowTable::arrange(bool on, std::size_t key, SortOrder order)
 {
     const Change change(*this, RowChange::moved);
@@ -254,6 +255,7 @@ void RowTable::arrange(bool on, std::size_t key, SortOrder order)
 
 bool RowTable::comesBefore(const Row& a, const Row& b) const
 {
+    // Contract: every column is compared as text, dates too.
     const int order = a.texts[sortKey_].compare(b.texts[sortKey_]);
     return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
 }
@@ -267,7 +269,7 @@ void RowTable::sort()
     inOrder_ = rows_.size();
     if (end == rows_.end()) return;
     if (end + 1 == rows_.end()) {
-        // One row added to others in order: it goes behind its equals, where a stable sort would put it.
+        // One row added to others in order: it goes after its equals, where a stable sort would put it.
         std::rotate(std::upper_bound(rows_.begin(), end, *end, before), end, rows_.end());
         return;
     }

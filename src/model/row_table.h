@@ -12,12 +12,12 @@
 
 namespace vandrel {
 
-// The rows of a list - sites, hits or the titles of categories - in the order in which they are shown.
+// The rows of a list (sites, hits or the titles of categories) in the order in which they are shown.
 //
-// Texts are views. They look into the blocks that filled the table or into texts that were kept one by one; both
-// live until the rows are cleared, so 100,000 rows cost one block and not 400,000 strings.
+// Texts are views into the blocks that filled the table or into texts kept one by one. Both live until the
+// rows are cleared, so 100,000 rows cost one block and not 400,000 strings.
 //
-// What finds no memory leaves the rows as they were.
+// A change that runs out of memory leaves the rows as they were.
 class RowTable final : public RowSource {
   public:
     static constexpr std::size_t maxColumns = 4;
@@ -29,17 +29,17 @@ class RowTable final : public RowSource {
         std::uint8_t image = 1; // from 1, as in the image list
         bool marked = false;    // selected, while rows change places
         bool current = false;
-        Id id = 0; // the table gives each row that comes into it another one
+        Id id = 0; // given by the table, a new one for each row that comes in
     };
 
-    // Rows whose texts look into what `texts` owns.
+    // Rows whose texts are views into what `texts` owns.
     struct Block {
         std::shared_ptr<const void> texts;
         std::vector<Row> rows;
     };
 
     RowTable() = default;
-    // Takes the rows; an observer stays with the table that it observes.
+    // Takes the rows; an observer stays with the table it observes.
     RowTable(RowTable&& other) noexcept;
     RowTable& operator=(RowTable&&) = delete; // see take
 
@@ -55,34 +55,34 @@ class RowTable final : public RowSource {
     void setMark(std::size_t row, Mark mark) override;
     void observe(RowObserver* observer) override { observer_ = observer; }
 
-    // What owns the texts of the rows that the table was filled with; null when nothing filled it.
+    // The owner of the texts that the table was filled with; null if nothing filled it.
     std::shared_ptr<const void> block() const { return blocks_.empty() ? nullptr : blocks_.front(); }
-    // Another number whenever rows came, went or changed places.
+    // Changes whenever rows come, go or change places.
     unsigned changes() const { return changes_; }
-    // Another number whenever the table was filled or cleared.
+    // Changes whenever the table is filled or cleared.
     unsigned fillings() const { return fillings_; }
 
     void setText(std::size_t row, std::size_t column, std::wstring text);
-    // In two steps: what can find no memory, and what cannot fail.
+    // The same in two steps: the first may run out of memory, the second cannot fail.
     std::wstring_view keepText(std::wstring text);
     void useText(std::size_t row, std::size_t column, std::wstring_view kept);
-    void setTexts(std::size_t row, NewTexts texts); // all or, without memory, none
+    void setTexts(std::size_t row, NewTexts texts); // all, or none if memory runs out
     void setImage(std::size_t row, int image);
     void setAllImages(int image);
 
     void clear();
-    // Puts rows whose texts look into what `block` owns in place of all rows, in the order given, unsorted
-    // from then on.
+    // Replaces all rows, in the order given, by rows whose texts are views into what `block` owns; they are
+    // unsorted from then on.
     void fill(std::shared_ptr<const void> block, std::vector<Row> rows);
-    // The same with the rows of another table, and whatever it keeps for them.
+    // The same with the rows of another table and the texts that it keeps for them.
     void take(RowTable&& other);
-    // Adds such rows at the end, whatever the sort order says; setSorted(true) puts them in their places.
+    // Adds such rows at the end, whatever the sort order; setSorted(true) puts them in order.
     void append(std::shared_ptr<const void> block, std::span<const Row> rows);
-    // Adds a row: at the end, or at its place while sorted is on. Returns where it stands.
+    // Adds a row: at the end or, while sorted, in its place. Returns its number.
     std::size_t add(NewTexts texts, int image);
-    // Adds copies of such rows, each as add does.
+    // Adds a copy of each row, as add does.
     void addCopies(std::span<const Row> rows);
-    // At that row, whatever the sort order says.
+    // Inserts a row at that number, whatever the sort order.
     void insert(std::size_t row, NewTexts texts, int image);
     void remove(std::size_t row);
     // Removes every marked row and returns how many there were.
@@ -98,7 +98,7 @@ class RowTable final : public RowSource {
     void setSortOrder(SortOrder order);
     // All three at once, with one sort.
     void sortBy(std::size_t column, SortOrder order);
-    // By that column, the other way round than before, whichever column that was by.
+    // Sorts by that column in the opposite order to before, whichever column that was by.
     void sortOtherWayBy(std::size_t column);
 
   private:
@@ -121,7 +121,7 @@ class RowTable final : public RowSource {
     bool sorted_ = false;
     std::size_t sortKey_ = 0;
     SortOrder sortOrder_ = SortOrder::ascending;
-    // So many rows from the first are known to stand in the order of key and sort order.
+    // How many rows, from the first, are known to be in the order of key and sort order.
     std::size_t inOrder_ = 0;
 };
 

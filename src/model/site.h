@@ -7,7 +7,7 @@
 
 namespace vandrel {
 
-// A site's texts, which stay as they are whatever becomes of the row.
+// A copy of a site's texts, which stays valid whatever becomes of the row.
 struct Site {
     std::wstring name;
     std::wstring url;

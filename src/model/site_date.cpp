@@ -92,6 +92,7 @@ std::optional<SiteDate> dateOfNumbers(std::wstring_view text, const DateOrder& o
 
 std::wstring monthDayYearText(const SiteDate& date)
 {
+    // Contract: month-day-year in every locale.
     return digits(date.month, 2) + L"-" + digits(date.day, 2) + L"-" + digits(date.year, 4);
 }
 

@@ -20,12 +20,11 @@ enum class DatePart { day, month, year };
 using DateOrder = std::array<DatePart, 3>;
 inline constexpr DateOrder monthDayYear{DatePart::month, DatePart::day, DatePart::year};
 
-// The order of d, M and y in a short-date pattern, such as "dd.MM.yyyy"; month, day, year when one is not in
-// it.
+// The order of d, M and y in a short-date pattern such as "dd.MM.yyyy"; month, day, year if one is missing.
 DateOrder dateOrderOf(std::wstring_view pattern);
 
-// The date that three numbers with "/", "-", "." or blanks between them write, in that order; in another one
-// when that is the only way in which they are a date. Years of two digits are those from 1930 to 2029.
+// The date in a text of three numbers with "/", "-", "." or blanks between them, in that order or, if they
+// are no date in it, in the first other order in which they are. Two-digit years are 1930 to 2029.
 std::optional<SiteDate> dateOfNumbers(std::wstring_view text, const DateOrder& order);
 
 // Month, day and year, with two, two and four digits: "11-16-2002".

@@ -11,8 +11,8 @@ namespace {
 constexpr std::wstring_view fieldEnd = L"|";
 constexpr std::wstring_view lineEnd = L"\r\n";
 
-// Whether `text` stands behind the piece and the separator in memory already. No two texts of different
-// owners are so close.
+// Whether `text` already follows the piece and the separator in memory. Texts of different owners are never
+// that close.
 bool continues(std::wstring_view piece, std::wstring_view separator, std::wstring_view text)
 {
     const wchar_t* const end = piece.data() + piece.size();
@@ -42,7 +42,7 @@ std::wstring_view SiteLines::next()
 
 std::wstring_view SiteLines::takeRun()
 {
-    // Sorted rows have their texts anywhere in memory.
+    // The texts of sorted rows are scattered in memory.
     if (rows_.size() > rowsAhead) prefetchText(rows_[rowsAhead].texts.front());
     std::wstring_view run = rows_.front().texts[field_];
     while (true) {

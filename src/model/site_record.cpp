@@ -30,7 +30,7 @@ struct ScannedLine {
     bool loneLineEnd = false;
 };
 
-// The next unit that may mean something in a line: a separator, a line end, or another control character.
+// The next unit that may matter in a line: a separator, a line end, or another control character.
 const wchar_t* nextSpecial(const wchar_t* p, const wchar_t* end)
 {
     const UnitVector lastControl = UnitVector::all(L'\r');
@@ -57,7 +57,7 @@ const char* nextSpecial(const char* p, const char* end)
     return p;
 }
 
-// One pass over the line at the front of `text`: this is the loop that opening a large category waits for.
+// One pass over the line at the front of `text`: opening a large category spends its time in this loop.
 template <typename Unit> ScannedLine scanLine(View<Unit> text)
 {
     ScannedLine line;
@@ -96,6 +96,7 @@ template <typename Unit> BasicSiteRecord<Unit> siteOf(View<Unit> text, const Sca
         if (piece >= line.separatorCount) break;
         start = end + 1;
     }
+    // Contract: pieces after the fourth are dropped.
     return {pieces[0], pieces[1], pieces[2], pieces[3]};
 }
 

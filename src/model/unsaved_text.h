@@ -5,7 +5,7 @@
 
 namespace vandrel {
 
-// What the user is told and asked about sites that no file holds. `reason` is the description of an error.
+// What the user is told and asked about sites that no file holds. `reason` is an error's description.
 
 std::wstring notSavedText(std::size_t sites);
 std::wstring addToCategoryText(std::size_t sites, const std::wstring& title);

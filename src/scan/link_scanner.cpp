@@ -31,6 +31,7 @@ LinkScanner::~LinkScanner() { workspace_.inetScan.StateChanged = nullptr; }
 void LinkScanner::inetScan_StateChanged(short state)
 {
     if (state == InternetTransfer::resolvingHost) ScanSuccess_ = false;
+    // Contract: reachable once a connection is begun; status and page do not count.
     if (state == InternetTransfer::connecting) ScanSuccess_ = true;
 }
 
@@ -40,7 +41,7 @@ bool LinkScanner::ScanURL(const std::wstring& url)
     try {
         inetScan.OpenURL(url, InternetTransfer::Body::none);
     } catch (const RuntimeError& error) {
-        // Any failure but the end of patience leaves ScanSuccess_ as it was.
+        // Contract: any error but a time-out leaves ScanSuccess_ as it was.
         if (error.number() != error_number::requestTimedOut) return false;
     }
     return std::exchange(ScanSuccess_, false);
@@ -57,7 +58,7 @@ void LinkScanner::mnuScanSelected_Click() { scanUnlessScanning(&LinkScanner::sca
 void LinkScanner::scanUnlessScanning(void (LinkScanner::*scan)())
 {
     if (scanning_) return;
-    // While the update check waits, every site would count as one that cannot be reached.
+    // While the update check waits, every site would count as unreachable.
     if (workspace_.inetScan.StillExecuting()) throw RuntimeError(error_number::stillExecuting);
     scanning_ = true;
     const ScopeExit done([this] { scanning_ = false; });
@@ -89,7 +90,7 @@ void LinkScanner::scanAll()
             PB.setMaximum(count);
             PB.setValue(i + 1);
             const bool success = ScanURL(url);
-            if (inetScan.quitting()) return; // the check was not made to its end
+            if (inetScan.quitting()) return; // the check was cut short
             scanned.setImage(*site, success ? siteImage : deadSiteImage);
             if (!success) {
                 if (failures == std::numeric_limits<std::int32_t>::max())
@@ -101,6 +102,7 @@ void LinkScanner::scanAll()
     }
     if (const auto summary = scanSummary(failures, count)) {
         tell(workspace_.window, summary->text, summary->title, BoxIcon::information);
+        // Contract: when every site failed, the bar stays and the status bar is left alone.
         leaveBar = summary->everySiteFailed;
         if (leaveBar) return;
     }
@@ -109,7 +111,6 @@ void LinkScanner::scanAll()
     if (const auto current = workspace_.lstInfo.currentRow()) showSiteInStatusBar(workspace_, *current);
 }
 
-// The current site alone shows a result, that of the last selected one.
 void LinkScanner::scanSelected()
 {
     ProgressBar& PB = workspace_.PB;
@@ -128,11 +129,13 @@ void LinkScanner::scanSelected()
             if (!site) continue;
             const bool success = ScanURL(site->texts.url);
             if (inetScan.quitting()) return;
+            // Contract: only the current site shows a result, in the end that of the last selected row.
             scanned.setImageOfCurrent(*site, success ? siteImage : deadSiteImage);
             log.writeLine(scanLogLine(site->texts.name, site->texts.url, success));
         }
     }
     PB.setVisible(false);
+    // Contract: no summary, and panels 2 and 3 stay.
     workspace_.StatusBar1.setPanelText(1, L"Scan complete.");
 }
 

@@ -7,11 +7,11 @@ namespace vandrel {
 class AppendFile;
 struct Workspace;
 
-// Finds out which sites of the current category can still be reached, marks the others, and writes a log. A site is
-// reachable when a connection to its host was begun; what the host answers does not matter.
+// Finds out which sites of the current category can still be reached, marks the others, and writes a log. A
+// site is reachable when a connection to its host was begun; what the host answers does not matter.
 //
 // Messages are dispatched while it waits for an answer. Whatever the user does meanwhile, every site that
-// stood in the list at the beginning is checked and logged, and none gets the mark of another.
+// was in the list at the beginning is checked and logged, and none gets another's mark.
 class LinkScanner {
   public:
     explicit LinkScanner(Workspace& workspace);
@@ -19,8 +19,8 @@ class LinkScanner {
     LinkScanner& operator=(const LinkScanner&) = delete;
     ~LinkScanner();
 
-    // Each throws RuntimeError when the log cannot be written, and ends there; 35764 while the update check
-    // waits. While one runs, the other and itself do nothing.
+    // Each ends with a RuntimeError when the log cannot be written, and with 35764 while the update check
+    // waits. While one of them runs, neither does anything.
     void mnuScanAllURLs_Click();
     void mnuScanSelected_Click();
 

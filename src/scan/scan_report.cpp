@@ -14,6 +14,7 @@ std::wstring scanLogLine(std::wstring_view name, std::wstring_view url, bool suc
 std::optional<ScanSummary> scanSummary(std::int32_t failures, std::size_t count)
 {
     if (failures <= 0) return std::nullopt;
+    // Contract: also when the only site failed.
     if (static_cast<std::size_t>(failures) == count) {
         return ScanSummary{
             L"Every link checked has proven to be unavailable. Please check your internet connection.",

@@ -7,7 +7,7 @@
 
 namespace vandrel {
 
-// The scan log's line for a site, without its line end.
+// A site's line in the scan log, without its line end.
 std::wstring scanLogLine(std::wstring_view name, std::wstring_view url, bool success);
 
 struct ScanSummary {
@@ -16,7 +16,7 @@ struct ScanSummary {
     bool everySiteFailed; // then the scan ends without saying that it is complete
 };
 
-// What is told after a scan of `count` sites of which so many failed; nothing when none did.
+// The message after a scan of `count` sites of which `failures` failed; none if none did.
 std::optional<ScanSummary> scanSummary(std::int32_t failures, std::size_t count);
 
 } // namespace vandrel

@@ -15,7 +15,7 @@ ScannedList::ScannedList(const Workspace& workspace, Which which)
     index();
 }
 
-// One text for all of them: four strings for each site would take several times the memory.
+// One text for all of them: three strings for each site would take several times the memory.
 void ScannedList::takeDown(Which which)
 {
     const auto rows = workspace_.shown.sites.all();
@@ -37,7 +37,7 @@ void ScannedList::takeDown(Which which)
     }
 }
 
-// ---- the list as it is by now
+// ---- the list as it is now
 
 bool ScannedList::isReadAgain() const { return workspace_.shown.sites.fillings() != filling_; }
 
@@ -69,7 +69,7 @@ ScannedTexts ScannedList::textsAt(std::size_t row) const
             std::wstring(texts[descriptionColumn])};
 }
 
-// None in another category, whatever its sites are called.
+// None while another category is shown, whatever its sites are called.
 std::vector<std::size_t> ScannedList::rowsOf(const ScannedTexts& texts)
 {
     if (!isReadAgain() || workspace_.shown.row != category_) return {};

@@ -13,7 +13,7 @@ namespace vandrel {
 
 struct Workspace;
 
-// What tells a site in a list that was read again. The date does not: opening a site changes it.
+// What identifies a site in a list that was read again. Not the date: opening a site changes it.
 struct ScannedTexts {
     std::wstring name;
     std::wstring url;
@@ -22,33 +22,33 @@ struct ScannedTexts {
     bool operator==(const ScannedTexts&) const = default;
 };
 
-// A site that is checked.
+// A site to be checked.
 struct ScannedSite {
     RowTable::Id id;
     ScannedTexts texts;
 };
 
-// The sites of the list as it was when a scan began, and the way from each of them to its picture in what the
-// list is by now. Whatever the user shows, loads or removes meanwhile, no site is lost and no other gets its
+// The sites of the list as it was when a scan began, and the way from each to its picture in the list as it
+// is now. Whatever the user shows, loads or removes meanwhile, no site is lost and none gets another's
 // mark.
 class ScannedList {
   public:
     enum class Which { all, selected };
-    // Takes down the texts of every site, in memory of its own.
+    // Copies the texts of every site.
     ScannedList(const Workspace& workspace, Which which);
     ScannedList(const ScannedList&) = delete;
     ScannedList& operator=(const ScannedList&) = delete;
 
     std::size_t size() const { return sites_.size(); }
-    // The site with that number, from 0, to be checked now: as it stands in the list, and as it was at the
-    // beginning when it does not stand there any more. Nothing when only the selected ones are asked for and
-    // it is none of them.
+    // The site with that number, from 0, to be checked now: as it is in the list or, if it has gone, as it
+    // was at the beginning. None if only selected sites are wanted and it is not selected.
     std::optional<ScannedSite> next(std::size_t number);
 
-    // The picture of that site, where the list shows it.
+    // Sets the picture of that site, if the list shows it.
     void setImage(const ScannedSite& site, int image);
-    // That of the current site, as long as the list shows the sites that are scanned. A list that was read
-    // again has none until the user selects one; then it is the one that was current before.
+    // Sets the picture of the current site, as long as the list shows the sites that are scanned. A list
+    // that was read again has no current site until the user selects one; until then it is the one that was
+    // current before.
     void setImageOfCurrent(const ScannedSite& site, int image);
 
   private:

@@ -17,13 +17,13 @@ constexpr Twips firstWidth{9000};
 constexpr Twips firstHeight{6600};
 constexpr Twips gap{120};
 constexpr Twips hitsPanel{2700};
-constexpr Twips frameWidth{150}; // of the window's own border, at most
+constexpr Twips frameWidth{150}; // the window's own border, at most
 
 enum Column : std::size_t { nameColumn, urlColumn, categoryColumn, descriptionColumn };
 
 } // namespace
 
-// Of the controls above the results, by their font. Pixels.
+// Measures of the controls above the results in their font, in pixels.
 struct frmSearch::Measures {
     int line;
     int label;
@@ -94,6 +94,7 @@ void frmSearch::Form_Load()
 void frmSearch::show()
 {
     showModeless();
+    // Contract: always topmost, whatever "Keep on Top" says.
     setTopmost(handle(), true);
 }
 
@@ -101,11 +102,11 @@ void frmSearch::show()
 
 void frmSearch::cmdSearch_Click()
 {
-    // Beside a dialog of the main window, which is about a row of its list, the list must not change.
+    // Not while the main window shows a dialog about a row of its list: the list must not change then.
     if (!searching_ && IsWindowEnabled(handle()) != 0) DoSearch(txtSearch_.text());
 }
 
-// The order changes with every click, whichever column it is on.
+// Contract: every click reverses the order, whichever column it is on.
 void frmSearch::lstResults_ColumnClick(std::size_t column) { hitRows_.sortOtherWayBy(column); }
 
 void frmSearch::lstResults_DblClick()
@@ -113,10 +114,11 @@ void frmSearch::lstResults_DblClick()
     const auto row = lstResults_.currentRow();
     if (!row) return;
     const std::wstring url = lstResults_.text(*row, urlColumn);
+    // Contract: opening a hit sets no date.
     if (!url.empty()) shellOpen(handle(), url);
 }
 
-// The tip is about the selected row, wherever the mouse is.
+// Contract: the tip is about the selected row, wherever the mouse is.
 void frmSearch::lstResults_MouseMove()
 {
     const auto row = lstResults_.currentRow();
@@ -152,7 +154,7 @@ frmSearch::Measures frmSearch::measures() const
     return m;
 }
 
-// What a font larger than the first one's makes more of the status bar.
+// How much higher a larger font makes the status bar.
 Twips frmSearch::statusExtra() const
 {
     const Twips room = search_layout::restOfHeight - search_layout::resultsTop;
@@ -169,7 +171,7 @@ SIZE frmSearch::smallestSize() const
             txtSearch_.pixels(search_layout::smallestHeight) + more};
 }
 
-// Form_Resize.
+// The dialog's Form_Resize.
 void frmSearch::layOut()
 {
     StatusBar1_.dock();
@@ -204,7 +206,7 @@ void frmSearch::layOut()
     const Twips more = toTwips(m.height, dpi()) - search_layout::resultsTop + statusExtra();
     const Twips frameHeight = search_layout::resultsHeight(toTwips(inner.bottom, dpi())) - more;
     const Twips listHeight = search_layout::listHeight(frameHeight);
-    // A larger font takes more than its share for the caption.
+    // In a larger font the caption takes more than its share.
     const int listShare = px(330_twips);
     const int listTop = std::max(listShare, m.line * 3 / 2 + px(30_twips));
     const int listWidth = width - g;

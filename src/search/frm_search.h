@@ -17,20 +17,20 @@ namespace vandrel {
 class HitList;
 struct Workspace;
 
-// Search All Categories: a window beside the main window that makes it show one category after the other and
-// lists the sites that hold a term.
+// The Search All Categories window: lists the sites of every category that contain a term. The main window
+// follows the search.
 class frmSearch : public Dialog {
   public:
     explicit frmSearch(Workspace& workspace);
 
     // Shows the window, above all windows that are not topmost themselves.
     void show();
-    // Searches, and comes back when it is done, was closed or the program quits. Messages are dispatched
-    // meanwhile.
+    // Searches; returns when that is done, the window was closed or the program quits. Messages are
+    // dispatched meanwhile.
     void DoSearch(const std::wstring& SearchString);
-    // A search runs; the object must not be deleted.
+    // While a search runs the object must not be deleted.
     bool searching() const { return searching_; }
-    // How long a search goes on at least before it lets messages run; 0 lets them run after every fifth site.
+    // The least time between two turns at dispatching messages; 0 gives a turn after every fifth site.
     void setTurnMilliseconds(ULONGLONG milliseconds) { throttleMilliseconds_ = milliseconds; }
 
     ListView& results() { return lstResults_; }
@@ -75,11 +75,11 @@ class frmSearch : public Dialog {
 
     Workspace& workspace_;
     bool searching_ = false;
-    bool quitting_ = false; // the program ends: nothing is touched any more
+    bool quitting_ = false; // the program is ending: nothing may be touched any more
     ULONGLONG throttleMilliseconds_ = MessageThrottle::usualMilliseconds;
     MessageThrottle throttle_;
 
-    // In the order in which Tab goes through them.
+    // In tab order.
     Label lblCaptions_;
     TextBox txtSearch_;
     Button cmdSearch_;

@@ -20,9 +20,10 @@ namespace {
 
 const std::wstring noResults = L"No results found.";
 
+// Contract: messages may run after every fifth site.
 constexpr std::size_t sitesBetweenTurns = 5;
-// Painting both windows takes as long as searching half a million sites; what is done within this time is
-// shown at once.
+// Painting both windows takes as long as searching half a million sites, so a search that ends within this
+// time shows its hits only then.
 constexpr ULONGLONG longestSilence = 350; // milliseconds
 
 // A category that cannot be read has no sites.
@@ -93,7 +94,7 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
     bool stays = false;
     for (std::size_t i = 0; i < titles.size() && !ended() && !stays; ++i) {
         stays = !leaveShownCategory();
-        // While messages were run, a category may have gone.
+        // A category may have gone while messages ran.
         if (!stays && rowOf(titles[i], i)) searched += searchCategory({titles[i], i}, search);
     }
     if (!quitting_ && !stays) restore(before);
@@ -105,28 +106,28 @@ void frmSearch::DoSearch(const std::wstring& SearchString)
         StatusBar1_.setPanelText(1, L"0 sites found");
     }
     lstResults_.select(0);
+    // Contract: the first row's text decides, even if a site is called that.
     if (hitRows_.text(0, 0) != noResults) {
         StatusBar1_.setPanelText(1, std::to_wstring(hitRows_.size()) + L" site(s) found");
     }
     StatusBar1_.setPanelText(2, std::to_wstring(searched) + L" site(s) searched");
 }
 
-// Searches the category as it is when its turn comes; what is changed in it while messages run is not looked
-// at. Returns how many sites it has.
+// Searches the category as it is when its turn comes; changes made while messages run are not seen. Returns
+// how many sites it has.
 std::size_t frmSearch::searchCategory(const Remembered& category, Search& search)
 {
     search.choose(section());
     search.hits.setCategory(category.title);
     const CodePageLetters* const letters = ansiLetters();
-    const std::size_t sites = letters != nullptr ? searchBytes(category, search, *letters)
-                                                 : searchText(category, search);
-    return sites;
+    return letters != nullptr ? searchBytes(category, search, *letters) : searchText(category, search);
 }
 
-// Where every byte is a letter: most sites are passed without being decoded.
+// Where every byte is a character: most sites are passed without being decoded.
 std::size_t frmSearch::searchBytes(const Remembered& category, Search& search, const CodePageLetters& letters)
 {
     const std::string_view bytes = search.bytesOf(categoryPath(workspace_.dataFolder, category.title));
+    // Contract: with no section chosen nothing is searched, but the sites count.
     if (!search.matcher) return countSites(bytes);
     const BytePattern pattern(search.matcher->widest(), letters);
     ByteSearch sites(bytes, pattern);
@@ -161,18 +162,19 @@ std::size_t frmSearch::searchText(const Remembered& category, Search& search)
     return sites.size();
 }
 
-// The panel says how many sites were searched whenever a message can ask for it, and only then: a million
-// texts that nobody sees would take longer than the search. Likewise the hits.
+// Texts and hits are shown only when messages run: a million texts that nobody sees would take longer than the
+// search.
 void frmSearch::takeTurn(const Remembered& category, Search& search, std::size_t sites, bool first)
 {
+    // Contract: the number starts again at 1 in each category.
     StatusBar1_.setPanelText(2, std::to_wstring(sites) + L" site(s) searched");
     showHits(search.hits);
     follow(category, first);
     throttle_.take([this] { quitting_ = !MessageLoop::current().dispatchPending(); });
 }
 
-// The main window shows where the search is, when there is time to see it: at the first time the category,
-// then what the user makes of it.
+// Shows in the main window where the search is. Only the first turn of a category selects it; after that
+// the user may have chosen another.
 void frmSearch::follow(const Remembered& category, bool first)
 {
     const auto row = rowOf(category.title, category.row);
@@ -184,8 +186,7 @@ void frmSearch::follow(const Remembered& category, bool first)
     workspace_.lstCategory.ensureVisible(*row);
 }
 
-// A change that the user made during a turn may not have been saved. False when the category that has it is
-// to stay.
+// Saves what the user changed during a turn. False when the category with the change has to stay.
 bool frmSearch::leaveShownCategory()
 {
     if (!workspace_.shown.unsaved) return true;
@@ -219,7 +220,7 @@ std::optional<std::size_t> frmSearch::rowOf(const std::wstring& title, std::size
     return std::nullopt;
 }
 
-// Shows the category again that was shown before, or the one that now stands where it stood.
+// Shows the category that was shown before, or the one now in its place.
 void frmSearch::restore(const Remembered& category)
 {
     if (workspace_.categories.empty()) return;
@@ -227,11 +228,11 @@ void frmSearch::restore(const Remembered& category)
     selectCategory(workspace_, rowOf(category.title, category.row).value_or(instead));
 }
 
-// The frame's controls, and the keyboard with them.
+// Enables or disables the controls of the frame, and moves the focus out of their way.
 void frmSearch::setSearchEnabled(bool on)
 {
     const bool hadFocus = IsChild(handle(), GetFocus()) != 0 && !lstResults_.hasFocus();
-    if (!on && hadFocus) cmdCancel_.setFocus(); // a disabled control would keep the keys from everybody
+    if (!on && hadFocus) cmdCancel_.setFocus(); // a disabled control would keep the focus and every key
     for (Control* const control : std::initializer_list<Control*>{&fraSearch_, &lblCaptions_, &txtSearch_,
                                                                   &cmdSearch_, &fraWhat_, &chkCase_}) {
         control->setEnabled(on);

@@ -14,7 +14,7 @@ constexpr std::size_t pieceUnits = 64U << 10;
 
 HitList::HitList() : texts_(std::make_shared<Texts>()) {}
 
-// Room for so many units, which stays free until free_ is moved behind what was put there.
+// Memory for that many units. It stays free until free_ moves past what was written.
 wchar_t* HitList::room(std::size_t units)
 {
     if (units > freeUnits_) {

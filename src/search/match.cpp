@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t npos = std::wstring_view::npos;
 
-// Up to `Count` units, each in a vector of its own; what is over repeats the first.
+// Up to `Count` units, each in a vector of its own; unused vectors repeat the first unit.
 template <std::size_t Count> class UnitSet {
   public:
     explicit UnitSet(std::wstring_view units) : UnitSet(units, std::make_index_sequence<Count>{}) {}
@@ -33,14 +33,13 @@ template <std::size_t Count> class UnitSet {
 
 bool contains(std::wstring_view units, wchar_t unit) { return units.find(unit) != npos; }
 
-// The first place from `from` on where a unit of `first` stands and one of `last`, `distance` units behind
-// it.
+// The first position at or after `from` with a unit of `first` there and one of `last` `distance` units on.
 template <std::size_t Count>
 std::size_t findPair(std::wstring_view text, std::size_t from, std::wstring_view first,
                      std::wstring_view last, std::size_t distance)
 {
     if (text.size() <= distance) return npos;
-    const std::size_t end = text.size() - distance; // of the places to look at
+    const std::size_t end = text.size() - distance; // of the positions to try
     const UnitSet<Count> firstSet(first);
     const UnitSet<Count> lastSet(last);
     std::size_t at = from;
@@ -56,7 +55,7 @@ std::size_t findPair(std::wstring_view text, std::size_t from, std::wstring_view
     return npos;
 }
 
-constexpr std::size_t mostUnits = 8; // that the fast search knows for one letter
+constexpr std::size_t mostUnits = 8; // that the fast search can handle for one letter
 
 std::size_t findPairOf(std::wstring_view text, std::size_t from, std::wstring_view first,
                        std::wstring_view last, std::size_t distance)
@@ -148,7 +147,7 @@ bool Matcher::occursIn(std::wstring_view text) const
     if (folding_ == nullptr || term_.empty()) return text.find(term_) != npos;
     const std::size_t first = candidate(text, 0);
     if (first == npos) return false;
-    // An expansion may stand within an occurrence that begins before it.
+    // An expansion may be inside an occurrence that begins before it.
     for (std::size_t place = expansions_.empty() ? first : 0; place < text.size(); ++place) {
         if (occursAt(text, place)) return true;
     }

@@ -7,7 +7,7 @@
 
 namespace vandrel {
 
-// Which letters are the same letter when case is ignored.
+// Which letters count as the same when case is ignored.
 struct CaseFolding {
     // One letter that counts as several: "ß" as "ss".
     struct Expansion {
@@ -15,8 +15,8 @@ struct CaseFolding {
         std::wstring text; // folded
     };
 
-    std::vector<wchar_t>
-        units; // for each unit the one that stands for it; units beyond the end are themselves
+    // For each unit, the one that represents it; a unit beyond the end represents itself.
+    std::vector<wchar_t> units;
     std::vector<Expansion> expansions;
 
     wchar_t operator()(wchar_t unit) const
@@ -28,19 +28,18 @@ struct CaseFolding {
     std::wstring fold(std::wstring_view text) const;
 };
 
-// Whether a term occurs in a text, letter by letter or with letter case ignored. A term that has no letters
-// occurs in every text.
+// Whether a term occurs in a text, exactly or with letter case ignored. An empty term occurs in every text.
 class Matcher {
   public:
     explicit Matcher(std::wstring_view term);
-    // `folding` is borrowed.
+    // Keeps a reference to `folding`.
     Matcher(std::wstring_view term, const CaseFolding& folding);
 
     bool occursIn(std::wstring_view text) const;
-    // A place in `text`, at or after `from`, that may be part of an occurrence: its beginning, or a letter in
-    // it that counts as several. npos when the term occurs nowhere behind `from`. Much faster than looking at
-    // every place, so that it pays to ask it about many texts at once that lie behind each other in memory,
-    // before each of them is looked at.
+    // A position in `text`, at or after `from`, that may be part of an occurrence: its beginning, or a
+    // letter in it that counts as several. npos when the term occurs nowhere after `from`. Much faster than
+    // trying every position, so it pays to ask about many texts at once that are contiguous in memory
+    // before trying each of them.
     std::size_t candidate(std::wstring_view text, std::size_t from) const;
 
     // What `candidate` looks for, by units: how many the term has, which ones the first and the last letter of
@@ -55,8 +54,8 @@ class Matcher {
 
     const CaseFolding* folding_ = nullptr;
     std::wstring term_;       // folded where case is ignored
-    std::wstring first_;      // the units that the first letter of an occurrence may be
-    std::wstring last_;       // likewise of the last one
+    std::wstring first_;      // the units that an occurrence may begin with
+    std::wstring last_;       // the units that it may end with
     std::wstring expansions_; // units that may stand for several letters of the term
 };
 

@@ -28,7 +28,7 @@ CaseFolding makeFolding()
 {
     std::wstring units(unitCount, L'\0');
     std::iota(units.begin(), units.end(), L'\0');
-    // By way of the capital letter, which two small ones may share.
+    // Through the capital letter, which two small ones may share.
     const std::wstring lower = mapped(mapped(units, LCMAP_UPPERCASE), LCMAP_LOWERCASE);
     CaseFolding folding;
     folding.units.assign(units.begin(), units.end());
@@ -36,11 +36,12 @@ CaseFolding makeFolding()
         const wchar_t other = lower[unit];
         if (other != units[unit] && isSame({&units[unit], 1}, {&other, 1})) folding.units[unit] = other;
     }
-    // The system has no capital letter for the sigma at the end of a word, yet it compares as any other.
+    // The system gives the sigma at the end of a word no capital letter, yet compares it like any other
+    // sigma.
     constexpr wchar_t finalSigma = L'\u03C2';
     constexpr wchar_t sigma = L'\u03C3';
     if (isSame({&finalSigma, 1}, {&sigma, 1})) folding.units[finalSigma] = sigma;
-    // What may count as several letters; the system says what does.
+    // Candidates for letters that count as several; the system decides which do.
     constexpr std::pair<wchar_t, std::wstring_view> several[] = {
         {L'\u00DF', L"ss"}, {L'\u1E9E', L"ss"},  {L'\u00E6', L"ae"},  {L'\u00C6', L"ae"},
         {L'\u0153', L"oe"}, {L'\u0152', L"oe"},  {L'\u00FE', L"th"},  {L'\u00DE', L"th"},

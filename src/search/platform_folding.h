@@ -4,7 +4,7 @@
 
 namespace vandrel {
 
-// Letter case as the system's own text comparison ignores it, made when it is first asked for.
+// Letter case as the system's own text comparison ignores it; made on first use.
 const CaseFolding& platformFolding();
 
 } // namespace vandrel

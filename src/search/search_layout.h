@@ -9,9 +9,10 @@ namespace search_layout {
 
 inline constexpr Twips smallestWidth{7200};
 inline constexpr Twips smallestHeight{4755};
-// Of the inner height what is not the results': the search controls above them and the status bar below.
+// The part of the inner height that the results do not get: for the search controls above and the status
+// bar below.
 inline constexpr Twips restOfHeight{2150};
-// Of that, what is above the results.
+// The part of that above the results.
 inline constexpr Twips resultsTop{1790};
 
 constexpr Twips resultsHeight(Twips innerHeight) { return innerHeight - restOfHeight; }

@@ -12,7 +12,8 @@ constexpr std::size_t npos = std::wstring_view::npos;
 
 bool isWithin(std::wstring_view text, std::wstring_view block)
 {
-    // A built-in comparison of pointers into different blocks is not defined; this one is.
+    // The built-in comparison of pointers into different blocks has no defined result; this one orders them
+    // all.
     constexpr std::less_equal<> notBehind;
     return notBehind(block.data(), text.data()) &&
            notBehind(text.data() + text.size(), block.data() + block.size());
@@ -31,6 +32,7 @@ bool SiteMatcher::matches(const SiteTexts& site) const
 {
     switch (section_) {
     case SearchSection::all:
+        // Contract: only the name follows the mode; URL and description are always case-sensitive.
         return chosen_.occursIn(site[nameColumn]) || binary_.occursIn(site[urlColumn]) ||
                binary_.occursIn(site[descriptionColumn]);
     case SearchSection::name: return chosen_.occursIn(site[nameColumn]);

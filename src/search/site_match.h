@@ -10,21 +10,21 @@ namespace vandrel {
 // Name, URL, description and date of a site.
 using SiteTexts = std::array<std::wstring_view, 4>;
 
-// The fields in which a search looks.
+// The fields to search.
 enum class SearchSection { all, name, url, description };
 
-// 0 and 1, as the routines of the program number them.
+// The numbers are those that the search routines take.
 enum class SearchMode { binary = 0, text = 1 };
 
-// Whether a site holds a term. In all sections only the name is compared in the given mode; URL and
-// description are always compared letter by letter. This is how both searches are defined.
+// Whether a site contains a term. In all sections only the name is compared in the given mode; URL and
+// description are always case-sensitive.
 class SiteMatcher {
   public:
-    // `folding` is borrowed.
+    // Keeps a reference to `folding`.
     SiteMatcher(std::wstring_view term, SearchMode mode, SearchSection section, const CaseFolding& folding);
 
     bool matches(const SiteTexts& site) const;
-    // Finds whatever `matches` may find, and more.
+    // Finds everything that `matches` can find, and more.
     const Matcher& widest() const { return chosen_; }
 
   private:
@@ -33,14 +33,13 @@ class SiteMatcher {
     Matcher binary_;
 };
 
-// Asks about sites one after the other. Sites that were read from one file lie behind each other in memory;
-// there it looks for the next place that may matter, and takes every site before it for none without looking
-// at it.
+// Tests sites in turn. Sites read from one file are contiguous in memory; there it finds the next position
+// that may matter, and rejects every site before it without looking at it.
 class SiteSequence {
   public:
-    // `matcher` is borrowed.
+    // Keeps a reference to `matcher`.
     explicit SiteSequence(const SiteMatcher& matcher) : matcher_(matcher) {}
-    // The memory in which the sites may lie.
+    // The text that the fields of the sites may be views of.
     void setBlock(std::wstring_view block);
 
     bool matches(const SiteTexts& site);
@@ -49,7 +48,7 @@ class SiteSequence {
     const SiteMatcher& matcher_;
     std::wstring_view block_;
     std::size_t searchedFrom_ = 0;
-    std::optional<std::size_t> candidate_; // the first at or behind searchedFrom_, npos for none
+    std::optional<std::size_t> candidate_; // the first at or after searchedFrom_, npos for none
 };
 
 } // namespace vandrel

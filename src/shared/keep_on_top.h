@@ -4,13 +4,13 @@
 
 namespace vandrel {
 
-// The keep-on-top flag of the main window, and the window it is about.
+// The main window and its keep-on-top flag.
 struct KeepOnTop {
     HWND window = nullptr;
     int flag = 0; // 1 while the window is kept in the topmost layer
 };
 
-// While a dialog shows, its owner is no topmost window, so that it never covers the dialog.
+// Takes the window out of the topmost layer while a dialog is shown, so that it never covers the dialog.
 class TopmostPause {
   public:
     explicit TopmostPause(const KeepOnTop& keepOnTop) : keepOnTop_(keepOnTop)

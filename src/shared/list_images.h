@@ -2,7 +2,7 @@
 
 namespace vandrel {
 
-// Images of the lists, from 1.
+// Numbers of the pictures in the image list of the lists, counted from 1.
 inline constexpr int siteImage = 1;
 inline constexpr int closedFolderImage = 3;
 inline constexpr int openFolderImage = 4;

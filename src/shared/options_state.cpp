@@ -6,10 +6,11 @@ namespace vandrel {
 namespace {
 
 constexpr int defaultFontSize = 8;
-constexpr int largestFontSize = 2160; // points; what a font dialog of the platform takes at most
+constexpr int largestFontSize = 2160; // points; the most that the system's font dialog accepts
 
 std::wstring textOr(const std::wstring& text, std::wstring_view fallback)
 {
+    // Contract: "0" counts as missing.
     return text.empty() || text == L"0" ? std::wstring(fallback) : text;
 }
 
@@ -51,6 +52,7 @@ void writeOptions(const OptionsState& options,
     write(L"FontBold", flagText(options.font.bold));
     write(L"FontItalic", flagText(options.font.italic));
     write(L"HTMLFont", options.htmlFont);
+    // Contract: the width before the border.
     write(L"HTMLTWidth", options.htmlTableWidth);
     write(L"HTMLBorder", decimalText(static_cast<long>(options.htmlBorder)));
     write(L"GenEmpty", flagText(options.generateEmpty));

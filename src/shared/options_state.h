@@ -7,10 +7,10 @@
 
 namespace vandrel {
 
-// Points; whether a font can have that size.
+// Whether a font can have that size, in points.
 bool isFontSize(long size);
 
-// The font that every window of the program shows its texts in.
+// The display font: of the main window, the site editor, the search window and the import dialog.
 struct DisplayFont {
     std::wstring name;
     std::uint32_t color = 0; // 0x00BBGGRR
@@ -32,11 +32,11 @@ struct OptionsState {
     friend bool operator==(const OptionsState&, const OptionsState&) = default;
 };
 
-// Reads the state by key; a missing value is an empty text. Defaults stand in for what is missing or
-// unusable.
+// Reads the options by key; `read` gives an empty text for a missing value. What is missing or unusable
+// gets its default.
 OptionsState optionsFrom(const std::function<std::wstring(std::wstring_view key)>& read);
 
-// Hands out each key with its text, in the order in which the store is to get them.
+// Calls `write` with each key and its text, in the order in which they are to be stored.
 void writeOptions(const OptionsState& options,
                   const std::function<void(std::wstring_view key, std::wstring_view text)>& write);
 

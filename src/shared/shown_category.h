@@ -4,10 +4,10 @@
 
 namespace vandrel {
 
-// The category that the site list shows, and what stands between its sites and its file.
+// The category shown in the site list, and how its sites relate to its file.
 struct ShownCategory {
     RowTable sites; // in the order in which they are shown, and saved
-    // The category's row in the category list, by its id; 0 while none is shown: there is none, or it was
+    // The id of its row in the category list; 0 while none is shown, because there is none or it was
     // removed.
     RowTable::Id row = 0;
     Reading reading = Reading::missing;

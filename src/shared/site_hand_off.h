@@ -4,13 +4,13 @@
 
 namespace vandrel {
 
-// What the commands on sites and the site editor hand each other.
+// What the site commands and the site editor exchange.
 struct SiteHandOff {
-    // A link that waits to become a site: an address, or address + "~-~" + name. The editor empties it.
+    // A link waiting to become a site: an address, or address + "~-~" + name. The editor empties it.
     std::wstring IncomingLink;
     // True from the moment the editor loads until its OK.
     bool SiteDialogCancelled = false;
-    // True while the editor edits a stored site; then the three texts below go in and come back.
+    // True while the editor edits a stored site; the three texts below then go in and come back.
     bool SiteEditMode = false;
     std::wstring SiteEditName;
     std::wstring SiteEditURL;
@@ -21,7 +21,8 @@ struct SiteHandOff {
     std::wstring newSiteURL = L"http://";
     std::wstring newSiteDescription;
 
-    // Once it was added; the description stays.
+    // Called once the site has been added.
+    // Contract: the description is kept.
     void forgetNewSite()
     {
         newSiteName.clear();

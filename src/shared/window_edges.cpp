@@ -16,6 +16,7 @@ LONG_PTR withStaticEdge(HWND window) { return GetWindowLongPtrW(window, GWL_EXST
 
 void addStaticEdge(HWND window) { setExtendedStyle(window, withStaticEdge(window)); }
 
+// Contract: 1 is added, not or-ed.
 void addStaticAndDialogEdge(HWND window) { setExtendedStyle(window, withStaticEdge(window) + 1); }
 
 } // namespace vandrel::Off2000

@@ -7,8 +7,8 @@ namespace vandrel::Off2000 {
 // Gives the window the thin sunken edge.
 void addStaticEdge(HWND window);
 
-// The same, and 1 is added to the style: the edge of a dialog where the window has none, and the next bit of
-// the style where it has one already.
+// The same, with 1 added to the style: this sets WS_EX_DLGMODALFRAME if it was clear, and carries into the
+// next bit if it was set.
 void addStaticAndDialogEdge(HWND window);
 
 } // namespace vandrel::Off2000

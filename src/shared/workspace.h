@@ -18,8 +18,8 @@ class MenuFamily;
 class ProgressBar;
 class StatusBar;
 
-// What the commands work on: the main window's controls and the program's state. The main window makes it and
-// owns everything it refers to; commands get it as their first argument. A test can have as many as it likes.
+// What the commands work on: the main window's controls and the program's state. The main window makes it
+// and owns everything it refers to; commands get it as their first argument.
 struct Workspace {
     HWND window;          // the main window
     RowTable& categories; // their titles
@@ -30,15 +30,15 @@ struct Workspace {
     ProgressBar& PB;
     MenuFamily& mnuMove;
     InternetTransfer& inetScan;
-    std::wstring dataFolder;             // no backslash at its end
-    std::function<std::wstring()> today; // the date in the user's short form
+    std::wstring dataFolder;             // without a trailing backslash
+    std::function<std::wstring()> today; // the date in the user's short-date form
 
     KeepOnTop keepOnTop{};
     OptionsState options{};
     SiteHandOff site{};
     PropertiesHandOff properties{};
     std::wstring favoritesFolder{};
-    bool categoriesListed = false; // false when the list at the start failed
+    bool categoriesListed = false; // false if listing them at start-up failed
 };
 
 } // namespace vandrel

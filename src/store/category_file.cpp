@@ -17,7 +17,7 @@ namespace {
 
 using Rows = std::span<const RowTable::Row>;
 
-// An estimate that saves growing the rows over and over; a wrong one costs nothing else.
+// An estimate, to avoid growing the rows again and again; a wrong one does no harm.
 constexpr std::size_t charactersOfASite = 100;
 
 std::vector<RowTable::Row> sitesOf(std::wstring_view text)
@@ -31,8 +31,8 @@ std::vector<RowTable::Row> sitesOf(std::wstring_view text)
     return rows;
 }
 
-// None when there is no such file. A folder that has gone, with the stick or the share that it is on, says nothing about
-// its files.
+// None when there is no such file. A missing folder (a removed stick, a lost share) says nothing about its
+// files, so that is an error.
 std::optional<DecodedText> textOf(const std::wstring& folder, const std::wstring& title)
 {
     try {

@@ -8,14 +8,14 @@
 
 namespace vandrel {
 
-// Where the category of that title is kept in the folder, which has no backslash at its end.
+// The path of the category's file. `folder` has no trailing backslash.
 std::wstring categoryPath(const std::wstring& folder, const std::wstring& title);
 
-// Reads the category. A file that is missing from a folder that is there is an empty category. Throws
-// RuntimeError when the file or its folder cannot be reached or read.
+// Reads the category; a file missing from an existing folder is an empty category. Throws RuntimeError when
+// the file or its folder cannot be reached or read.
 Category readCategory(const std::wstring& folder, const std::wstring& title);
 
-// Puts the rows in place of what the file holds, all or nothing; see replaceFile. Throws RuntimeError.
+// Replaces the file's content with the rows, all or nothing; see replaceFile. Throws RuntimeError.
 void writeCategory(const std::wstring& folder, const std::wstring& title, std::span<const RowTable::Row> rows,
                    FileLayer& files);
 

@@ -23,17 +23,18 @@ void readSites(Workspace& workspace, std::size_t item, std::span<const RowTable:
         workspace.shown.sites.take(std::move(category.sites));
         workspace.shown.reading = category.reading;
     } catch (const std::exception&) {
-        // The list stays empty, or as it was, and is not saved over what nobody has seen.
+        // Contract: a category that cannot be read raises no error.
+        // The list stays empty, or as it was, and is not saved over a file whose content nobody has seen.
     }
 }
 
-// Folder pictures and the window's caption. While none is shown the caption stays.
 void showOpenCategory(Workspace& workspace, std::optional<std::size_t> open)
 {
     RowTable& categories = workspace.categories;
     for (std::size_t row = 0; row < categories.size(); ++row) {
         categories.setImage(row, row == open ? openFolderImage : closedFolderImage);
     }
+    // Contract: with no category shown, the caption keeps the last title.
     if (open)
         SetWindowTextW(workspace.window,
                        (std::wstring(programTitle) + L" - " + titleOf(workspace, *open)).c_str());
@@ -75,7 +76,8 @@ std::optional<std::size_t> shownRow(const Workspace& workspace)
 void showCategory(Workspace& workspace, std::size_t item, std::span<const RowTable::Row> behind)
 {
     ShownCategory& shown = workspace.shown;
-    // First what needs no memory: whatever fails then, the list is never taken for another category's.
+    // What needs no memory comes first: whatever fails after it, the list is never taken for another
+    // category's.
     shown.row = workspace.categories.id(item);
     shown.reading = Reading::unreadable;
     if (behind.empty()) {

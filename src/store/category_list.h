@@ -16,23 +16,23 @@ void listCategories(Workspace& workspace);
 
 std::wstring titleOf(const Workspace& workspace, std::size_t item);
 
-// Where the shown category stands in the category list, whatever the native control has selected; none while
-// none is shown.
+// The row of the shown category in the category list, whatever the control has selected; none while none is
+// shown.
 std::optional<std::size_t> shownRow(const Workspace& workspace);
 
-// Selects the category, reads it into the site list and shows that it is the open one. The rows of `behind`,
-// which may be those of the site list, are put behind its own. When it cannot be read the list is empty and
-// the category not saved over; with `behind` the list stays as it is. Raises nothing for that.
+// Selects the category, reads it into the site list and shows that it is the open one. The rows of
+// `behind`, which may be those of the site list itself, are added after its own. A category that cannot be
+// read raises no error and is not saved over; the list is then empty or, if `behind` has rows, as it was.
 void showCategory(Workspace& workspace, std::size_t item, std::span<const RowTable::Row> behind = {});
 
-// Shows the category as the open one with the sites that the list has, and reads nothing: for a category just
-// made.
+// Shows the category as the open one, with the sites already in the list, and reads nothing: for a category
+// just made.
 void showAsEmptyCategory(Workspace& workspace, std::size_t item);
 
 // Empties the site list and shows no category; the caption stays.
 void showNoCategory(Workspace& workspace);
 
-// Whether the list has what no file holds, and panel 1 of the status bar says so.
+// Records whether the list has what no file holds, and says so in panel 1 of the status bar.
 enum class Sites { saved, unsaved };
 void markSites(Workspace& workspace, Sites sites);
 

@@ -19,6 +19,7 @@ namespace {
 RowTable::Id addCategory(Workspace& workspace, const std::wstring& title)
 {
     RowTable& categories = workspace.categories;
+    // Contract: no test for an existing title: its file is emptied and the list shows it twice.
     const std::size_t row = categories.add({title}, closedFolderImage);
     try {
         replaceFile(categoryPath(workspace.dataFolder, title), std::string_view());
@@ -27,7 +28,7 @@ RowTable::Id addCategory(Workspace& workspace, const std::wstring& title)
         throw;
     }
     const auto shown = shownRow(workspace);
-    // Nothing unseen is left in the file.
+    // The file is empty now, so saving over it loses nothing.
     if (shown && titleOf(workspace, *shown) == title) workspace.shown.reading = Reading::read;
     workspace.lstCategory.ensureVisible(row);
     return categories.id(row);
@@ -51,7 +52,8 @@ NewCategory makeCategory(Workspace& workspace)
                                         L"Category Name");
     if (hasRefusedCharacter(title)) {
         tell(workspace.window, refusedTitleMessage(), invalidTitle, BoxIcon::critical);
-        return {Answer::refused}; // "Move To" keeps only its first entry until it is built again
+        // Contract: "Move To" keeps only its first entry until it is built again.
+        return {Answer::refused};
     }
     if (isBlank(title)) {
         DoMoveMenus(workspace);
@@ -59,6 +61,7 @@ NewCategory makeCategory(Workspace& workspace)
     }
     NewCategory category{Answer::made};
     try {
+        // Contract: the title is used untrimmed.
         category.row = addCategory(workspace, title);
     } catch (const std::exception&) {
         DoMoveMenus(workspace);
@@ -77,7 +80,7 @@ void makeFirstCategory(Workspace& workspace)
         try {
             answer = makeCategory(workspace).answer;
         } catch (const RuntimeError& error) {
-            showRuntimeError(workspace.window, error); // another title may do
+            showRuntimeError(workspace.window, error); // another title may work
         }
     }
     if (!workspace.categories.empty()) showAsEmptyCategory(workspace, 0);

@@ -12,17 +12,16 @@ struct NewCategory {
     RowTable::Id row = 0; // of the category list
 };
 
-// Lists the categories when that failed at the start: without its list the program would make a new category
-// over one that is there.
+// Lists the categories if that failed at start-up: without the list, a new category could overwrite an
+// existing one.
 void requireCategoryList(Workspace& workspace);
 
-// Asks for a title, makes an empty category of it and puts it into the category list, not selected. A
-// category of the same title is emptied, by design. A title with a character that none may have is refused
-// with a message. Throws RuntimeError when the file cannot be made; the list is then as before.
+// Asks for a title and adds an empty category of that title to the category list, not selected. An existing
+// category of the same title is emptied, on purpose. A title with a refused character gets a message.
+// Throws RuntimeError when the file cannot be made; the list is then as before.
 NewCategory makeCategory(Workspace& workspace);
 
-// Tells that there is none and asks for a title, again and again until a category is made and shown or the
-// question is cancelled.
+// Says that there is no category and asks for a title until one is made and shown or the user cancels.
 void makeFirstCategory(Workspace& workspace);
 
 // Rebuilds the "Move To" entries from the category list.

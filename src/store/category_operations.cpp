@@ -34,6 +34,7 @@ void RemoveCategory(Workspace& workspace)
     const auto row = workspace.categories.rowOf(category);
     if (!row) return;
     removeFile(categoryPath(workspace.dataFolder, titleOf(workspace, *row)));
+    // Contract: no other category is selected, the caption stays, and "Move To" is not rebuilt.
     showNoCategory(workspace);
     workspace.categories.remove(*row);
 }
@@ -55,9 +56,10 @@ bool CategoryRename::lstCategory_AfterLabelEdit(const std::wstring& newText)
         return false;
     }
     RowTable& categories = workspace_.categories;
-    const std::wstring_view kept = categories.keepText(
-        newText); // what was renamed is to be shown so, whatever happens
+    // Before the rename, so that showing the new title cannot fail.
+    const std::wstring_view kept = categories.keepText(newText);
     const std::wstring extension(categoryExtension);
+    // Contract: both names are relative to the current directory, and "Move To" is not rebuilt.
     renameFile(oldTitle_ + extension, newText + extension);
     if (const auto row = categories.rowOf(category_)) categories.useText(*row, 0, kept);
     return true;

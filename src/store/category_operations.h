@@ -10,11 +10,11 @@ namespace vandrel {
 struct Workspace;
 
 // Asks for a title and makes an empty category of it; see makeCategory. Sites that no category could take
-// until now are offered to it. Throws RuntimeError when the file cannot be made.
+// so far are then offered to it. Throws RuntimeError when the file cannot be made.
 void AddCategory(Workspace& workspace);
 
-// Asks, then deletes the shown category with its file; none is shown then. Throws RuntimeError when the file
-// cannot be deleted.
+// Asks, then deletes the shown category and its file; none is shown afterwards. Throws RuntimeError when
+// the file cannot be deleted.
 void RemoveCategory(Workspace& workspace);
 
 // Renames the file of a category after its label was edited.
@@ -24,8 +24,8 @@ class CategoryRename {
 
     // Remembers the title of the category whose label is edited.
     void lstCategory_BeforeLabelEdit(std::size_t row);
-    // Renames it, and says whether it did. The file is named relative to the current directory. Throws
-    // RuntimeError when it cannot be renamed.
+    // Renames it and returns whether it did. Files are named relative to the current directory. Throws
+    // RuntimeError when the file cannot be renamed.
     bool lstCategory_AfterLabelEdit(const std::wstring& newText);
 
   private:

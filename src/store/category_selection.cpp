@@ -20,7 +20,7 @@ bool ask(const Workspace& workspace, const std::wstring& text)
     return askYesNo(workspace.window, text, programTitle, BoxIcon::question);
 }
 
-// Tries to save. Why the sites cannot be saved; none when they are now.
+// Tries to save. Returns why that failed; none if it worked.
 std::optional<std::wstring> reasonNotSaved(Workspace& workspace)
 {
     try {
@@ -49,16 +49,16 @@ void selectShown(Workspace& workspace)
     if (const auto row = shownRow(workspace)) workspace.lstCategory.select(*row);
 }
 
-// With sites in the list that no file holds.
+// Shows another category while the list has sites that no file holds.
 void showAnother(Workspace& workspace, RowTable::Id category)
 {
     const auto reason = shownRow(workspace) ? reasonNotSaved(workspace) : std::wstring();
-    const auto row = workspace.categories.rowOf(category); // messages may have run
+    const auto row = workspace.categories.rowOf(category); // messages may have run and moved it
     if (!row) return;
     if (!reason) {
         showCategory(workspace, *row);
     } else if (hasStraySites(workspace)) {
-        if (category == workspace.shown.row) return; // still not to be read
+        if (category == workspace.shown.row) return; // still unreadable
         if (!offerStraySites(workspace, *row)) showCategory(workspace, *row);
     } else if (mayDiscard(workspace, *reason)) {
         showCategory(workspace, *row);

@@ -6,27 +6,26 @@ namespace vandrel {
 
 struct Workspace;
 
-// Reads the clicked category into the site list, in the order of its file, and shows which one it is. A file
-// that cannot be read leaves the list empty; nothing is raised for that. What the list has that no file holds
-// is saved first; when that cannot be done, the user is asked what is to become of it, and may stay where
-// they are.
+// Reads the clicked category into the site list, in the order of its file, and shows which one it is. A
+// file that cannot be read leaves the list empty and raises no error. What no file holds yet is saved first;
+// if that fails, the user is asked what to do with it and may stay in the old category.
 void lstCategory_ItemClick(Workspace& workspace, std::size_t item);
 
 // Selects the category and does what a click on it does.
 void selectCategory(Workspace& workspace, std::size_t item);
 
-// Before a command shows one category after the other: saves what no file holds, and asks whether what cannot
-// be saved may be lost. False when the list has to stay as it is.
+// Called before a command goes through the categories: saves what no file holds, and asks whether to
+// discard what cannot be saved. False when the list must stay as it is.
 bool leaveSites(Workspace& workspace);
 
-// Before the program ends: the same, until it is saved or the user says No.
+// The same before the program ends, until everything is saved or the user says No.
 void saveBeforeClosing(Workspace& workspace);
 
-// Whether all that the list has are sites that were entered while no category could take them.
+// Whether the list holds only sites that were entered while no category could take them.
 bool hasStraySites(const Workspace& workspace);
 
-// Asks whether the category takes them; if so it is shown, with them behind its own sites, and saved. Returns
-// whether it was.
+// Asks whether to add these sites to the category; if so, shows it with them after its own and saves it.
+// Returns whether the user agreed.
 bool offerStraySites(Workspace& workspace, std::size_t item);
 
 } // namespace vandrel

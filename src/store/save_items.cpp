@@ -11,7 +11,7 @@
 namespace vandrel {
 namespace {
 
-// Puts the list's sites behind those of a category's file.
+// Adds the list's sites after those of a category's file.
 void takeIntoCategory(Workspace& workspace)
 {
     auto row = shownRow(workspace);
@@ -19,7 +19,7 @@ void takeIntoCategory(Workspace& workspace)
     showCategory(workspace, *row, workspace.shown.sites.all());
 }
 
-// False when there is no category, and none was made.
+// False when there is no category and the user made none.
 bool haveCategory(Workspace& workspace)
 {
     requireCategoryList(workspace);

@@ -19,17 +19,18 @@ namespace {
 std::optional<std::size_t> categoryOfTitle(const RowTable& categories, const std::wstring& title)
 {
     for (std::size_t row = 0; row < categories.size(); ++row) {
+        // Contract: of two categories with one title, the first.
         if (categories.text(row, 0) == title) return row;
     }
     return std::nullopt;
 }
 
-// The category file as it was, to be put back when what follows its change fails.
+// A category file's old content, to put back if a later step fails.
 class FileBefore {
   public:
     explicit FileBefore(std::wstring path) : path_(std::move(path)), bytes_(fileBytes(path_)) {}
 
-    // Failing that, the site is in both files: better than in none.
+    // If this fails as well, the site is in both files, which is better than in neither.
     void putBack() const noexcept
     {
         try {
@@ -43,7 +44,7 @@ class FileBefore {
     std::optional<std::string> bytes_; // none when there was no file
 };
 
-// The target first: a site must not be in none of the two files, whatever happens between the two saves.
+// The target first: whatever happens between the two saves, the site must be in at least one file.
 void moveBetween(const std::wstring& folder, const std::wstring& source, const std::wstring& target,
                  std::span<const RowTable::Row> left, const RowTable::Row& site)
 {
@@ -65,12 +66,13 @@ void moveOnDisk(const Workspace& workspace, std::size_t site, const std::wstring
     const std::span<const RowTable::Row> all = workspace.shown.sites.all();
     std::vector<RowTable::Row> left(all.begin(), all.end());
     RowTable::Row moved = left[site];
+    // Contract: the date is not carried over.
     moved.texts[dateColumn] = {};
     moved.image = siteImage;
     left.erase(left.begin() + static_cast<std::ptrdiff_t>(site));
 
     const std::wstring& folder = workspace.dataFolder;
-    // Two titles may be one file: the same title twice, or in other letter case.
+    // Two titles may mean one file: the same title twice, or titles that differ only in letter case.
     if (source == target || isSameFile(categoryPath(folder, source), categoryPath(folder, target))) {
         left.push_back(moved);
         writeCategory(folder, source, left, systemFiles());
@@ -83,6 +85,7 @@ void moveOnDisk(const Workspace& workspace, std::size_t site, const std::wstring
 
 void mnuMove_Click(Workspace& workspace, std::size_t index)
 {
+    // Contract: only the current site moves, even if several are selected.
     const auto site = workspace.lstInfo.currentRow();
     const auto source = shownRow(workspace);
     const auto target = categoryOfTitle(workspace.categories, workspace.mnuMove.caption(index));
@@ -93,7 +96,7 @@ void mnuMove_Click(Workspace& workspace, std::size_t index)
         showCategory(workspace, *target);
         workspace.lstCategory.ensureVisible(*target);
     } catch (...) {
-        // The list still has the site, and must not be saved with it.
+        // The list still has the moved site, and must not be saved with it.
         workspace.shown.sites.clear();
         workspace.shown.reading = Reading::unreadable;
         throw;

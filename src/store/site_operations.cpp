@@ -21,7 +21,7 @@ void showSiteEditor(Workspace& workspace)
     editor.showModal();
 }
 
-// The current site by its id; none when no site is selected.
+// The current site's id; none if no site is selected.
 std::optional<RowTable::Id> currentSite(const Workspace& workspace)
 {
     const auto row = workspace.lstInfo.currentRow();
@@ -36,6 +36,7 @@ bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring&
     RowTable& sites = workspace.shown.sites;
     workspace.shown.unsaved = true;
     sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
+    // Contract: by URL, whatever column the user sorted by before.
     sites.sortBy(urlColumn, sites.sortOrder());
     return SaveItems(workspace);
 }
@@ -55,6 +56,7 @@ void AddURL(Workspace& workspace)
     SiteHandOff& site = workspace.site;
     showSiteEditor(workspace);
     if (site.SiteDialogCancelled) {
+        // Contract: cleared here, but not by EditSel.
         site.SiteDialogCancelled = false;
         return;
     }
@@ -73,6 +75,7 @@ void RemoveURL(Workspace& workspace)
         PB.begin(sites.size());
         const ScopeExit hide([&PB] { PB.setVisible(false); });
         workspace.shown.unsaved = true;
+        // Contract: the bar runs over every row, not only the selected ones.
         for (std::size_t row = 0; row < sites.size(); ++row) PB.setValue(row + 1);
         workspace.lstInfo.markSelection();
         sites.removeMarked();
@@ -91,6 +94,7 @@ void EditDescription(Workspace& workspace)
     const auto row = sites.rowOf(*site);
     if (!row) return;
     workspace.shown.unsaved = true;
+    // Contract: a description cannot be cleared here, and a "|" in it is saved as it is.
     if (!isBlank(description)) sites.setText(*row, descriptionColumn, savedText(description));
     SaveItems(workspace);
 }
@@ -114,12 +118,14 @@ void EditSel(Workspace& workspace)
     const auto row = sites.rowOf(*edited);
     if (site.SiteDialogCancelled || !row) return;
     workspace.shown.unsaved = true;
-    // What was not touched stays to the letter, with the line ends that another editor left in it.
+    // An untouched text keeps every character, even line ends that another editor left in it.
     const auto textOf = [&](std::size_t column, const std::wstring& text) {
         return text == sites.text(*row, column) ? text : savedText(text);
     };
     sites.setTexts(*row, {textOf(nameColumn, site.SiteEditName), textOf(urlColumn, site.SiteEditURL),
-                          textOf(descriptionColumn, site.SiteEditDesc), savedText(workspace.today())});
+                          textOf(descriptionColumn, site.SiteEditDesc),
+                          // Contract: editing dates the site today.
+                          savedText(workspace.today())});
     SaveItems(workspace);
 }
 

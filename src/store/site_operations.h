@@ -8,23 +8,23 @@ namespace vandrel {
 
 struct Workspace;
 
-// Each works on the site list and ends with saving it; each throws RuntimeError when that fails, with the
-// list showing the change that was not saved. Without a selected site the commands but the first do nothing.
+// Each changes the site list, then saves it; if saving fails, each throws RuntimeError and the list keeps
+// the unsaved change. Without a selected site, all commands but AddURL do nothing.
 
-// Opens the site editor, with the waiting link if there is one, and adds what it hands back, dated today. The
-// list is sorted by URL from then on.
+// Opens the site editor, with the waiting link if there is one, and adds the site it hands back, dated
+// today. The list is sorted by URL from then on.
 void AddURL(Workspace& workspace);
 // Asks, then removes every selected site.
 void RemoveURL(Workspace& workspace);
 // Asks for a new description of the current site; an empty answer keeps the old one.
 void EditDescription(Workspace& workspace);
-// Opens the current site in the site editor and dates it today when it is accepted.
+// Opens the current site in the site editor and dates it today if the user accepts.
 void EditSel(Workspace& workspace);
 
-// Adds a site, its texts as the file will hold them, and sorts the list by URL. Returns whether it was saved;
-// false when there is no category and the user made none.
+// Adds a site, its texts as the file will hold them, and sorts the list by URL. Returns whether it was
+// saved: false when there is no category and the user made none.
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date);
-// Dates the site today; nothing happens when it is gone from the list.
+// Sets the site's date to today and saves; does nothing if the site is gone from the list.
 void dateToday(Workspace& workspace, RowTable::Id site);
 } // namespace vandrel

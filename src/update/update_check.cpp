@@ -20,9 +20,10 @@ void CheckUpdates(Workspace& workspace, const std::wstring& site,
     try {
         latest = workspace.inetScan.OpenURL(site + L"/update/VDVer.txt");
     } catch (const RuntimeError&) {
-        if (workspace.inetScan.quitting()) return; // nobody is left to be told
+        if (workspace.inetScan.quitting()) return; // the program is closing: there is nobody to tell
         throw;
     }
+    // Contract: any difference counts as a newer version, even a line end or an empty answer.
     if (latest == running) {
         tell(workspace.window, noUpdateText(latest), noUpdateTitle, BoxIcon::information);
     } else if (askYesNo(workspace.window, newVersionText(running, latest), newVersionTitle,

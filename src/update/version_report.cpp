@@ -1,6 +1,6 @@
 #include "update/version_report.h"
 
-// From the project's version, which the file's version resource is made of as well.
+// Set by the build from the project's version, as the version resource is.
 #ifndef VANDREL_VERSION
 # error "VANDREL_VERSION is to be the version as a wide string"
 #endif
@@ -22,6 +22,7 @@ std::wstring newVersionText(const std::wstring& running, const std::wstring& lat
 
 std::wstring declinedText()
 {
+    // Contract: "Check For Updates", though the menu has "Check for Updates".
     return L"You have chosen not to update this program. Just choose Check For Updates\r\n"
            L"from the Help menu if you ever need to update in the future.";
 }
