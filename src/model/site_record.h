@@ -6,8 +6,9 @@
 
 namespace vandrel {
 
-// The fields of a site in the order of its line: views of the text they were read from. Units are those of decoded
-// text (wchar_t), or bytes (char) in a code page in which every byte is a character and ASCII is itself.
+// The fields of a site in the order of its line: views of the text they were read from. Units are those of
+// decoded text (wchar_t), or bytes (char) in a code page in which every byte is a character and ASCII is
+// itself.
 template <typename Unit> struct BasicSiteRecord {
     std::basic_string_view<Unit> name;
     std::basic_string_view<Unit> url;

@@ -9,8 +9,8 @@
 
 namespace vandrel {
 
-// Goes through the bytes of a category file for the sites that may hold a term, and counts all sites on the way.
-// For code pages in which every byte is a letter and ASCII is itself.
+// Goes through the bytes of a category file for the sites that may hold a term, and counts all sites on
+// the way. For code pages in which every byte is a letter and ASCII is itself.
 class ByteSearch {
   public:
     using Site = BasicSiteRecord<char>;

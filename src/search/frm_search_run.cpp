@@ -162,8 +162,8 @@ std::size_t frmSearch::searchText(const Remembered& category, Search& search)
     return sites.size();
 }
 
-// Texts and hits are shown only when messages run: a million texts that nobody sees would take longer than the
-// search.
+// Texts and hits are shown only when messages run: a million texts that nobody sees would take longer than
+// the search.
 void frmSearch::takeTurn(const Remembered& category, Search& search, std::size_t sites, bool first)
 {
     // Contract: the number starts again at 1 in each category.

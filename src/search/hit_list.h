@@ -11,8 +11,9 @@
 
 namespace vandrel {
 
-// The hits of a search until they are shown as rows: name, URL, category, description. Their texts are copied into
-// pieces of memory that grow as hits come, so that no hit holds on to the file that it is from.
+// The hits of a search until they are shown as rows: name, URL, category, description. Their texts are
+// copied into pieces of memory that grow as hits come, so that no hit holds on to the file that it is
+// from.
 class HitList {
   public:
     HitList();

@@ -42,8 +42,8 @@ class Matcher {
     // before trying each of them.
     std::size_t candidate(std::wstring_view text, std::size_t from) const;
 
-    // What `candidate` looks for, by units: how many the term has, which ones the first and the last letter of
-    // an occurrence may be, and which may stand for several letters of it.
+    // What `candidate` looks for, by units: how many the term has, which ones the first and the last
+    // letter of an occurrence may be, and which may stand for several letters of it.
     std::size_t length() const { return term_.size(); }
     std::wstring_view firstUnits() const { return first_; }
     std::wstring_view lastUnits() const { return last_; }

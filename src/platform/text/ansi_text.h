@@ -13,7 +13,8 @@ std::wstring decodeAnsi(std::string_view bytes);
 // Decodes into `text`, which must hold as many units as there are bytes. Returns the number of units.
 std::size_t decodeAnsi(std::string_view bytes, wchar_t* text);
 
-// Whether every character is a single byte and ASCII is itself, so that text can be cut between any two bytes.
+// Whether every character is a single byte and ASCII is itself, so that text can be cut between any two
+// bytes.
 bool ansiLettersAreBytes();
 // Those characters; null where one may have several bytes.
 const CodePageLetters* ansiLetters();

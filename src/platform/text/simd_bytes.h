@@ -6,8 +6,8 @@ namespace vandrel {
 
 inline constexpr std::size_t bytesInVector = 16;
 
-// Sixteen bytes, looked at one by one. What a comparison returns is for &, | and mask(): all bits of a byte for
-// which it holds, none of the others.
+// Sixteen bytes, looked at one by one. What a comparison returns is for &, | and mask(): all bits of a
+// byte for which it holds, none of the others.
 class PlainBytes {
   public:
     // From memory of any alignment, of which as many bytes must be there.
