@@ -157,6 +157,15 @@ void RowTable::append(std::shared_ptr<const void> block, std::span<const Row> ro
     identify(std::span(rows_).last(rows.size()));
 }
 
+void RowTable::append(Block&& block)
+{
+    if (!rows_.empty()) return append(std::move(block.texts), std::span<const Row>(block.rows));
+    const Change change(*this, RowChange::appended);
+    blocks_.push_back(std::move(block.texts));
+    rows_ = std::move(block.rows);
+    identify(rows_);
+}
+
 // ---- rows come and go
 
 RowTable::Row RowTable::keptRow(NewTexts texts, int image)

@@ -78,6 +78,8 @@ class RowTable final : public RowSource {
     void take(RowTable&& other);
     // Adds such rows at the end, whatever the sort order; setSorted(true) puts them in order.
     void append(std::shared_ptr<const void> block, std::span<const Row> rows);
+    // The same; an empty table takes the rows as they are, without a copy.
+    void append(Block&& block);
     // Adds a row: at the end or, while sorted, in its place. Returns its number.
     std::size_t add(NewTexts texts, int image);
     // Adds a copy of each row, as add does.

@@ -15,27 +15,21 @@ constexpr std::size_t blockSize = 64; // as many bytes as a mask has bits
 // A bit for each byte of a block, the lowest for the first.
 struct Masks {
     std::uint64_t separators = 0;
-    std::uint64_t returns = 0;   // CR
-    std::uint64_t lineFeeds = 0; // LF
+    std::uint64_t lineFeeds = 0;
 };
 
 Masks masksOf(const char* block)
 {
     const ByteVector separator = ByteVector::all('|');
-    const ByteVector carriageReturn = ByteVector::all('\r');
     const ByteVector lineFeed = ByteVector::all('\n');
     Masks masks;
     for (std::size_t at = 0; at < blockSize; at += bytesInVector) {
         const ByteVector bytes = ByteVector::load(block + at);
         masks.separators |= std::uint64_t{bytes.equal(separator).mask()} << at;
-        masks.returns |= std::uint64_t{bytes.equal(carriageReturn).mask()} << at;
         masks.lineFeeds |= std::uint64_t{bytes.equal(lineFeed).mask()} << at;
     }
     return masks;
 }
-
-// The bits below that one.
-std::uint64_t below(int bit) { return bit == 0 ? 0 : ~std::uint64_t{} >> (64 - bit); }
 
 class SiteCounter {
   public:
@@ -50,7 +44,6 @@ class SiteCounter {
             std::memcpy(rest.data(), lines_.data() + at, lines_.size() - at);
             takeBlock(masksOf(rest.data()), at);
         }
-        loneLineEnd_ = loneLineEnd_ || endsInReturn_;
         if (lineBegin_ < lines_.size()) endLine(lines_.size());
         return sites_;
     }
@@ -58,45 +51,42 @@ class SiteCounter {
   private:
     void takeBlock(const Masks& masks, std::size_t at)
     {
-        const std::uint64_t behindReturn = masks.returns << 1 | (endsInReturn_ ? 1 : 0);
-        const std::uint64_t lineEnds = masks.lineFeeds & behindReturn;
-        // A CR as the last byte is judged with the next block.
-        const std::uint64_t loneReturns = masks.returns & ~(lineEnds >> 1) & below(63);
-        loneLineEnd_ = loneLineEnd_ || (endsInReturn_ && (lineEnds & 1) == 0);
-        endsInReturn_ = (masks.returns >> 63) != 0;
-        const std::uint64_t loneEnds = loneReturns | (masks.lineFeeds & ~behindReturn);
         std::uint64_t separators = masks.separators;
-        for (std::uint64_t events = lineEnds | loneEnds; events != 0; events &= events - 1) {
-            const int bit = std::countr_zero(events);
-            if ((lineEnds >> bit & 1) == 0) {
-                loneLineEnd_ = true;
-                continue;
-            }
-            separated_ = separated_ || (separators & below(bit)) != 0;
-            separators &= ~below(bit);
-            endLine(at + static_cast<std::size_t>(bit) + 1);
+        for (std::uint64_t ends = masks.lineFeeds; ends != 0; ends &= ends - 1) {
+            const auto bit = static_cast<std::size_t>(std::countr_zero(ends));
+            const std::size_t place = at + bit;
+            if (place == 0 || lines_[place - 1] != '\r') continue;
+            const std::uint64_t before = (std::uint64_t{1} << bit) - 1;
+            addSeparators(separators & before);
+            separators &= ~before;
+            endLine(place + 1);
         }
-        separated_ = separated_ || separators != 0;
+        addSeparators(separators);
     }
 
+    void addSeparators(std::uint64_t bits)
+    {
+        for (; bits != 0; bits &= bits - 1) ++separators_; // three in a line, as a rule
+    }
+
+    // Only where a line is a comment or has more than four pieces does it matter whether a CR or LF stands
+    // alone in it.
     void endLine(std::size_t end)
     {
-        if (loneLineEnd_) {
+        if (lines_[lineBegin_] == ';' || separators_ > 3) {
             BasicSiteRecordReader<char> reader(lines_.substr(lineBegin_, end - lineBegin_));
             while (reader.next()) ++sites_;
-        } else if (separated_ && lines_[lineBegin_] != ';') {
+        } else if (separators_ > 0) {
             ++sites_;
         }
         lineBegin_ = end;
-        separated_ = loneLineEnd_ = false;
+        separators_ = 0;
     }
 
     std::string_view lines_;
     std::size_t sites_ = 0;
     std::size_t lineBegin_ = 0;
-    bool separated_ = false;    // the line so far has a separator
-    bool loneLineEnd_ = false;  // and a CR or LF that ends no line
-    bool endsInReturn_ = false; // the last block did
+    std::size_t separators_ = 0; // of the line so far
 };
 
 } // namespace

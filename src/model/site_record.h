@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,6 +40,11 @@ template <typename Unit> class BasicSiteRecordReader {
     explicit BasicSiteRecordReader(Text text) : rest_(text) {}
 
     std::optional<BasicSiteRecord<Unit>> next();
+    // What follows the line of the site that was given last, and whether that line has more for `next` first.
+    Text rest() const { return rest_; }
+    bool withinLine() const { return !cut_.empty(); }
+    // Leaves out so much of the rest, which must be whole lines.
+    void skip(std::size_t units) { rest_.remove_prefix(units); }
 
   private:
     std::optional<BasicSiteRecord<Unit>> nextOfCut();

@@ -17,7 +17,9 @@ class ByteSearch {
     static constexpr std::size_t windowSize = 64U << 10; // bytes
 
     // Both are borrowed.
-    ByteSearch(std::string_view bytes, const BytePattern& pattern) : bytes_(bytes), pattern_(pattern) {}
+    ByteSearch(std::string_view bytes, const BytePattern& pattern)
+        : bytes_(bytes), pattern_(pattern), reader_(bytes)
+    {}
 
     // The next site that may hold the term. None at the end of some window of the file, so that the caller
     // is never kept waiting, or at that of the file.
@@ -25,21 +27,20 @@ class ByteSearch {
     // The next site, whatever it holds. None at the end.
     std::optional<Site> next();
 
-    bool atEnd() const { return at_ == bytes_.size() && !reader_; }
+    bool atEnd() const { return reader_.rest().empty() && !reader_.withinLine(); }
     // So many sites were passed, with the one given last.
     std::size_t sites() const { return sites_; }
 
   private:
-    std::optional<Site> nextOfLine();
-    void readLine(std::size_t begin, std::size_t end);
+    std::size_t place() const { return bytes_.size() - reader_.rest().size(); }
     std::size_t lineEndFrom(std::size_t place) const;
     std::size_t lineBeginBefore(std::size_t place) const;
 
     std::string_view bytes_;
     const BytePattern& pattern_;
-    std::size_t at_ = 0; // always where a line begins
+    BasicSiteRecordReader<char> reader_;
+    std::size_t windowEnd_ = 0; // where a line ends
     std::size_t sites_ = 0;
-    std::optional<BasicSiteRecordReader<char>> reader_; // of the line before `at_`
 };
 
 } // namespace vandrel

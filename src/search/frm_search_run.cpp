@@ -196,8 +196,7 @@ bool frmSearch::leaveShownCategory()
 void frmSearch::showHits(HitList& hits)
 {
     if (hits.empty()) return;
-    const RowTable::Block found = hits.take();
-    hitRows_.append(found.texts, found.rows);
+    hitRows_.append(hits.take());
 }
 
 std::optional<SearchSection> frmSearch::section() const

@@ -62,6 +62,19 @@ TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
     EXPECT_TRUE(secondText.expired());
 }
 
+TEST(AppendedRows, AreTakenAsTheyAreByAnEmptyTable)
+{
+    RowTable list;
+    Batch batch({L"z", L"a"});
+    list.append({batch.text, batch.rows});
+    list.append({batch.text, batch.rows});
+    EXPECT_EQ(names(list), (Names{L"z", L"a", L"z", L"a"}));
+    EXPECT_NE(list.id(0), list.id(2));
+    EXPECT_EQ(list.rowOf(list.id(3)), std::optional<std::size_t>(3));
+    list.sortBy(nameColumn, SortOrder::ascending);
+    EXPECT_EQ(names(list), (Names{L"a", L"a", L"z", L"z"}));
+}
+
 TEST(TableFillings, AreCountedAndNothingElseIs)
 {
     RowTable list;
