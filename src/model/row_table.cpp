@@ -92,11 +92,6 @@ void RowTable::setImage(std::size_t row, int image)
     tellOf(row);
 }
 
-void RowTable::setAllImages(int image)
-{
-    for (std::size_t row = 0; row < size(); ++row) setImage(row, image);
-}
-
 std::optional<std::size_t> RowTable::rowOf(Id id) const
 {
     const auto found = std::ranges::find(rows_, id, &Row::id);

@@ -55,8 +55,6 @@ class RowTable final : public RowSource {
     void setMark(std::size_t row, Mark mark) override;
     void observe(RowObserver* observer) override { observer_ = observer; }
 
-    // The owner of the texts that the table was filled with; null if nothing filled it.
-    std::shared_ptr<const void> block() const { return blocks_.empty() ? nullptr : blocks_.front(); }
     // Changes whenever rows come, go or change places.
     unsigned changes() const { return changes_; }
     // Changes whenever the table is filled or cleared.
@@ -68,7 +66,6 @@ class RowTable final : public RowSource {
     void useText(std::size_t row, std::size_t column, std::wstring_view kept);
     void setTexts(std::size_t row, NewTexts texts); // all, or none if memory runs out
     void setImage(std::size_t row, int image);
-    void setAllImages(int image);
 
     void clear();
     // Replaces all rows, in the order given, by rows whose texts are views into what `block` owns; they are

@@ -1,5 +1,6 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
+#include "tests/support/all_images.h"
 #include "tests/support/menus_seen.h"
 #include "tests/support/scan_test.h"
 
@@ -305,7 +306,7 @@ TEST_F(ScanAll, AnEmptyCategoryIsComplete)
 TEST_F(ScanAll, ARedXFromAnEarlierScanIsRemovedJustBeforeTheCheck)
 {
     begin({{L"A", at(L"/held?1")}, {L"B", at(L"/held?2")}});
-    siteRows().setAllImages(deadSiteImage);
+    setAllImages(siteRows(), deadSiteImage);
     Meanwhile first([&] { return server.held() == 1 && server.requests().size() == 1; },
                     [&] {
                         EXPECT_EQ(images(), (Images{1, 5}));

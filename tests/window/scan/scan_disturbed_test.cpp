@@ -1,6 +1,7 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
 #include "store/site_operations.h"
+#include "tests/support/all_images.h"
 #include "tests/support/scan_test.h"
 #include "update/update_check.h"
 
@@ -387,7 +388,7 @@ TEST_F(ScanDisturbed, WithAnotherCategoryTheSelectedAreCheckedAndNoneOfTheOthers
     selectSites({1, 3});
     scanSelectedAnd([&] {
         clickCategory(L"Other");
-        siteRows().setAllImages(deadSiteImage);
+        setAllImages(siteRows(), deadSiteImage);
         lstInfo().selectAll();
     });
     EXPECT_EQ(log(), success(L"B", at(L"/held")) + success(L"D", at(L"/ok?4")));

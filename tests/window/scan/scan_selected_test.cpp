@@ -1,5 +1,6 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/system/internet_transfer.h"
+#include "tests/support/all_images.h"
 #include "tests/support/scan_test.h"
 
 namespace vandrel::test {
@@ -35,7 +36,7 @@ TEST_F(ScanSelected, OneSiteGetsItsMark)
 TEST_F(ScanSelected, OneSiteLosesItsMark)
 {
     beginWithFour();
-    siteRows().setAllImages(deadSiteImage);
+    setAllImages(siteRows(), deadSiteImage);
     lstInfo().select(2);
     scanSelected();
     EXPECT_EQ(images(), (Images{5, 5, 1, 5}));
@@ -90,7 +91,7 @@ TEST_F(ScanSelected, OfSeveralTheCurrentOneShowsEachResultInTurn)
 TEST_F(ScanSelected, WithNothingSelectedTheLogIsOpenedAndNothingElseHappens)
 {
     beginWithFour();
-    siteRows().setAllImages(deadSiteImage);
+    setAllImages(siteRows(), deadSiteImage);
     lstInfo().clearSelection();
     scanSelected();
     EXPECT_EQ(log(), "");

@@ -1,3 +1,4 @@
+#include "tests/support/all_images.h"
 #include "tests/support/list_fixture.h"
 
 namespace vandrel::test {
@@ -129,7 +130,7 @@ TEST_F(ListFill, EveryRowStartsWithImageOneAndKeepsItsOwn)
     EXPECT_EQ(shownImage(0), 0);
     EXPECT_EQ(shownImage(1), 4);
     EXPECT_EQ(sites.rows.image(1), 5);
-    sites.rows.setAllImages(3);
+    setAllImages(sites.rows, 3);
     for (int row = 0; row < 3; ++row) EXPECT_EQ(shownImage(row), 2);
 }
 
@@ -148,7 +149,7 @@ TEST_F(ListFill, SettingAnImageRepaintsOnlyARowThatChanges)
     UpdateWindow(sites.handle());
     ValidateRect(sites.handle(), nullptr);
     sites.rows.setImage(0, 1);
-    sites.rows.setAllImages(1);
+    setAllImages(sites.rows, 1);
     EXPECT_FALSE(GetUpdateRect(sites.handle(), nullptr, FALSE));
     sites.rows.setImage(0, 5);
     EXPECT_TRUE(GetUpdateRect(sites.handle(), nullptr, FALSE));
