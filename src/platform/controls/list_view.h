@@ -106,6 +106,7 @@ class ListView : public Control, private RowObserver {
     std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
     bool isSelectedBlock(std::size_t first, std::size_t rows) const;
     void dropSelection();
+    LRESULT onCustomDraw(NMLVCUSTOMDRAW& drawing) const;
     void giveSelection();
     void setState(int row, UINT state, UINT mask);
     void updateCount(DWORD flags);
