@@ -79,6 +79,7 @@ void ToolBar::setButtonMenuEnabled(const std::wstring& key, bool on)
 void ToolBar::openMenu(int position)
 {
     if (position != menuPosition_ || !menu_) return;
+    if (MenuOpening) MenuOpening();
     RECT area{};
     SendMessageW(handle(), TB_GETRECT, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&area));
     MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&area), 2);

@@ -1,8 +1,9 @@
 #include "platform/controls/tool_bar.h"
 
 #include "tests/support/input.h"
+#include "tests/support/menu_keys.h"
+#include "tests/support/message_watch.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/controls/menu_keys.h"
 
 #include <gtest/gtest.h>
 
