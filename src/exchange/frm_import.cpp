@@ -159,7 +159,7 @@ bool frmImport::importSelected(std::size_t file)
     takeShortcut(filImport_.text(file));
     workspace_.site.newSiteDescription = inputBox(handle(), L"Enter a description for the site.",
                                                   L"Site Description");
-    return addNewSite();
+    return addNewSite(addSiteInView);
 }
 
 void frmImport::cmdImportAll_Click()
@@ -186,7 +186,7 @@ bool frmImport::importEvery()
     std::optional<ListPause> unseen(std::in_place, workspace_.lstInfo);
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));
-        if (!addNewSite()) return false;
+        if (!addNewSite(addSite)) return false;
         prgImport_.setValue(file + 1);
         if (!throttle.due()) continue;
         unseen.reset();
@@ -207,10 +207,10 @@ void frmImport::takeShortcut(const std::wstring& fileName)
     site.newSiteName = name;
 }
 
-bool frmImport::addNewSite()
+bool frmImport::addNewSite(decltype(addSite)& add)
 {
     const SiteHandOff& site = workspace_.site;
-    const bool saved = addSite(workspace_, site.newSiteName, site.newSiteURL, site.newSiteDescription, L"");
+    const bool saved = add(workspace_, site.newSiteName, site.newSiteURL, site.newSiteDescription, L"");
     workspace_.site.forgetNewSite();
     return saved;
 }

@@ -28,15 +28,33 @@ std::optional<RowTable::Id> currentSite(const Workspace& workspace)
     return row ? std::optional(workspace.shown.sites.id(*row)) : std::nullopt;
 }
 
+// Adds the site at its place by address.
+RowTable::Id addRow(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+                    const std::wstring& description, const std::wstring& date)
+{
+    RowTable& sites = workspace.shown.sites;
+    workspace.shown.unsaved = true;
+    const std::size_t row =
+        sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
+    const RowTable::Id site = sites.id(row);
+    sites.sortBy(urlColumn, sites.sortOrder());
+    return site;
+}
+
 } // namespace
 
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date)
 {
-    RowTable& sites = workspace.shown.sites;
-    workspace.shown.unsaved = true;
-    sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
-    sites.sortBy(urlColumn, sites.sortOrder());
+    addRow(workspace, name, url, description, date);
+    return SaveItems(workspace);
+}
+
+bool addSiteInView(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+                   const std::wstring& description, const std::wstring& date)
+{
+    const RowTable::Id site = addRow(workspace, name, url, description, date);
+    if (const auto row = workspace.shown.sites.rowOf(site)) workspace.lstInfo.ensureVisible(*row);
     return SaveItems(workspace);
 }
 
@@ -59,7 +77,7 @@ void AddURL(Workspace& workspace)
         return;
     }
     const ScopeExit reset([&site] { site.forgetNewSite(); });
-    addSite(workspace, site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today());
+    addSiteInView(workspace, site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today());
 }
 
 void RemoveURL(Workspace& workspace)

@@ -25,6 +25,9 @@ void EditSel(Workspace& workspace);
 // false when there is no category and the user made none.
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date);
+// The same, and scrolls the list to the site, which is not selected.
+bool addSiteInView(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+                   const std::wstring& description, const std::wstring& date);
 // Dates the site today; nothing happens when it is gone from the list.
 void dateToday(Workspace& workspace, RowTable::Id site);
 } // namespace vandrel
