@@ -84,8 +84,11 @@ void RemoveURL(Workspace& workspace)
 {
     RowTable& sites = workspace.shown.sites;
     if (sites.empty() || !workspace.lstInfo.firstSelected()) return;
-    if (!askYesNo(workspace.window, L"Remove selected site(s)?", L"Remove site(s)", BoxIcon::information))
+    const FirstButton first = workspace.lstInfo.selectedCount() > 1 ? FirstButton::no : FirstButton::yes;
+    if (!askYesNo(workspace.window, L"Remove selected site(s)?", L"Remove site(s)", BoxIcon::information,
+                  first)) {
         return;
+    }
     {
         ProgressBar& PB = workspace.PB;
         PB.begin(sites.size());

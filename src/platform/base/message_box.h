@@ -18,8 +18,12 @@ enum class BoxIcon : UINT {
 
 void tell(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon);
 
+// What Enter and the space bar press at first. No where a Yes cannot be undone.
+enum class FirstButton { yes, no };
+
 // Yes and No; true for Yes.
-bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon);
+bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon,
+              FirstButton first = FirstButton::yes);
 
 // What a failure that nothing trapped looks like to the user.
 void showRuntimeError(HWND owner, const RuntimeError& error);
