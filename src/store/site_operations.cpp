@@ -9,6 +9,7 @@
 #include "platform/controls/status_bar.h"
 #include "platform/windows/input_box.h"
 #include "shared/workspace.h"
+#include "store/category_list.h"
 #include "store/save_items.h"
 #include "store/saved_text.h"
 
@@ -141,6 +142,7 @@ void EditSel(Workspace& workspace)
     };
     sites.setTexts(*row, {textOf(nameColumn, site.SiteEditName), textOf(urlColumn, site.SiteEditURL),
                           textOf(descriptionColumn, site.SiteEditDesc), savedText(workspace.today())});
+    if (*edited == workspace.shown.named) showSiteInStatusBar(workspace, *row);
     SaveItems(workspace);
 }
 
