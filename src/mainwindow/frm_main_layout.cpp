@@ -7,7 +7,6 @@ namespace vandrel {
 namespace {
 
 constexpr std::array<const wchar_t*, 5> listPictures{L"site", L"site", L"folder", L"folder-open", L"dead"};
-constexpr Twips listPicture{240};
 constexpr Twips toolBarPicture{360};
 constexpr Twips firstPanel{2700}; // or what its widest text needs
 constexpr const wchar_t* widestOutcome = L"Backup successful.";
@@ -19,7 +18,7 @@ constexpr Twips largestSearch{4050}; // beside all buttons of the toolbar in the
 
 void frmMain::drawForDpi()
 {
-    ImageListHandle images = loadImages(listPictures, pixels(listPicture));
+    ImageListHandle images = loadImages(listPictures, pixels(listImageSize));
     lstCategory_.setImages(images.get());
     lstInfo_.setImages(images.get());
     ilSmall_ = std::move(images);

@@ -99,8 +99,14 @@ void Dialog::setClientSize(int width, int height)
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// In the middle of the owner, and wholly on its screen.
-void Dialog::placeOverOwner()
+// In the middle of the owner.
+POINT Dialog::firstCorner(SIZE own, const RECT& around, const RECT&) const
+{
+    return {(around.left + around.right - own.cx) / 2, (around.top + around.bottom - own.cy) / 2};
+}
+
+// Wholly on the owner's screen.
+void Dialog::placeByOwner()
 {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -112,8 +118,9 @@ void Dialog::placeOverOwner()
     GetWindowRect(window_, &own);
     const LONG width = own.right - own.left;
     const LONG height = own.bottom - own.top;
-    const LONG left = std::min((around.left + around.right - width) / 2, monitor.rcWork.right - width);
-    const LONG top = std::min((around.top + around.bottom - height) / 2, monitor.rcWork.bottom - height);
+    const POINT corner = firstCorner({width, height}, around, monitor.rcWork);
+    const LONG left = std::min(corner.x, monitor.rcWork.right - width);
+    const LONG top = std::min(corner.y, monitor.rcWork.bottom - height);
     SetWindowPos(window_, nullptr, std::max(left, monitor.rcWork.left), std::max(top, monitor.rcWork.top), 0,
                  0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -142,7 +149,7 @@ void Dialog::giveFirstFocus()
 void Dialog::showModeless()
 {
     modelessKeys_.emplace(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); });
-    placeOverOwner();
+    placeByOwner();
     ShowWindow(window_, SW_SHOW);
     giveFirstFocus();
 }
@@ -157,7 +164,7 @@ void Dialog::showModal()
 {
     MessageLoop& loop = MessageLoop::current();
     const MessageLoop::Registration keys(loop, [this](MSG& message) { return filterMessage(message); });
-    placeOverOwner();
+    placeByOwner();
     std::optional<ModalScope> others(std::in_place, window_, owner_);
     const bool disabled = owner_ != nullptr && EnableWindow(owner_, FALSE) == 0;
     ShowWindow(window_, SW_SHOW);

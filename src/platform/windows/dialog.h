@@ -44,6 +44,9 @@ class Dialog : public Form {
     virtual void layOut() = 0;
     // Pixels, with the frame; what a sizable dialog is not made smaller than.
     virtual SIZE smallestSize() const { return {}; }
+    // The upper left corner at which a window of that size opens. Screen coordinates: `around` is the owner, or
+    // the whole of `work` when it cannot be seen, `work` what the screen has beside the taskbar.
+    virtual POINT firstCorner(SIZE own, const RECT& around, const RECT& work) const;
     // Asked before the dialog's own keys; returns whether it has dealt with the message.
     virtual bool filterKey(const MSG& /*message*/) { return false; }
     virtual void onOk() { unload(); }
@@ -52,7 +55,7 @@ class Dialog : public Form {
   private:
     static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR onMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void placeOverOwner();
+    void placeByOwner();
     void dpiChanged(unsigned dpi, const RECT& suggested);
     void giveFirstFocus();
     bool filterMessage(MSG& message);
