@@ -84,10 +84,15 @@ void ToolBar::openMenu(int position)
     SendMessageW(handle(), TB_GETRECT, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&area));
     MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&area), 2);
     TPMPARAMS keepFree{sizeof(TPMPARAMS), area};
+    // Where the tip of the button is, the menu opens.
+    const auto tip = reinterpret_cast<HWND>(SendMessageW(handle(), TB_GETTOOLTIPS, 0, 0));
+    SendMessageW(tip, TTM_POP, 0, 0);
+    SendMessageW(tip, TTM_ACTIVATE, FALSE, 0);
     // The bar takes the click as done, and would show the button released under its open menu.
     SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), TRUE);
     const int chosen = TrackPopupMenuEx(menu_.get(), TPM_RETURNCMD | TPM_LEFTBUTTON, area.left, area.bottom,
                                         GetAncestor(handle(), GA_ROOT), &keepFree);
+    SendMessageW(tip, TTM_ACTIVATE, TRUE, 0);
     SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), FALSE);
     if (chosen > 0 && ButtonMenuClick) ButtonMenuClick(menuRows_[static_cast<std::size_t>(chosen) - 1].key);
 }

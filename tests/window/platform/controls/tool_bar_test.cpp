@@ -112,6 +112,18 @@ TEST_F(ToolBars, TheArrowOpensTheMenuAndReportsTheKeyOfTheChosenEntry)
     EXPECT_TRUE(clicked.empty());
 }
 
+// The tip would cover the menu, which opens where the tip is.
+TEST_F(ToolBars, ShowsNoTipWhileTheArrowsMenuIsOpen)
+{
+    const auto tip = reinterpret_cast<HWND>(SendMessageW(bar.handle(), TB_GETTOOLTIPS, 0, 0));
+    ASSERT_NE(tip, nullptr);
+    std::vector<std::wstring> told;
+    const MessageWatch activation(tip, TTM_ACTIVATE, [&] { told.emplace_back(L"tip off or on"); });
+    const MessageWatch opening(window.handle(), WM_ENTERMENULOOP, [&] { told.emplace_back(L"menu"); });
+    openMenuAndType({VK_DOWN, VK_ESCAPE});
+    EXPECT_EQ(told, (std::vector<std::wstring>{L"tip off or on", L"menu", L"tip off or on"}));
+}
+
 TEST_F(ToolBars, AMenuThatIsDismissedReportsNothing)
 {
     openMenuAndType({VK_DOWN, VK_ESCAPE});
