@@ -161,7 +161,7 @@ bool frmImport::importSelected(std::size_t file)
     // Contract: cancelling gives an empty description, and the import goes on.
     workspace_.site.newSiteDescription = inputBox(handle(), L"Enter a description for the site.",
                                                   L"Site Description");
-    return addNewSite();
+    return addNewSite(addSiteInView);
 }
 
 void frmImport::cmdImportAll_Click()
@@ -190,7 +190,7 @@ bool frmImport::importEvery()
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));
         // Contract: saved once per file, with the description of the last single import.
-        if (!addNewSite()) return false;
+        if (!addNewSite(addSite)) return false;
         prgImport_.setValue(file + 1);
         if (!throttle.due()) continue;
         unseen.reset();
@@ -211,11 +211,11 @@ void frmImport::takeShortcut(const std::wstring& fileName)
     site.newSiteName = name;
 }
 
-bool frmImport::addNewSite()
+bool frmImport::addNewSite(decltype(addSite)& add)
 {
     const SiteHandOff& site = workspace_.site;
     // Contract: imported sites have no date.
-    const bool saved = addSite(workspace_, site.newSiteName, site.newSiteURL, site.newSiteDescription, L"");
+    const bool saved = add(workspace_, site.newSiteName, site.newSiteURL, site.newSiteDescription, L"");
     workspace_.site.forgetNewSite();
     return saved;
 }

@@ -5,6 +5,7 @@
 #include "platform/controls/folder_list.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/windows/dialog.h"
+#include "store/site_operations.h"
 
 namespace vandrel {
 
@@ -37,7 +38,7 @@ class frmImport : public Dialog {
     // False when there is no category and the user made none; the site then stays in the list, unsaved.
     bool importSelected(std::size_t file);
     bool importEvery();
-    bool addNewSite();
+    bool addNewSite(decltype(addSite)& add);
     void takeShortcut(const std::wstring& fileName);
     void tellOutcome(bool imported);
     void setBusy(const std::vector<Control*>& all, bool busy);

@@ -149,6 +149,7 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
             return 0;
         }
         return Window::onMessage(message, wParam, lParam);
+    case WM_SYSCOMMAND: endLabelEditFor(wParam); return Window::onMessage(message, wParam, lParam);
     case WM_ACTIVATE:
         if (LOWORD(wParam) == WA_INACTIVE && IsChild(handle(), GetFocus())) lastFocus_ = GetFocus();
         return Window::onMessage(message, wParam, lParam); // gives the focus to the window itself
@@ -203,6 +204,14 @@ bool frmMain::takeSplitterKey(const MSG& message)
     if (message.wParam != VK_LEFT && message.wParam != VK_RIGHT) return false;
     moveSplitter(message.wParam == VK_LEFT ? Twips{} - splitterStep : splitterStep);
     return true;
+}
+
+// Before a menu of the bar opens, and before the window closes: neither takes the keyboard from the box.
+void frmMain::endLabelEditFor(WPARAM systemCommand)
+{
+    const WPARAM command = systemCommand & 0xFFF0; // the system uses the lower bits itself
+    if (command == SC_MOUSEMENU || command == SC_KEYMENU || command == SC_CLOSE)
+        lstCategory_.finishLabelEdit();
 }
 
 // Returns the focus to where the user was before a dialog or another program took it, if that can still

@@ -109,6 +109,7 @@ class frmMain : public Window, public Form {
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
     bool takeSplitterKey(const MSG& message);
+    void endLabelEditFor(WPARAM systemCommand);
     void dropClosedWindows();
     void giveFocusBack();
 

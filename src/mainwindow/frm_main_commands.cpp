@@ -31,11 +31,13 @@ void frmMain::bindEvents()
     picSepBar_.MouseMove = [this](Twips x) { picSepBar_MouseMove(x); };
     picSepBar_.MouseUp = [this] { picSepBar_MouseUp(); };
     Toolbar1_.ButtonClick = [this](int position) { Toolbar1_ButtonClick(position); };
+    Toolbar1_.MenuOpening = [this] { lstCategory_.finishLabelEdit(); };
     Toolbar1_.ButtonMenuClick = [this](const std::wstring& key) { Toolbar1_ButtonMenuClick(key); };
 }
 
 void frmMain::run(int entry)
 {
+    lstCategory_.finishLabelEdit(); // what was typed is taken before anything else is done
     if (const auto index = mnuMove_.indexOf(entry)) {
         mnuMove_Click(workspace_, *index);
     } else if (const CommandRow* const row = rowOf(commands(), entry)) {

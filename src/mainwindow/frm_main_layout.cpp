@@ -7,7 +7,6 @@ namespace vandrel {
 namespace {
 
 constexpr std::array<const wchar_t*, 5> listPictures{L"site", L"site", L"folder", L"folder-open", L"dead"};
-constexpr Twips listPicture{240};
 constexpr Twips toolBarPicture{360};
 constexpr Twips firstPanel{2700}; // or more, if its widest text needs it
 constexpr const wchar_t* widestOutcome = L"Backup successful.";
@@ -19,7 +18,7 @@ constexpr Twips largestSearch{4050}; // leaves all tool bar buttons visible in t
 
 void frmMain::drawForDpi()
 {
-    ImageListHandle images = loadImages(listPictures, pixels(listPicture));
+    ImageListHandle images = loadImages(listPictures, pixels(listImageSize));
     lstCategory_.setImages(images.get());
     lstInfo_.setImages(images.get());
     ilSmall_ = std::move(images);

@@ -16,8 +16,11 @@ enum ControlId { idTerm = 101, idSection, idCase = idSection + 4, idResults };
 constexpr Twips firstWidth{9000};
 constexpr Twips firstHeight{6600};
 constexpr Twips gap{120};
-constexpr Twips hitsPanel{2700};
-constexpr Twips frameWidth{150}; // the window's own border, at most
+constexpr Twips smallestHitsPanel{2700}; // or what its widest text needs
+constexpr const wchar_t* widestHits = L"1000000 site(s) found";
+constexpr const wchar_t* widestSearched = L"1000000 site(s) searched";
+constexpr std::size_t firstRows = 10; // of results in view, whatever the font
+constexpr Twips frameWidth{150};      // the window's own border, at most
 
 enum Column : std::size_t { nameColumn, urlColumn, categoryColumn, descriptionColumn };
 
@@ -84,11 +87,57 @@ std::vector<Control*> frmSearch::controls()
 void frmSearch::Form_Load()
 {
     optSection_[0].setOn(true);
+    lstResults_.setPictureHeight(listImageSize);
     ApplyFont(*this, workspace_.options.font);
     const SIZE smallest = smallestSize();
     SetWindowPos(handle(), nullptr, 0, 0, std::max<int>(smallest.cx, txtSearch_.pixels(firstWidth)),
                  std::max<int>(smallest.cy, txtSearch_.pixels(firstHeight)),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    growToRows();
+}
+
+// As far as the screen goes.
+void frmSearch::growToRows()
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(workspace_.window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const int tallest = monitor.rcWork.bottom - monitor.rcWork.top;
+    const int leastRow = std::max<int>(lstResults_.sizeOf(L"X").cy, 1);
+    RECT own{};
+    GetWindowRect(handle(), &own);
+    int height = own.bottom - own.top;
+    for (std::size_t rows = lstResults_.rowsInView(); rows < firstRows && height < tallest;
+         rows = lstResults_.rowsInView()) {
+        height = std::min(height + static_cast<int>(firstRows - rows) * leastRow, tallest);
+        SetWindowPos(handle(), nullptr, 0, 0, own.right - own.left, height,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+}
+
+// Beside the main window, whose lists it is about; where there is no room for that, in the corner of the screen
+// where it covers least of them.
+POINT frmSearch::firstCorner(SIZE own, const RECT& around, const RECT& work) const
+{
+    const auto areaAt = [own](POINT corner) {
+        return RECT{corner.x, corner.y, corner.x + own.cx, corner.y + own.cy};
+    };
+    const auto covered = [&](POINT corner) {
+        const RECT area = areaAt(corner);
+        RECT both{};
+        IntersectRect(&both, &area, &around);
+        return (both.right - both.left) * (both.bottom - both.top);
+    };
+    for (const POINT beside : {POINT{around.right, around.top}, POINT{around.left - own.cx, around.top},
+                               POINT{around.left, around.bottom}}) {
+        const RECT area = areaAt(beside);
+        RECT onScreen{};
+        IntersectRect(&onScreen, &area, &work);
+        if (EqualRect(&onScreen, &area) != 0) return beside;
+    }
+    const std::array corners{POINT{work.right - own.cx, work.bottom - own.cy},
+                             POINT{work.right - own.cx, work.top}, POINT{work.left, work.bottom - own.cy}};
+    return *std::ranges::min_element(corners, {}, covered);
 }
 
 void frmSearch::show()
@@ -149,8 +198,9 @@ frmSearch::Measures frmSearch::measures() const
     m.top = px(180_twips);
     const int needed = m.top + m.buttonHeight + px(60_twips) + m.whatHeight + px(gap);
     m.height = std::max(px(search_layout::resultsTop), needed);
-    m.leastWidth = 9 * px(gap) + 2 * px(frameWidth) +
-                   std::max(m.label + px(1500_twips), 2 * m.option + m.checkBox) + m.button;
+    const int controls = std::max(m.label + px(1500_twips), 2 * m.option + m.checkBox) + m.button;
+    const int panels = hitsPanel() + static_cast<int>(StatusBar1_.sizeOf(widestSearched).cx);
+    m.leastWidth = 9 * px(gap) + 2 * px(frameWidth) + std::max(controls, panels);
     return m;
 }
 
@@ -160,6 +210,13 @@ Twips frmSearch::statusExtra() const
     const Twips room = search_layout::restOfHeight - search_layout::resultsTop;
     const Twips height = toTwips(StatusBar1_.height(), dpi());
     return height > room ? height - room : 0_twips;
+}
+
+// Pixels.
+int frmSearch::hitsPanel() const
+{
+    const int widest = StatusBar1_.sizeOf(widestHits).cx + txtSearch_.pixels(gap);
+    return std::max(txtSearch_.pixels(smallestHitsPanel), widest);
 }
 
 SIZE frmSearch::smallestSize() const
@@ -175,7 +232,7 @@ SIZE frmSearch::smallestSize() const
 void frmSearch::layOut()
 {
     StatusBar1_.dock();
-    StatusBar1_.setPanelEdge(txtSearch_.pixels(hitsPanel));
+    StatusBar1_.setPanelEdge(hitsPanel());
     RECT inner{};
     GetClientRect(handle(), &inner);
     const Measures m = measures();

@@ -40,6 +40,7 @@ class frmSearch : public Dialog {
   protected:
     void layOut() override;
     SIZE smallestSize() const override;
+    POINT firstCorner(SIZE own, const RECT& around, const RECT& work) const override;
     void onOk() override { cmdSearch_Click(); }
     void onCancel() override { cmdCancel_Click(); }
 
@@ -72,6 +73,8 @@ class frmSearch : public Dialog {
     struct Measures;
     Measures measures() const;
     Twips statusExtra() const;
+    int hitsPanel() const;
+    void growToRows();
 
     Workspace& workspace_;
     bool searching_ = false;

@@ -13,7 +13,8 @@ struct ShownCategory {
     Reading reading = Reading::missing;
     // There are sites or changes that no file holds: a save has failed, or found no category to save to.
     bool unsaved = false;
-    bool marked = false; // panel 1 of the status bar says so
+    RowTable::Id named = 0; // the site that the status bar names; 0 for none
+    bool marked = false;    // panel 1 of the status bar says so
 
     bool unreadable() const { return reading == Reading::unreadable; }
 };

@@ -120,6 +120,7 @@ void markSites(Workspace& workspace, Sites sites)
 void showSiteInStatusBar(Workspace& workspace, std::size_t row)
 {
     const auto& texts = workspace.shown.sites[row].texts;
+    workspace.shown.named = workspace.shown.sites.id(row);
     workspace.StatusBar1.setPanelText(2, L"Name: " + std::wstring(texts[nameColumn]) + L"  ");
     workspace.StatusBar1.setPanelText(3, L"URL: " + std::wstring(texts[urlColumn]) + L"  ");
 }

@@ -28,7 +28,7 @@ void RemoveCategory(Workspace& workspace)
     const RowTable::Id category = workspace.shown.row;
     if (!shownRow(workspace)) return;
     if (!askYesNo(workspace.window, L"Remove category and all websites within?", programTitle,
-                  BoxIcon::information)) {
+                  BoxIcon::information, FirstButton::no)) {
         return;
     }
     const auto row = workspace.categories.rowOf(category);

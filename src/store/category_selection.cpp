@@ -15,9 +15,9 @@
 namespace vandrel {
 namespace {
 
-bool ask(const Workspace& workspace, const std::wstring& text)
+bool ask(const Workspace& workspace, const std::wstring& text, FirstButton first = FirstButton::yes)
 {
-    return askYesNo(workspace.window, text, programTitle, BoxIcon::question);
+    return askYesNo(workspace.window, text, programTitle, BoxIcon::question, first);
 }
 
 // Tries to save. Returns why that failed; none if it worked.
@@ -41,7 +41,7 @@ std::wstring shownTitle(const Workspace& workspace)
 
 bool mayDiscard(Workspace& workspace, const std::wstring& reason)
 {
-    return ask(workspace, discardText(shownTitle(workspace), reason));
+    return ask(workspace, discardText(shownTitle(workspace), reason), FirstButton::no);
 }
 
 void selectShown(Workspace& workspace)

@@ -9,6 +9,7 @@
 #include "platform/controls/status_bar.h"
 #include "platform/windows/input_box.h"
 #include "shared/workspace.h"
+#include "store/category_list.h"
 #include "store/save_items.h"
 #include "store/saved_text.h"
 
@@ -28,16 +29,34 @@ std::optional<RowTable::Id> currentSite(const Workspace& workspace)
     return row ? std::optional(workspace.shown.sites.id(*row)) : std::nullopt;
 }
 
+// Adds the site at its place by address.
+RowTable::Id addRow(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+                    const std::wstring& description, const std::wstring& date)
+{
+    RowTable& sites = workspace.shown.sites;
+    workspace.shown.unsaved = true;
+    const std::size_t row =
+        sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
+    const RowTable::Id site = sites.id(row);
+    // Contract: by URL, whatever column the user sorted by before.
+    sites.sortBy(urlColumn, sites.sortOrder());
+    return site;
+}
+
 } // namespace
 
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date)
 {
-    RowTable& sites = workspace.shown.sites;
-    workspace.shown.unsaved = true;
-    sites.add({savedText(name), savedText(url), savedText(description), savedText(date)}, siteImage);
-    // Contract: by URL, whatever column the user sorted by before.
-    sites.sortBy(urlColumn, sites.sortOrder());
+    addRow(workspace, name, url, description, date);
+    return SaveItems(workspace);
+}
+
+bool addSiteInView(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+                   const std::wstring& description, const std::wstring& date)
+{
+    const RowTable::Id site = addRow(workspace, name, url, description, date);
+    if (const auto row = workspace.shown.sites.rowOf(site)) workspace.lstInfo.ensureVisible(*row);
     return SaveItems(workspace);
 }
 
@@ -61,15 +80,18 @@ void AddURL(Workspace& workspace)
         return;
     }
     const ScopeExit reset([&site] { site.forgetNewSite(); });
-    addSite(workspace, site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today());
+    addSiteInView(workspace, site.newSiteName, site.newSiteURL, site.newSiteDescription, workspace.today());
 }
 
 void RemoveURL(Workspace& workspace)
 {
     RowTable& sites = workspace.shown.sites;
     if (sites.empty() || !workspace.lstInfo.firstSelected()) return;
-    if (!askYesNo(workspace.window, L"Remove selected site(s)?", L"Remove site(s)", BoxIcon::information))
+    const FirstButton first = workspace.lstInfo.selectedCount() > 1 ? FirstButton::no : FirstButton::yes;
+    if (!askYesNo(workspace.window, L"Remove selected site(s)?", L"Remove site(s)", BoxIcon::information,
+                  first)) {
         return;
+    }
     {
         ProgressBar& PB = workspace.PB;
         PB.begin(sites.size());
@@ -126,6 +148,7 @@ void EditSel(Workspace& workspace)
                           textOf(descriptionColumn, site.SiteEditDesc),
                           // Contract: editing dates the site today.
                           savedText(workspace.today())});
+    if (*edited == workspace.shown.named) showSiteInStatusBar(workspace, *row);
     SaveItems(workspace);
 }
 

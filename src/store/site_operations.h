@@ -25,6 +25,9 @@ void EditSel(Workspace& workspace);
 // saved: false when there is no category and the user made none.
 bool addSite(Workspace& workspace, const std::wstring& name, const std::wstring& url,
              const std::wstring& description, const std::wstring& date);
+// The same, and scrolls the list to the site without selecting it.
+bool addSiteInView(Workspace& workspace, const std::wstring& name, const std::wstring& url,
+                   const std::wstring& description, const std::wstring& date);
 // Sets the site's date to today and saves; does nothing if the site is gone from the list.
 void dateToday(Workspace& workspace, RowTable::Id site);
 } // namespace vandrel

@@ -20,9 +20,11 @@ void tell(HWND owner, const std::wstring& text, const std::wstring& title, BoxIc
     show(owner, text, title, MB_OK | static_cast<UINT>(icon));
 }
 
-bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon)
+bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon,
+              FirstButton first)
 {
-    return show(owner, text, title, MB_YESNO | static_cast<UINT>(icon)) == IDYES;
+    const UINT button = first == FirstButton::yes ? MB_DEFBUTTON1 : MB_DEFBUTTON2;
+    return show(owner, text, title, MB_YESNO | button | static_cast<UINT>(icon)) == IDYES;
 }
 
 void showRuntimeError(HWND owner, const RuntimeError& error)

@@ -18,8 +18,12 @@ enum class BoxIcon : UINT {
 
 void tell(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon);
 
+// The button that Enter and the space bar press at first: No where a Yes cannot be undone.
+enum class FirstButton { yes, no };
+
 // Yes and No buttons; true for Yes.
-bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon);
+bool askYesNo(HWND owner, const std::wstring& text, const std::wstring& title, BoxIcon icon,
+              FirstButton first = FirstButton::yes);
 
 // Shows the user a failure that no command has handled.
 void showRuntimeError(HWND owner, const RuntimeError& error);

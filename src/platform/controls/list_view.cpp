@@ -168,6 +168,7 @@ void ListView::dpiChanged(unsigned dpi)
     for (std::size_t column = 0; column < columnWidths_.size(); ++column)
         columnWidths_[column] = columnWidth(column);
     columnDpi_ = dpi;
+    if (noPictures_) setPictureHeight(pictureHeight_);
     for (std::size_t column = 0; column < columnWidths_.size(); ++column)
         setColumnWidth(column, columnWidths_[column]);
 }
@@ -187,6 +188,14 @@ void ListView::setHoverSelection(bool on) { setStyle(LVS_EX_TRACKSELECT, on); }
 void ListView::setImages(HIMAGELIST images)
 {
     send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
+}
+
+void ListView::setPictureHeight(Twips height)
+{
+    pictureHeight_ = height;
+    ImageListHandle none(ImageList_Create(1, pixels(height), ILC_COLOR32, 0, 0));
+    setImages(none.get());
+    noPictures_ = std::move(none); // the old one goes only after the control has the new one
 }
 
 void ListView::setForeColor(COLORREF color)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/control.h"
+#include "platform/controls/image_list.h"
 #include "platform/controls/redraw_pause.h"
 #include "platform/controls/row_source.h"
 
@@ -75,6 +76,10 @@ class ListView : public Control, private RowObserver {
     // Accepts what was typed, as Enter does.
     void finishLabelEdit();
     void setImages(HIMAGELIST images); // borrowed
+    // Rows as high as those of a list whose pictures are that high, in a list without pictures.
+    void setPictureHeight(Twips height);
+    // How many rows there is room for.
+    std::size_t rowsInView() const { return static_cast<std::size_t>(send(LVM_GETCOUNTPERPAGE)); }
 
     void setForeColor(COLORREF color) override;
     void dpiChanged(unsigned dpi) override; // the columns keep their widths in twips
@@ -101,6 +106,7 @@ class ListView : public Control, private RowObserver {
     void dropLabelEdit();
     void openMenuLater(POINT screen);
     void answerDisplay(LVITEMW& item) const;
+    LRESULT onCustomDraw(NMLVCUSTOMDRAW& drawing) const;
     LRESULT findRow(const NMLVFINDITEMW& wanted) const;
     POINT menuPoint() const;
     std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
@@ -116,8 +122,10 @@ class ListView : public Control, private RowObserver {
 
     RowSource& rows_;
     Selection selection_;
-    std::vector<Twips> columnWidths_;            // as set; a column that the user dragged differs in pixels
-    unsigned columnDpi_;                         // of the native widths
+    std::vector<Twips> columnWidths_; // as set; a column that the user dragged differs in pixels
+    unsigned columnDpi_;              // of the native widths
+    Twips pictureHeight_{};
+    ImageListHandle noPictures_;                 // empty, of that height
     std::optional<RowSource::Order> shownOrder_; // by the arrow in a column's heading
     int selectingItself_ = 0;                    // above 0: the program itself changes the selection
     int changing_ = 0;      // above 0: rows are changing, and the native control is not told

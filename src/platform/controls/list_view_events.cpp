@@ -178,6 +178,7 @@ std::optional<LRESULT> ListView::onNotify(NMHDR& header)
 {
     switch (header.code) {
     case LVN_GETDISPINFOW: answerDisplay(reinterpret_cast<NMLVDISPINFOW&>(header).item); return 0;
+    case NM_CUSTOMDRAW: return onCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case LVN_ODFINDITEMW: return findRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case LVN_ITEMCHANGED: {
         const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);

@@ -79,14 +79,20 @@ void ToolBar::setButtonMenuEnabled(const std::wstring& key, bool on)
 void ToolBar::openMenu(int position)
 {
     if (position != menuPosition_ || !menu_) return;
+    if (MenuOpening) MenuOpening();
     RECT area{};
     SendMessageW(handle(), TB_GETRECT, static_cast<WPARAM>(position), reinterpret_cast<LPARAM>(&area));
     MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&area), 2);
     TPMPARAMS keepFree{sizeof(TPMPARAMS), area};
+    // The menu opens where the button's tip is.
+    const auto tip = reinterpret_cast<HWND>(SendMessageW(handle(), TB_GETTOOLTIPS, 0, 0));
+    SendMessageW(tip, TTM_POP, 0, 0);
+    SendMessageW(tip, TTM_ACTIVATE, FALSE, 0);
     // The bar considers the click over, and would show the button released while its menu is open.
     SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), TRUE);
     const int chosen = TrackPopupMenuEx(menu_.get(), TPM_RETURNCMD | TPM_LEFTBUTTON, area.left, area.bottom,
                                         GetAncestor(handle(), GA_ROOT), &keepFree);
+    SendMessageW(tip, TTM_ACTIVATE, TRUE, 0);
     SendMessageW(handle(), TB_PRESSBUTTON, static_cast<WPARAM>(position), FALSE);
     if (chosen > 0 && ButtonMenuClick) ButtonMenuClick(menuRows_[static_cast<std::size_t>(chosen) - 1].key);
 }

@@ -28,6 +28,7 @@ class ToolBar : public Control {
     ToolBar(HWND parent, std::span<const ButtonRow> buttons);
 
     std::function<void(int position)> ButtonClick;
+    std::function<void()> MenuOpening;
     std::function<void(const std::wstring& key)> ButtonMenuClick;
 
     void setButtonMenu(int position, std::span<const MenuRow> rows);

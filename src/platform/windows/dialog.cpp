@@ -99,7 +99,13 @@ void Dialog::setClientSize(int width, int height)
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Centred on the owner, and wholly on its screen.
+// Centred on the owner.
+POINT Dialog::firstCorner(SIZE own, const RECT& around, const RECT&) const
+{
+    return {(around.left + around.right - own.cx) / 2, (around.top + around.bottom - own.cy) / 2};
+}
+
+// Wholly on the owner's screen.
 void Dialog::placeOverOwner()
 {
     MONITORINFO monitor{};
@@ -112,8 +118,9 @@ void Dialog::placeOverOwner()
     GetWindowRect(window_, &own);
     const LONG width = own.right - own.left;
     const LONG height = own.bottom - own.top;
-    const LONG left = std::min((around.left + around.right - width) / 2, monitor.rcWork.right - width);
-    const LONG top = std::min((around.top + around.bottom - height) / 2, monitor.rcWork.bottom - height);
+    const POINT corner = firstCorner({width, height}, around, monitor.rcWork);
+    const LONG left = std::min(corner.x, monitor.rcWork.right - width);
+    const LONG top = std::min(corner.y, monitor.rcWork.bottom - height);
     SetWindowPos(window_, nullptr, std::max(left, monitor.rcWork.left), std::max(top, monitor.rcWork.top), 0,
                  0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -44,6 +44,9 @@ class Dialog : public Form {
     virtual void layOut() = 0;
     // The smallest size of a sizable dialog: pixels, with the frame.
     virtual SIZE smallestSize() const { return {}; }
+    // The upper left corner at which a window of that size opens. Screen coordinates: `around` is the owner,
+    // or the whole of `work` if it cannot be seen; `work` is the screen without the taskbar.
+    virtual POINT firstCorner(SIZE own, const RECT& around, const RECT& work) const;
     // Called before the dialog handles keys itself; returns whether it has handled the message.
     virtual bool filterKey(const MSG& /*message*/) { return false; }
     virtual void onOk() { unload(); }

@@ -43,6 +43,16 @@ class ImportOfAllFiles : public ImportTest {
     }
 };
 
+TEST_F(ImportOfAllFiles, GivesTheKeyboardBack)
+{
+    startEmpty();
+    addThree();
+    lstInfo().setFocus();
+    importAll();
+    EXPECT_EQ(GetActiveWindow(), main->handle());
+    EXPECT_EQ(GetFocus(), lstInfo().handle());
+}
+
 TEST_F(ImportOfAllFiles, AddsEveryFileOfTheFolderAndRemindsOfTheDescriptions)
 {
     startWith("B|http://25/|old|1\r\n");

@@ -36,6 +36,21 @@ TEST_F(ImportOfOneFile, AddsASiteWithoutADateAndSavesItAtOnce)
     EXPECT_EQ(outcome(), L"Import succeeded!");
 }
 
+TEST_F(ImportOfOneFile, ScrollsToTheSiteAndGivesTheKeyboardBack)
+{
+    std::string lines;
+    for (int i = 100; i < 400; ++i) lines += "n|http://b" + std::to_string(i) + "/||\r\n";
+    startWith(lines);
+    addShortcut(L"News.url", "http://z/");
+    lstInfo().setFocus();
+    importOne(L"News.url", L"about it");
+    EXPECT_EQ(SendMessageW(lstInfo().handle(), LVM_GETTOPINDEX, 0, 0) +
+                  SendMessageW(lstInfo().handle(), LVM_GETCOUNTPERPAGE, 0, 0),
+              301);
+    EXPECT_EQ(lstInfo().selectedCount(), 0U);
+    EXPECT_EQ(GetFocus(), lstInfo().handle());
+}
+
 TEST_F(ImportOfOneFile, NamesTheSiteAfterTheFileWithoutItsExtension)
 {
     startEmpty();

@@ -1,3 +1,4 @@
+#include "tests/support/light_on_dark.h"
 #include "tests/support/pixels.h"
 #include "tests/window/reach/reach_test.h"
 
@@ -5,36 +6,6 @@
 
 namespace vandrel::test {
 namespace {
-
-// Sets light colours on dark, like the system's high-contrast themes, for one test.
-class LightOnDark {
-  public:
-    LightOnDark()
-    {
-        for (std::size_t i = 0; i < elements.size(); ++i) before_[i] = GetSysColor(elements[i]);
-        SetSysColors(static_cast<int>(elements.size()), elements.data(), colors.data());
-        contrast_.cbSize = sizeof contrast_;
-        SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast_, &contrast_, 0);
-        HIGHCONTRASTW on = contrast_;
-        on.dwFlags |= HCF_HIGHCONTRASTON;
-        SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof on, &on, 0);
-    }
-    LightOnDark(const LightOnDark&) = delete;
-    LightOnDark& operator=(const LightOnDark&) = delete;
-    ~LightOnDark()
-    {
-        SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof contrast_, &contrast_, 0);
-        SetSysColors(static_cast<int>(elements.size()), elements.data(), before_.data());
-    }
-
-  private:
-    static constexpr std::array<int, 6> elements{COLOR_WINDOW,  COLOR_WINDOWTEXT, COLOR_3DFACE,
-                                                 COLOR_BTNTEXT, COLOR_HOTLIGHT,   COLOR_GRAYTEXT};
-    static constexpr std::array<COLORREF, 6> colors{0x000000, 0xFFFFFF, 0x000000,
-                                                    0xFFFFFF, 0x00FFFF, 0x00FF00};
-    std::array<COLORREF, 6> before_{};
-    HIGHCONTRASTW contrast_{};
-};
 
 int lightness(COLORREF color)
 {

@@ -1,5 +1,6 @@
 #include "platform/controls/font.h"
 #include "search/search_layout.h"
+#include "shared/apply_font.h"
 #include "tests/support/look.h"
 #include "tests/support/search_test.h"
 #include "tests/support/window_facts.h"
@@ -66,7 +67,11 @@ class SearchLookTest : public SearchTest {
 
 class SearchLook : public SearchLookTest, public testing::WithParamInterface<Look> {
   protected:
-    SearchLook() { openWith(font); }
+    SearchLook()
+    {
+        folder.write(L"News.udb", manySites("daily", 100));
+        openWith(font);
+    }
 
     const DisplayFont font{.name = L"Arial",
                            .color = 0x0000C0,
@@ -145,8 +150,94 @@ TEST_P(SearchLook, NoTextIsClipped)
 
 INSTANTIATE_TEST_SUITE_P(Fonts, SearchLook,
                          testing::Values(Look{"Small", 8, false, false}, Look{"Large", 18, false, false},
+                                         Look{"Larger", 24, false, false},
                                          Look{"LargeSlanted", 18, true, true},
                                          Look{"Slanted", 10, false, true}));
+
+// On the screen of the tests, at these fonts.
+TEST_P(SearchLook, OpensWithTenRowsInViewAsHighAsThoseOfTheMainWindow)
+{
+    ApplyFont(*main, font);
+    find(L"daily");
+    ASSERT_EQ(found().size(), 100U);
+    const auto rowHeight = [](const ListView& list) {
+        RECT row{};
+        row.left = LVIR_BOUNDS;
+        SendMessageW(list.handle(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
+        return heightOf(row);
+    };
+    EXPECT_EQ(rowHeight(search().results()), rowHeight(lstInfo()));
+    EXPECT_GE(SendMessageW(part(parts::results), LVM_GETCOUNTPERPAGE, 0, 0), 10);
+}
+
+TEST_P(SearchLook, ThePanelsOfTheStatusBarHoldTheirTexts)
+{
+    resize(1, 1);
+    const HWND bar = FindWindowExW(dialog(), nullptr, STATUSCLASSNAMEW, nullptr);
+    const std::wstring texts[] = {L"1000000 site(s) found", L"1000000 site(s) searched"};
+    for (WPARAM number = 0; number < 2; ++number) {
+        RECT area{};
+        SendMessageW(bar, SB_GETRECT, number, reinterpret_cast<LPARAM>(&area));
+        EXPECT_GE(widthOf(area), textSize(fontHandleOf(bar), texts[number]).cx) << number;
+    }
+}
+
+TEST_P(SearchLook, OpensBesideTheMainWindowAndWhollyOnTheScreen)
+{
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    EXPECT_TRUE(isWithin(outerPlace(dialog()), work));
+    if (widthOf(outerPlace(main->handle())) + widthOf(outerPlace(dialog())) > widthOf(work)) return;
+    RECT both{};
+    const RECT own = outerPlace(dialog());
+    const RECT owner = outerPlace(main->handle());
+    EXPECT_FALSE(IntersectRect(&both, &own, &owner));
+}
+
+class SearchPlace : public SearchLookTest {
+  protected:
+    void openBy(const RECT& mainWindow)
+    {
+        start();
+        SetWindowPos(main->handle(), nullptr, mainWindow.left, mainWindow.top, widthOf(mainWindow),
+                     heightOf(mainWindow), SWP_NOZORDER);
+        open();
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+        own = outerPlace(dialog());
+        owner = outerPlace(main->handle());
+    }
+    RECT work{};
+    RECT own{};
+    RECT owner{};
+};
+
+TEST_F(SearchPlace, IsToTheRightOfTheMainWindow)
+{
+    openBy({10, 20, 620, 420});
+    EXPECT_EQ(own.left, owner.right);
+    EXPECT_EQ(own.top, owner.top);
+}
+
+TEST_F(SearchPlace, IsToTheLeftWhereThatHasTheRoom)
+{
+    openBy({650, 20, 1270, 420});
+    EXPECT_EQ(own.right, owner.left);
+    EXPECT_EQ(own.top, owner.top);
+}
+
+TEST_F(SearchPlace, IsBelowWhereThatHasTheRoom)
+{
+    openBy({200, 20, 1000, 420});
+    EXPECT_EQ(own.top, owner.bottom);
+    EXPECT_EQ(own.left, owner.left);
+}
+
+TEST_F(SearchPlace, IsTheCornerOfTheScreenThatLeavesTheCategoriesInViewWhereThereIsNoRoom)
+{
+    openBy({0, 0, 1280, 1000});
+    EXPECT_EQ(own.right, work.right);
+    EXPECT_EQ(own.bottom, work.bottom);
+}
 
 class SearchSize : public SearchLookTest {
   protected:

@@ -41,6 +41,26 @@ TEST_F(AddingASite, SwitchesSortingOnByUrlWhateverColumnWasSortedBefore)
     EXPECT_EQ(column(lstInfo()), (Lines{L"C", L"B", L"A"}));
 }
 
+TEST_F(AddingASite, ScrollsToItAndSelectsNothing)
+{
+    std::string lines;
+    for (int i = 100; i < 400; ++i) lines += "n|http://b" + std::to_string(i) + "/||\r\n";
+    folder.write(L"Work.udb", lines);
+    start();
+    const auto inView = [this](const std::wstring& name) {
+        const Lines names = column(lstInfo());
+        const auto row = std::ranges::find(names, name) - names.begin();
+        const auto top = SendMessageW(lstInfo().handle(), LVM_GETTOPINDEX, 0, 0);
+        return row >= top && row < top + SendMessageW(lstInfo().handle(), LVM_GETCOUNTPERPAGE, 0, 0);
+    };
+    for (const auto& [name, url] : {std::pair(L"last", L"http://c/"), std::pair(L"first", L"http://a/"),
+                                    std::pair(L"middle", L"http://b250/x")}) {
+        add(name, url, L"");
+        EXPECT_TRUE(inView(name)) << testing::PrintToString(std::wstring(name));
+        EXPECT_EQ(lstInfo().selectedCount(), 0U);
+    }
+}
+
 TEST_F(AddingASite, KeepsADescendingOrder)
 {
     folder.write(L"Work.udb", "A|3||\r\nB|1||\r\n");

@@ -1,4 +1,5 @@
 #include "mainwindow/menu_entries.h"
+#include "platform/controls/status_bar.h"
 #include "tests/support/site_editor.h"
 #include "tests/support/store_test.h"
 
@@ -40,6 +41,28 @@ TEST_F(EditingASite, StoresTheTextsDatesTheSiteTodayAndSaves)
     edit(typeSite(L"New", L"http://new/", L"text"));
     EXPECT_EQ(sites(), (Lines{L"B|http://b/|two|1/1/2001", L"New|http://new/|text|11/16/2002"}));
     EXPECT_EQ(folder.read(L"Work.udb"), "B|http://b/|two|1/1/2001\r\nNew|http://new/|text|11/16/2002\r\n");
+}
+
+TEST_F(EditingASite, TheStatusBarNamesTheSiteAsItIsNow)
+{
+    startWithTwo();
+    selectSites({1});
+    lstInfo().ItemClick(1);
+    const auto panel = [this](int number) { return workspace().StatusBar1.panelText(number); };
+    edit(typeSite(L"New", L"http://new/", L"text"));
+    EXPECT_EQ(panel(2), L"Name: New  ");
+    EXPECT_EQ(panel(3), L"URL: http://new/  ");
+}
+
+TEST_F(EditingASite, TheStatusBarGoesOnNamingAnotherSite)
+{
+    startWithTwo();
+    selectSites({0});
+    lstInfo().ItemClick(0);
+    lstInfo().select(1); // as the quick search does
+    edit(typeSite(L"New", L"http://new/", L"text"));
+    EXPECT_EQ(workspace().StatusBar1.panelText(2), L"Name: B  ");
+    EXPECT_EQ(workspace().StatusBar1.panelText(3), L"URL: http://b/  ");
 }
 
 TEST_F(EditingASite, AcceptingWithoutAChangeDatesItTodayToo)

@@ -55,6 +55,18 @@ TEST_F(RemovingACategory, NoChangesNothing)
     EXPECT_EQ(selectedTitle(), L"B");
 }
 
+TEST_F(RemovingACategory, AsksWithTheKeyboardOnNo)
+{
+    startWithThree();
+    Answers answers;
+    answers.expect(L"Vandrel", [](HWND box) {
+        EXPECT_EQ(GetFocus(), GetDlgItem(box, IDNO));
+        press(box, IDNO);
+    });
+    choose(mnuRemoveCategory);
+    EXPECT_ANSWERED(answers);
+}
+
 TEST_F(RemovingACategory, AsksWithOnlyYesAndNo)
 {
     startWithThree();

@@ -57,6 +57,26 @@ TEST_F(RemovingSites, NoChangesNothing)
     EXPECT_EQ(outcome(), before);
 }
 
+TEST_F(RemovingSites, AsksForOneWithTheKeyboardOnYesAndForSeveralOnNo)
+{
+    startWithTen();
+    const auto first = [this] {
+        int id = 0;
+        Answers answers;
+        answers.expect(L"Remove site(s)", [&](HWND box) {
+            id = GetDlgCtrlID(GetFocus());
+            press(box, IDNO);
+        });
+        choose(mnuRemoveWebsite);
+        EXPECT_ANSWERED(answers);
+        return id;
+    };
+    selectSites({1});
+    EXPECT_EQ(first(), IDYES);
+    selectSites({1, 5});
+    EXPECT_EQ(first(), IDNO);
+}
+
 TEST_F(RemovingSites, AsksWithOnlyYesAndNo)
 {
     startWithTen();

@@ -1,3 +1,7 @@
+#include "tests/support/input.h"
+#include "tests/support/menu_keys.h"
+#include "tests/support/message_watch.h"
+#include "tests/support/test_window.h"
 #include "tests/window/store/category_operations.h"
 
 namespace vandrel::test {
@@ -18,14 +22,27 @@ class CategoryRename : public StoreTest {
     // Edits the selected label as the user does, with the command, the new text, and Enter or Esc.
     void rename(const std::wstring& text, WPARAM end = VK_RETURN)
     {
+        type(text);
+        SendMessageW(GetFocus(), WM_KEYDOWN, end, 0);
+        EXPECT_TRUE(pumpUntil([&] { return !lstCategory().editingLabel(); }));
+    }
+    // The same up to the last key.
+    void type(const std::wstring& text)
+    {
         choose(mnuRenameCat);
         const auto edit = reinterpret_cast<HWND>(
             SendMessageW(lstCategory().handle(), LVM_GETEDITCONTROL, 0, 0));
         ASSERT_NE(edit, nullptr) << "no label is being edited";
+        ASSERT_EQ(GetFocus(), edit);
         SendMessageW(edit, EM_SETSEL, 0, -1);
         SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-        SendMessageW(edit, WM_KEYDOWN, end, 0);
-        EXPECT_TRUE(pumpUntil([&] { return !lstCategory().editingLabel(); }));
+    }
+    // As Enter does.
+    void expectTaken()
+    {
+        EXPECT_FALSE(lstCategory().editingLabel());
+        EXPECT_EQ(titles(), (Lines{L"New", L"Other"}));
+        EXPECT_EQ(folder.names(), (Lines{L"New.udb", L"Other.udb"}));
     }
     void expectBlankRefusal(Answers& answers)
     {
@@ -181,6 +198,75 @@ TEST_F(CategoryRename, AnotherLetterCaseIsANewName)
     // The letter case of the name on the disk is not checked: Wine keeps it, Windows changes it.
     EXPECT_EQ(folder.names().size(), 2U);
     EXPECT_EQ(folder.read(L"OLD.udb"), "a|1\r\n");
+}
+
+TEST_F(CategoryRename, AMenuOfTheBarTakesTheTitleBeforeItOpens)
+{
+    startThere();
+    type(L"New");
+    const MenuKeys closeIt(main->handle(), {VK_ESCAPE, VK_ESCAPE});
+    bool editedInTheMenu = true;
+    const MessageWatch opening(main->handle(), WM_ENTERMENULOOP,
+                               [&] { editedInTheMenu = lstCategory().editingLabel(); });
+    SendMessageW(main->handle(), WM_SYSCOMMAND, SC_KEYMENU, L'v');
+    EXPECT_FALSE(editedInTheMenu);
+    expectTaken();
+}
+
+TEST_F(CategoryRename, TheMenuOfTheToolBarTakesTheTitleBeforeItOpens)
+{
+    startThere();
+    type(L"New");
+    const MenuKeys closeIt(main->handle(), {VK_ESCAPE, VK_ESCAPE});
+    bool editedInTheMenu = true;
+    const MessageWatch opening(main->handle(), WM_ENTERMENULOOP,
+                               [&] { editedInTheMenu = lstCategory().editingLabel(); });
+    RECT button{};
+    const HWND bar = main->toolBar().handle();
+    SendMessageW(bar, TB_GETRECT, 10, reinterpret_cast<LPARAM>(&button));
+    clickAt(bar, {button.right - 4, (button.top + button.bottom) / 2});
+    EXPECT_FALSE(editedInTheMenu);
+    expectTaken();
+}
+
+TEST_F(CategoryRename, ACommandTakesTheTitleBeforeItStarts)
+{
+    startThere();
+    type(L"New");
+    choose(mnuHoverSelect);
+    expectTaken();
+}
+
+TEST_F(CategoryRename, AnotherWindowTakesTheTitleWhenItIsActivated)
+{
+    startThere();
+    const TestWindow other;
+    ShowWindow(other.handle(), SW_SHOWNA);
+    type(L"New");
+    SetActiveWindow(other.handle());
+    pump();
+    expectTaken();
+}
+
+TEST_F(CategoryRename, ClosingTheWindowTakesTheTitle)
+{
+    startThere();
+    type(L"New");
+    SendMessageW(main->handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
+    EXPECT_EQ(folder.names(), (Lines{L"New.udb", L"Other.udb"}));
+}
+
+TEST_F(CategoryRename, ATitleThatIsRefusedDoesNotKeepTheCommandFromItsWork)
+{
+    startThere();
+    type(L"a*b");
+    Answers answers;
+    expectRefusal(answers);
+    const bool before = lstInfo().hoverSelection();
+    choose(mnuHoverSelect);
+    EXPECT_ANSWERED(answers);
+    EXPECT_NE(lstInfo().hoverSelection(), before);
+    expectUnchanged();
 }
 
 TEST_F(CategoryRename, BeginningToEditTheLabelIsNotAClickOnTheCategory)

@@ -291,7 +291,10 @@ TEST_F(UnsavedSites, AChangeThatStillCannotBeSavedStaysUntilTheUserDiscardsIt)
     makeReadOnly(L"Work.udb");
     failToSave();
     Answers answers;
-    expectQuestion(answers, discardWork, IDNO);
+    answers.expect(L"Vandrel", [](HWND box) {
+        EXPECT_EQ(GetFocus(), GetDlgItem(box, IDNO)) << "what Enter presses";
+        press(box, IDNO);
+    });
     clickCategory(L"Other");
     EXPECT_EQ(selectedTitle(), L"Work");
     EXPECT_EQ(sites(), (Lines{L"new|http://new/||11/16/2002", L"w|x||"}));

@@ -189,6 +189,25 @@ TEST_F(ListColumns, RestingTheMouseOnARowSelectsItWhileHoverSelectionIsOn)
     EXPECT_EQ(clicked, RowNumbers{1});
 }
 
+// The control shows a text that is cut off in a tip, which it asks for like any text.
+TEST_F(ListColumns, TextsThatAreCutOffHaveATipWithTheWholeText)
+{
+    const std::wstring title(400, L'W');
+    fillNames(categories, {title});
+    for (const ListView* const list :
+         {&static_cast<const ListView&>(sites), &static_cast<const ListView&>(categories)}) {
+        EXPECT_NE(SendMessageW(list->handle(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & LVS_EX_LABELTIP, 0);
+    }
+    std::array<wchar_t, INFOTIPSIZE> text{};
+    NMLVDISPINFOW question{};
+    question.hdr = {categories.handle(), 2, static_cast<UINT>(LVN_GETDISPINFOW)};
+    question.item.mask = LVIF_TEXT;
+    question.item.pszText = text.data();
+    question.item.cchTextMax = static_cast<int>(text.size());
+    SendMessageW(window.handle(), WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&question));
+    EXPECT_EQ(question.item.pszText, title);
+}
+
 TEST_F(ListColumns, TheTextColourIsTheDisplayFontsAndBlackMeansTheSystemsOwn)
 {
     sites.setForeColor(RGB(200, 10, 20));

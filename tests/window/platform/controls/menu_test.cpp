@@ -1,7 +1,7 @@
 #include "platform/controls/menu.h"
 
+#include "tests/support/menu_keys.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/controls/menu_keys.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
 #include "platform/controls/tool_bar.h"
 
 #include "tests/support/input.h"
+#include "tests/support/menu_keys.h"
+#include "tests/support/message_watch.h"
 #include "tests/support/test_window.h"
-#include "tests/window/platform/controls/menu_keys.h"
 
 #include <gtest/gtest.h>
 
@@ -109,6 +110,18 @@ TEST_F(ToolBars, TheArrowOpensTheMenuAndReportsTheKeyOfTheChosenEntry)
     openMenuAndType({VK_DOWN, VK_DOWN, VK_RETURN});
     EXPECT_EQ(chosen, std::vector<std::wstring>{L"export"});
     EXPECT_TRUE(clicked.empty());
+}
+
+// The tip would cover the menu, which opens where the tip is.
+TEST_F(ToolBars, ShowsNoTipWhileTheArrowsMenuIsOpen)
+{
+    const auto tip = reinterpret_cast<HWND>(SendMessageW(bar.handle(), TB_GETTOOLTIPS, 0, 0));
+    ASSERT_NE(tip, nullptr);
+    std::vector<std::wstring> told;
+    const MessageWatch activation(tip, TTM_ACTIVATE, [&] { told.emplace_back(L"tip off or on"); });
+    const MessageWatch opening(window.handle(), WM_ENTERMENULOOP, [&] { told.emplace_back(L"menu"); });
+    openMenuAndType({VK_DOWN, VK_ESCAPE});
+    EXPECT_EQ(told, (std::vector<std::wstring>{L"tip off or on", L"menu", L"tip off or on"}));
 }
 
 TEST_F(ToolBars, AMenuThatIsDismissedReportsNothing)
