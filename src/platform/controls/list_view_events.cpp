@@ -131,8 +131,10 @@ void ListView::answerDisplay(LVITEMW& item) const
 // The row that typed letters lead to.
 LRESULT ListView::findRow(const NMLVFINDITEMW& wanted) const
 {
-    const bool wholeText = (wanted.lvfi.flags & LVFI_PARTIAL) == 0;
-    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr) return -1;
+    constexpr UINT substring = 0x0004; // LVFI_SUBSTRING: documented to mean the same as LVFI_PARTIAL
+    constexpr UINT beginning = LVFI_PARTIAL | substring; // which is asked for depends on the system
+    const bool wholeText = (wanted.lvfi.flags & beginning) == 0;
+    if ((wanted.lvfi.flags & (LVFI_STRING | beginning)) == 0 || wanted.lvfi.psz == nullptr) return -1;
     const std::wstring_view typed(wanted.lvfi.psz);
     for (std::size_t step = 0; step < count(); ++step) {
         const std::size_t row = (static_cast<std::size_t>(std::max(wanted.iStart, 0)) + step) % count();
