@@ -43,6 +43,8 @@ WineDisregarded::WineDisregarded() noexcept { disregarded = true; }
 
 WineDisregarded::~WineDisregarded() { disregarded = false; }
 
+bool pausesPressesUnderWine() noexcept { return runningUnderWine(); }
+
 void putInLayerUnderWine(HWND window, HWND layer) noexcept
 {
     // The owned windows are let go of for the moment, and go along one by one, the lowest first, to stay

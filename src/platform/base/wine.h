@@ -16,6 +16,10 @@ bool runningUnderWine() noexcept;
 // go there, and the active window stays.
 void putInLayerUnderWine(HWND window, HWND layer) noexcept;
 
+// Wine 8.0: selecting thousands of rows of a list one by one takes seconds while the list is painted, so it is
+// not for the time of a press with the Shift key. On Windows the control waits for the release meanwhile.
+bool pausesPressesUnderWine() noexcept;
+
 // While one lives, the program does what it does on Windows. For tests.
 class WineDisregarded {
   public:

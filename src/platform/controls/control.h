@@ -64,6 +64,10 @@ class Control {
     // Runs `action` by a message of its own. For what the native control reports in the middle of its work: a
     // command that ran there would keep it from finishing, and might destroy it under its own feet.
     void later(std::function<void()> action);
+    // True while the native control answers a message and may run others itself: what is to be done later waits,
+    // until whoever says so calls resumeLater.
+    virtual bool busy() const { return false; }
+    void resumeLater();
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
     int outerHeight() const; // pixels
@@ -78,6 +82,7 @@ class Control {
     FontHandle fontHandle_;
     COLORREF foreColor_ = 0;
     std::deque<std::function<void()>> waiting_;
+    int held_ = 0; // messages of `later` that came while the control was busy
 };
 
 // Hands WM_SYSCOLORCHANGE, which the system sends to top-level windows only, to all controls within the
