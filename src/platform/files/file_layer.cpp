@@ -25,12 +25,33 @@ std::optional<std::vector<BYTE>> accessRightsOf(const std::wstring& path)
     return descriptor;
 }
 
-bool copyAccessRights(const std::wstring& original, const std::wstring& copy)
+// The entries of the list, and whether the folder may add to it. Other marks say how the list came about.
+bool areSameRights(std::vector<BYTE>& one, std::vector<BYTE>& other)
 {
-    auto rights = accessRightsOf(original);
-    // Most files have what their folder gives. To set it once more may be refused, and takes time.
-    if (!rights || rights == accessRightsOf(copy)) return true;
-    return SetFileSecurityW(copy.c_str(), DACL_SECURITY_INFORMATION, rights->data()) != 0;
+    struct List {
+        BOOL present = FALSE;
+        PACL entries = nullptr; // null: everybody may do everything
+        WORD isProtected = 0;
+        std::string_view bytes;
+    };
+    const auto listOf = [](std::vector<BYTE>& descriptor) {
+        List list;
+        BOOL byDefault = FALSE;
+        SECURITY_DESCRIPTOR_CONTROL control = 0;
+        DWORD revision = 0;
+        GetSecurityDescriptorDacl(descriptor.data(), &list.present, &list.entries, &byDefault);
+        GetSecurityDescriptorControl(descriptor.data(), &control, &revision);
+        list.isProtected = control & SE_DACL_PROTECTED;
+        ACL_SIZE_INFORMATION size{};
+        if (list.present && list.entries != nullptr && GetAclInformation(list.entries, &size, sizeof size, AclSizeInformation)) {
+            list.bytes = {reinterpret_cast<const char*>(list.entries) + sizeof(ACL), size.AclBytesInUse - sizeof(ACL)};
+        }
+        return list;
+    };
+    const List first = listOf(one);
+    const List second = listOf(other);
+    return first.present == second.present && (first.entries == nullptr) == (second.entries == nullptr) &&
+           first.isProtected == second.isProtected && first.bytes == second.bytes;
 }
 
 bool setCreationTime(const std::wstring& path, const FILETIME& time)
@@ -85,6 +106,21 @@ bool FileLayer::setSize(HANDLE file, std::size_t bytes)
 bool FileLayer::flush(HANDLE file) { return FlushFileBuffers(file) != 0; }
 
 bool FileLayer::close(HANDLE file) { return CloseHandle(file) != 0; }
+
+bool FileLayer::setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR rights)
+{
+    return SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights) != 0;
+}
+
+// Most files have what their folder gives. To set it once more takes time, and may be refused: a share with the right to
+// change files lets nobody set rights.
+bool FileLayer::copyAccessRights(const std::wstring& original, const std::wstring& copy)
+{
+    auto wanted = accessRightsOf(original);
+    if (!wanted) return true;
+    auto given = accessRightsOf(copy);
+    return (given && areSameRights(*wanted, *given)) || setAccessRights(copy, wanted->data());
+}
 
 bool FileLayer::copyIdentity(const std::wstring& original, const std::wstring& copy)
 {

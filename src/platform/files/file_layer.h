@@ -46,6 +46,13 @@ class FileLayer {
     // Puts a value into an INI file, or adds it. What else the file holds stays.
     virtual bool writeProfileValue(const std::wstring& section, const std::wstring& key,
                                    const std::wstring& value, const std::wstring& path);
+
+  protected:
+    // Of copyIdentity: gives the file the list of who may do what that the descriptor has.
+    virtual bool setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR rights);
+
+  private:
+    bool copyAccessRights(const std::wstring& original, const std::wstring& copy);
 };
 
 // The layer in force: the system's own calls, but while a FilesInForce says otherwise.
