@@ -109,7 +109,8 @@ class frmMain : public Window, public Form {
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
     bool takeSplitterKey(const MSG& message);
-    void dropClosedWindows();
+    void setClosedWindowsAside();
+    void deleteClosedWindows();
     void giveFocusBack();
 
     IconHandle bigIcon_;
@@ -145,7 +146,10 @@ class frmMain : public Window, public Form {
     HWND lastFocus_ = nullptr; // of the controls, before the window was left
     std::unique_ptr<frmSearch> frmSearch_;
     std::unique_ptr<frmAbout> frmAbout_;
+    std::vector<std::unique_ptr<Dialog>>
+        closedWindows_; // whose controls may still be in the middle of something
     MessageLoop::Registration keys_;
+    MessageLoop::Rest rest_;
 };
 
 } // namespace vandrel
