@@ -43,8 +43,10 @@ bool areSameRights(std::vector<BYTE>& one, std::vector<BYTE>& other)
         GetSecurityDescriptorControl(descriptor.data(), &control, &revision);
         list.isProtected = control & SE_DACL_PROTECTED;
         ACL_SIZE_INFORMATION size{};
-        if (list.present && list.entries != nullptr && GetAclInformation(list.entries, &size, sizeof size, AclSizeInformation)) {
-            list.bytes = {reinterpret_cast<const char*>(list.entries) + sizeof(ACL), size.AclBytesInUse - sizeof(ACL)};
+        if (list.present && list.entries != nullptr &&
+            GetAclInformation(list.entries, &size, sizeof size, AclSizeInformation)) {
+            list.bytes = {reinterpret_cast<const char*>(list.entries) + sizeof(ACL),
+                          size.AclBytesInUse - sizeof(ACL)};
         }
         return list;
     };
@@ -70,9 +72,54 @@ FileLayer*& layerInForce()
 
 } // namespace
 
+std::wstring FileLayer::contentsOf(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return path;
+    // Others have the mark, too: a file that is kept in a cloud, say.
+    WIN32_FIND_DATAW found{};
+    const FindHandle search(FindFirstFileW(path.c_str(), &found));
+    if (!search || found.dwReserved0 != IO_REPARSE_TAG_SYMLINK) return path;
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const FileHandle file(CreateFileW(path.c_str(), 0, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file) return {};
+    std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED),
+                        L'\0'); // with its NUL
+    target.resize(GetFinalPathNameByHandleW(file.get(), target.data(), static_cast<DWORD>(target.size()),
+                                            FILE_NAME_NORMALIZED));
+    return target;
+}
+
+bool FileLayer::isEncrypted(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_ENCRYPTED) != 0;
+}
+
+std::optional<FileIdentity> FileLayer::identityOf(const std::wstring& path)
+{
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    constexpr DWORD none = 0;
+    constexpr DWORD invalid = 0xFFFFFFFF;
+    BY_HANDLE_FILE_INFORMATION info{};
+    const FileHandle file(CreateFileW(path.c_str(), 0, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file || !GetFileInformationByHandle(file.get(), &info)) return std::nullopt;
+    const bool numbered = info.nFileIndexHigh != info.nFileIndexLow ||
+                          (info.nFileIndexLow != none && info.nFileIndexLow != invalid);
+    if (!numbered) return std::nullopt;
+    return FileIdentity{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow};
+}
+
 HANDLE FileLayer::createForWriting(const std::wstring& path)
 {
     return CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+}
+
+HANDLE FileLayer::createEncrypted(const std::wstring& path)
+{
+    return CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_ENCRYPTED,
                        nullptr);
 }
 
@@ -112,8 +159,8 @@ bool FileLayer::setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR r
     return SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights) != 0;
 }
 
-// Most files have what their folder gives. To set it once more takes time, and may be refused: a share with the right to
-// change files lets nobody set rights.
+// Most files have what their folder gives. To set it once more takes time, and may be refused: a share with the
+// right to change files lets nobody set rights.
 bool FileLayer::copyAccessRights(const std::wstring& original, const std::wstring& copy)
 {
     auto wanted = accessRightsOf(original);

@@ -2,22 +2,36 @@
 
 #include <windows.h>
 
+#include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace vandrel {
 
+// What a file is told by, whatever names it has: the volume and its number there.
+using FileIdentity = std::array<DWORD, 3>;
+
 // Every call that changes the disk. Each returns whether it succeeded and leaves the reason in the last
 // error. A seam: a test puts a layer that fails, or ends the process, at its n-th call in place of the
-// system's.
+// system's, or one that finds what the disk of the test's machine cannot have.
 class FileLayer {
   public:
     virtual ~FileLayer() = default;
 
-    // The three that open a file return INVALID_HANDLE_VALUE when they fail.
+    // Where the contents are: of a symbolic link the file that it leads to, an extended path, else `path`
+    // itself. Empty when the link leads nowhere.
+    virtual std::wstring contentsOf(const std::wstring& path);
+    virtual bool isEncrypted(const std::wstring& path);
+    // None where there is no such file, and on drives that do not number theirs.
+    virtual std::optional<FileIdentity> identityOf(const std::wstring& path);
+
+    // The four that open a file return INVALID_HANDLE_VALUE when they fail.
     // Creates or empties the file, for this process alone.
     virtual HANDLE createForWriting(const std::wstring& path);
+    // The same, and nothing of it is ever on the disk in plain.
+    virtual HANDLE createEncrypted(const std::wstring& path);
     // Opens a file that is there, as it is, to be read and written by this process alone.
     virtual HANDLE openForChange(const std::wstring& path);
     // Opens or creates a file that others may read and that is written at its end only.
@@ -96,13 +110,14 @@ void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& file
 // Throws RuntimeError, also when both are the same file (70).
 void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
-// Throw RuntimeError when the file cannot be removed or renamed.
+// Throw RuntimeError when the file cannot be removed or renamed. Bare names are of files in the current directory, also
+// where they are those of devices.
 void removeFile(const std::wstring& path, FileLayer& files = systemFiles());
 void renameFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
 bool fileExists(const std::wstring& path);
 // Under whatever names: a folder can be reached in many ways, and a file may have several. Two of which one
 // is missing are not.
-bool isSameFile(const std::wstring& one, const std::wstring& other);
+bool isSameFile(const std::wstring& one, const std::wstring& other, FileLayer& files = systemFiles());
 
 } // namespace vandrel
