@@ -14,8 +14,10 @@ endif()
 if(WIN32)
     set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
     # Address randomisation over the whole address space, no execution of data, no section both writable and
-    # executable, no time stamp: the same sources give the same bytes.
-    add_link_options(-s -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp,--gc-sections)
+    # executable, no time stamp: the same sources give the same bytes. A window program for less than version 6
+    # would be told the sizes of frames that Windows had before.
+    add_link_options(-s -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp,--gc-sections
+        -Wl,--major-subsystem-version=6,--minor-subsystem-version=1,--major-os-version=6,--minor-os-version=1)
     target_compile_options(vandrel_options INTERFACE -fstack-protector-strong)
     target_link_options(vandrel_options INTERFACE -fstack-protector-strong)
     target_link_options(vandrel_wide_main INTERFACE -municode)

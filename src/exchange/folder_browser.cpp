@@ -1,5 +1,6 @@
 #include "exchange/folder_browser.h"
 
+#include "platform/base/current_directory.h"
 #include "platform/base/modal_scope.h"
 
 #include <shlobj.h>
@@ -14,6 +15,7 @@ std::wstring BrowseForFolder(HWND owner, const std::wstring& title)
     settings.hwndOwner = owner;
     settings.lpszTitle = title.c_str();
     settings.ulFlags = BIF_RETURNONLYFSDIRS;
+    const CurrentDirectoryKept directory; // renaming a category relies on it
     const ModalScope others(nullptr, owner);
     const PIDLIST_ABSOLUTE chosen = SHBrowseForFolderW(&settings);
     if (chosen == nullptr) return {};

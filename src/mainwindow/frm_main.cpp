@@ -66,7 +66,8 @@ frmMain::frmMain(Startup startup)
       scanner_(workspace_),
       rename_(workspace_),
       availability_(commands(), categories_, shown_.sites, menus_, Toolbar1_, picSearch_),
-      keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); })
+      keys_(MessageLoop::current(), [this](MSG& message) { return filterMessage(message); }),
+      rest_(MessageLoop::current(), [this] { deleteClosedWindows(); })
 {
     startAnswering();
     setCaption(programTitle);
@@ -133,10 +134,7 @@ void frmMain::endSession()
 LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_TIMER:
-        availability_.tmrClipboard_Timer();
-        dropClosedWindows();
-        return 0;
+    case WM_TIMER: availability_.tmrClipboard_Timer(); return 0;
     case WM_SIZE: Form_Resize(); return 0;
     case WM_GETMINMAXINFO: {
         auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
@@ -224,11 +222,20 @@ void frmMain::giveFocusBack()
     SetFocus(usable ? last : lstCategory_.handle());
 }
 
-// Not while a search runs: its window must outlive it.
-void frmMain::dropClosedWindows()
+// Makes room for a new window. Not while a search runs: its window must outlive it.
+void frmMain::setClosedWindowsAside()
+{
+    closedWindows_.reserve(closedWindows_.size() + 2);
+    if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching())
+        closedWindows_.push_back(std::move(frmSearch_));
+    if (frmAbout_ && frmAbout_->unloaded()) closedWindows_.push_back(std::move(frmAbout_));
+}
+
+void frmMain::deleteClosedWindows()
 {
     if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching()) frmSearch_.reset();
     if (frmAbout_ && frmAbout_->unloaded()) frmAbout_.reset();
+    closedWindows_.clear();
 }
 
 bool frmMain::moveFocus(bool backwards)

@@ -110,7 +110,8 @@ class frmMain : public Window, public Form {
     bool moveFocus(bool backwards);
     bool takeSplitterKey(const MSG& message);
     void endLabelEditFor(WPARAM systemCommand);
-    void dropClosedWindows();
+    void setClosedWindowsAside();
+    void deleteClosedWindows();
     void giveFocusBack();
 
     IconHandle bigIcon_;
@@ -146,7 +147,9 @@ class frmMain : public Window, public Form {
     HWND lastFocus_ = nullptr; // the control that had it when the window was left
     std::unique_ptr<frmSearch> frmSearch_;
     std::unique_ptr<frmAbout> frmAbout_;
+    std::vector<std::unique_ptr<Dialog>> closedWindows_; // their controls may still be handling a message
     MessageLoop::Registration keys_;
+    MessageLoop::Rest rest_;
 };
 
 } // namespace vandrel

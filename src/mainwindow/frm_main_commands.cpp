@@ -120,7 +120,7 @@ void frmMain::mnuKeepTop_Click()
 
 void frmMain::mnuFind_Click()
 {
-    dropClosedWindows();
+    setClosedWindowsAside();
     if (!frmSearch_) {
         frmSearch_ = std::make_unique<frmSearch>(workspace_);
         frmSearch_->show();
@@ -137,7 +137,7 @@ void frmMain::mnuOptions_Click()
 
 void frmMain::mnuAbout_Click()
 {
-    dropClosedWindows();
+    setClosedWindowsAside();
     const TopmostPause pause(workspace_.keepOnTop);
     if (frmAbout_) {
         frmAbout_->bringForward();

@@ -1,5 +1,7 @@
 #include "tests/support/answers.h"
 
+#include "platform/windows/message_loop.h"
+
 #include <gtest/gtest.h>
 
 namespace vandrel::test {
@@ -54,6 +56,7 @@ bool pumpUntil(const std::function<bool()>& condition, DWORD limitMilliseconds)
         if (GetTickCount64() > deadline) return false;
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
         pump();
+        MessageLoop::current().rest();
     }
     return true;
 }

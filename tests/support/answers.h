@@ -8,7 +8,8 @@
 
 namespace vandrel::test {
 
-// Dispatches this thread's messages until `condition` holds. False when it does not hold within the limit.
+// Dispatches this thread's messages until `condition` holds, with rests in between as in the program's outermost loop.
+// False when it does not hold within the limit.
 bool pumpUntil(const std::function<bool()>& condition, DWORD limitMilliseconds = 10'000);
 // Dispatches the messages that are waiting.
 void pump();

@@ -30,6 +30,7 @@ std::string bytesOf(const Reply& reply)
 {
     std::string bytes = "HTTP/1.1 " + std::to_string(reply.status) + " Told\r\n";
     if (!reply.location.empty()) bytes += "Location: " + reply.location + "\r\n";
+    if (reply.status == 401) bytes += "WWW-Authenticate: Basic realm=\"here\"\r\n";
     for (const std::string& line : reply.cookies) bytes += "Set-Cookie: " + line + "\r\n";
     bytes += "Content-Type: text/html\r\nContent-Length: " + std::to_string(reply.body.size()) + "\r\n\r\n";
     return bytes + reply.body;
@@ -211,6 +212,7 @@ class TestServer::Server {
     Reply replyTo(const std::string& path)
     {
         if (path == "/ok" || path == "/cookie") return {200, "fine"};
+        if (path == "/locked") return {401, "who are you?"};
         if (path == "/broken") return {500, "out of order"};
         if (path == "/moved") return {302, "elsewhere", "/ok"};
         if (path == "/loop") return {302, "round and round", "/loop"};

@@ -19,6 +19,7 @@ namespace vandrel::test {
 //   /astray    302 to a port nobody listens on   /cut       half of the body it announces, then closes
 //   /huge      200 and 100 MB, or as much as the client takes
 //   /cookie    302 to itself with a cookie, and as /ok when that comes back
+//   /locked    401 and asks for a name and a password, whatever is given
 //
 // Any other path answers as put() and redirect() say, or as /missing. Connections are kept open between
 // requests.

@@ -43,6 +43,8 @@ WineDisregarded::WineDisregarded() noexcept { disregarded = true; }
 
 WineDisregarded::~WineDisregarded() { disregarded = false; }
 
+bool pausesPressesUnderWine() noexcept { return runningUnderWine(); }
+
 void putInLayerUnderWine(HWND window, HWND layer) noexcept
 {
     // The owned windows are detached for the moment and moved one by one, lowest first, so that they stay

@@ -15,6 +15,10 @@ bool runningUnderWine() noexcept;
 // keeps the active window.
 void putInLayerUnderWine(HWND window, HWND layer) noexcept;
 
+// Wine 8.0: selecting thousands of rows of a list one by one takes seconds while the list is painted, so it is
+// not painted during a press with the Shift key. On Windows the control waits for the release during a press.
+bool pausesPressesUnderWine() noexcept;
+
 // For tests: while one lives, the program behaves as on Windows.
 class WineDisregarded {
   public:

@@ -69,9 +69,18 @@ void Control::later(std::function<void()> action)
 void Control::runNext()
 {
     if (waiting_.empty()) return;
+    if (busy()) {
+        ++held_;
+        return;
+    }
     const std::function<void()> action = std::move(waiting_.front());
     waiting_.pop_front();
     action();
+}
+
+void Control::resumeLater()
+{
+    while (held_ > 0 && PostMessageW(window_, laterMessage, 0, 0) != 0) --held_;
 }
 
 LRESULT Control::onMessage(UINT message, WPARAM wParam, LPARAM lParam)

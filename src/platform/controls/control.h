@@ -65,6 +65,10 @@ class Control {
     // command run there would hold it up, and might destroy it. Throws RuntimeError if nothing can be
     // posted.
     void later(std::function<void()> action);
+    // True while the native control answers a message and may run others itself: what is to be done later waits,
+    // until whoever says so calls resumeLater.
+    virtual bool busy() const { return false; }
+    void resumeLater();
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
     int outerHeight() const; // pixels
@@ -79,6 +83,7 @@ class Control {
     FontHandle fontHandle_;
     COLORREF foreColor_ = 0;
     std::deque<std::function<void()>> waiting_;
+    int held_ = 0; // messages of `later` that came while the control was busy
 };
 
 // Passes WM_SYSCOLORCHANGE, which the system sends to top-level windows only, on to all controls in the

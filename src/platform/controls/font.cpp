@@ -13,7 +13,7 @@ FontHandle makeFont(const FontDescription& description, unsigned dpi)
     font.lfWeight = description.bold ? FW_BOLD : FW_NORMAL;
     font.lfItalic = description.italic ? TRUE : FALSE;
     font.lfCharSet = DEFAULT_CHARSET;
-    font.lfQuality = CLEARTYPE_QUALITY;
+    font.lfQuality = DEFAULT_QUALITY; // as the user has set the smoothing of letters
     description.name.copy(font.lfFaceName, std::min<std::size_t>(description.name.size(), LF_FACESIZE - 1));
     return FontHandle(CreateFontIndirectW(&font));
 }

@@ -87,6 +87,7 @@ class ListView : public Control, private RowObserver {
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool busy() const override { return userMessages_ > 0; }
 
   private:
     friend class ListPause;
@@ -99,6 +100,8 @@ class ListView : public Control, private RowObserver {
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);
     bool unselectsMany(UINT message) const;
+    void unselectForPress(LPARAM point);
+    void returnPressed();
     void fireItemClick();
     void selectionGained();
     std::optional<LRESULT> onBeginLabelEdit(const NMLVDISPINFOW& info);

@@ -1,10 +1,12 @@
 #include "platform/base/counted.h"
+#include "platform/base/wine.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/redraw_pause.h"
 
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace vandrel {
 namespace {
@@ -27,8 +29,14 @@ void ListView::fireItemClick()
 void ListView::selectionGained()
 {
     pressFired_ = true;
+    // Raised behind the message of the user, if it is one; whoever else selects rows, a screen reader say, is in the
+    // middle of it.
+    if (!clickPending_ && !busy()) {
+        later([this] {
+            if (clickPending_) fireItemClick();
+        });
+    }
     clickPending_ = true;
-    if (userMessages_ == 0) fireItemClick();
 }
 
 LRESULT ListView::withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam)
@@ -37,13 +45,28 @@ LRESULT ListView::withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam)
     return Control::onMessage(message, wParam, lParam);
 }
 
-// Whether the key or button press that the native control is about to handle may change the state of many
-// rows.
+// Whether the native control is about to change the state of many rows. During a press it waits for the
+// release, and has to be painted meanwhile.
 bool ListView::unselectsMany(UINT message) const
 {
     if (count() < manyRows || selection_ == Selection::one) return false;
+    const bool presses = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN;
+    if (presses) return keyDown(VK_SHIFT) && pausesPressesUnderWine();
     const bool extends = keyDown(VK_SHIFT) && message != WM_LBUTTONUP;
     return extends || selectedCount() >= manyRows;
+}
+
+// What a press on another row does first, or one below them all: many rows are faster unselected here, without
+// painting.
+void ListView::unselectForPress(LPARAM point)
+{
+    if (selection_ == Selection::one || selectedCount() < manyRows || keyDown(VK_SHIFT) ||
+        keyDown(VK_CONTROL))
+        return;
+    LVHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
+    const auto row = send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    if (row < 0 || !isSelected(static_cast<std::size_t>(row))) clearSelection();
 }
 
 LRESULT ListView::userMessage(UINT message, WPARAM wParam, LPARAM lParam)
@@ -59,7 +82,9 @@ LRESULT ListView::userMessage(UINT message, WPARAM wParam, LPARAM lParam)
     if (selection_ == Selection::one && selectedBefore && !firstSelected() && changes_ == changesBefore) {
         select(*selectedBefore);
     }
-    if (clickPending_ && userMessages_ == 0) fireItemClick();
+    if (busy()) return answer;
+    resumeLater();
+    if (clickPending_) fireItemClick();
     return answer;
 }
 
@@ -69,19 +94,26 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_KEYDOWN:
         if (wParam == 'A' && selection_ == Selection::many && keyDown(VK_CONTROL) && !keyDown(VK_MENU)) {
             selectAll();
-            if (const auto row = currentRow(); row && ItemClick) ItemClick(*row);
+            clickPending_ = true;
+            if (!busy()) fireItemClick();
             return 0;
         }
         if (wParam == VK_RETURN && Return) {
-            Return();
+            returnPressed();
             return 0;
         }
         return userMessage(message, wParam, lParam);
+    case WM_CHAR:
+    case WM_MOUSEHOVER:
+    case WM_LBUTTONDBLCLK: return userMessage(message, wParam, lParam);
     case WM_MOUSEMOVE:
         if (MouseMove) MouseMove();
         return Control::onMessage(message, wParam, lParam);
     case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN: pressFired_ = false; return userMessage(message, wParam, lParam);
+    case WM_RBUTTONDOWN:
+        pressFired_ = false;
+        unselectForPress(lParam);
+        return userMessage(message, wParam, lParam);
     case WM_LBUTTONUP: return userMessage(message, wParam, lParam);
     case WM_CONTEXTMENU:
         // NM_RCLICK handles the mouse; this is the menu key.
@@ -100,6 +132,15 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     }
     default: return Control::onMessage(message, wParam, lParam);
     }
+}
+
+// Also in the middle of a press, which runs messages.
+void ListView::returnPressed()
+{
+    if (!busy()) return Return();
+    later([this] {
+        if (Return) Return();
+    });
 }
 
 POINT ListView::menuPoint() const
@@ -132,8 +173,10 @@ void ListView::answerDisplay(LVITEMW& item) const
 // The row that the typed letters lead to.
 LRESULT ListView::findRow(const NMLVFINDITEMW& wanted) const
 {
-    const bool wholeText = (wanted.lvfi.flags & LVFI_PARTIAL) == 0;
-    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr) return -1;
+    constexpr UINT substring = 0x0004; // LVFI_SUBSTRING: documented to mean the same as LVFI_PARTIAL
+    constexpr UINT beginning = LVFI_PARTIAL | substring; // which is asked for depends on the system
+    const bool wholeText = (wanted.lvfi.flags & beginning) == 0;
+    if ((wanted.lvfi.flags & (LVFI_STRING | beginning)) == 0 || wanted.lvfi.psz == nullptr) return -1;
     const std::wstring_view typed(wanted.lvfi.psz);
     for (std::size_t step = 0; step < count(); ++step) {
         const std::size_t row = (static_cast<std::size_t>(std::max(wanted.iStart, 0)) + step) % count();

@@ -13,9 +13,10 @@ namespace {
 constexpr int longestText = 65535; // characters that can be typed into a box
 constexpr ULONGLONG progressMilliseconds = 100;
 
+// Leaves room for one more (see showPosition).
 int nativePosition(std::size_t value)
 {
-    return static_cast<int>(std::min<std::size_t>(value, std::numeric_limits<int>::max()));
+    return static_cast<int>(std::min<std::size_t>(value, std::numeric_limits<int>::max() - 1));
 }
 
 } // namespace
@@ -211,8 +212,20 @@ void ProgressBar::setValue(std::size_t value)
     if (!aHundredth && position != maximum_ && now < nextTime_) return;
     shown_ = position;
     nextTime_ = now + progressMilliseconds;
-    SendMessageW(handle(), PBM_SETPOS, static_cast<WPARAM>(nativePosition(position)), 0);
+    showPosition(nativePosition(position));
     UpdateWindow(handle());
+}
+
+// A themed bar takes about a second to fill up to a higher position, and goes to a lower one at once: a short job would
+// end with a bar that has hardly begun. So it comes from above.
+void ProgressBar::showPosition(int position)
+{
+    const int end = nativePosition(maximum_);
+    if (position == end) SendMessageW(handle(), PBM_SETRANGE32, 0, end + 1);
+    const auto before = static_cast<int>(SendMessageW(handle(), PBM_GETPOS, 0, 0));
+    SendMessageW(handle(), PBM_DELTAPOS, static_cast<WPARAM>(position + 1 - before), 0);
+    SendMessageW(handle(), PBM_SETPOS, static_cast<WPARAM>(position), 0);
+    if (position == end) SendMessageW(handle(), PBM_SETRANGE32, 0, end);
 }
 
 } // namespace vandrel

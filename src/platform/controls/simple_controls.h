@@ -116,6 +116,8 @@ class ProgressBar : public Control {
     std::size_t value() const { return value_; }
 
   private:
+    void showPosition(int position);
+
     std::size_t maximum_ = 1;
     std::size_t value_ = 0;
     std::size_t shown_ = 0;  // the value that the native bar shows

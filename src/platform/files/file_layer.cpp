@@ -25,12 +25,35 @@ std::optional<std::vector<BYTE>> accessRightsOf(const std::wstring& path)
     return descriptor;
 }
 
-bool copyAccessRights(const std::wstring& original, const std::wstring& copy)
+// The entries of the list, and whether the folder may add to it. Other marks say how the list came about.
+bool areSameRights(std::vector<BYTE>& one, std::vector<BYTE>& other)
 {
-    auto rights = accessRightsOf(original);
-    // Most files have the rights that their folder gives. Setting these again takes time and may be refused.
-    if (!rights || rights == accessRightsOf(copy)) return true;
-    return SetFileSecurityW(copy.c_str(), DACL_SECURITY_INFORMATION, rights->data()) != 0;
+    struct List {
+        BOOL present = FALSE;
+        PACL entries = nullptr; // null: everybody may do everything
+        WORD isProtected = 0;
+        std::string_view bytes;
+    };
+    const auto listOf = [](std::vector<BYTE>& descriptor) {
+        List list;
+        BOOL byDefault = FALSE;
+        SECURITY_DESCRIPTOR_CONTROL control = 0;
+        DWORD revision = 0;
+        GetSecurityDescriptorDacl(descriptor.data(), &list.present, &list.entries, &byDefault);
+        GetSecurityDescriptorControl(descriptor.data(), &control, &revision);
+        list.isProtected = control & SE_DACL_PROTECTED;
+        ACL_SIZE_INFORMATION size{};
+        if (list.present && list.entries != nullptr &&
+            GetAclInformation(list.entries, &size, sizeof size, AclSizeInformation)) {
+            list.bytes = {reinterpret_cast<const char*>(list.entries) + sizeof(ACL),
+                          size.AclBytesInUse - sizeof(ACL)};
+        }
+        return list;
+    };
+    const List first = listOf(one);
+    const List second = listOf(other);
+    return first.present == second.present && (first.entries == nullptr) == (second.entries == nullptr) &&
+           first.isProtected == second.isProtected && first.bytes == second.bytes;
 }
 
 bool setCreationTime(const std::wstring& path, const FILETIME& time)
@@ -49,9 +72,54 @@ FileLayer*& layerInForce()
 
 } // namespace
 
+std::wstring FileLayer::contentsOf(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return path;
+    // Others have the mark, too: a file that is kept in a cloud, say.
+    WIN32_FIND_DATAW found{};
+    const FindHandle search(FindFirstFileW(path.c_str(), &found));
+    if (!search || found.dwReserved0 != IO_REPARSE_TAG_SYMLINK) return path;
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const FileHandle file(CreateFileW(path.c_str(), 0, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file) return {};
+    std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED),
+                        L'\0'); // with its NUL
+    target.resize(GetFinalPathNameByHandleW(file.get(), target.data(), static_cast<DWORD>(target.size()),
+                                            FILE_NAME_NORMALIZED));
+    return target;
+}
+
+bool FileLayer::isEncrypted(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_ENCRYPTED) != 0;
+}
+
+std::optional<FileIdentity> FileLayer::identityOf(const std::wstring& path)
+{
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    constexpr DWORD none = 0;
+    constexpr DWORD invalid = 0xFFFFFFFF;
+    BY_HANDLE_FILE_INFORMATION info{};
+    const FileHandle file(CreateFileW(path.c_str(), 0, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file || !GetFileInformationByHandle(file.get(), &info)) return std::nullopt;
+    const bool numbered = info.nFileIndexHigh != info.nFileIndexLow ||
+                          (info.nFileIndexLow != none && info.nFileIndexLow != invalid);
+    if (!numbered) return std::nullopt;
+    return FileIdentity{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow};
+}
+
 HANDLE FileLayer::createForWriting(const std::wstring& path)
 {
     return CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+}
+
+HANDLE FileLayer::createEncrypted(const std::wstring& path)
+{
+    return CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_ENCRYPTED,
                        nullptr);
 }
 
@@ -85,6 +153,21 @@ bool FileLayer::setSize(HANDLE file, std::size_t bytes)
 bool FileLayer::flush(HANDLE file) { return FlushFileBuffers(file) != 0; }
 
 bool FileLayer::close(HANDLE file) { return CloseHandle(file) != 0; }
+
+bool FileLayer::setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR rights)
+{
+    return SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights) != 0;
+}
+
+// Most files have what their folder gives. To set it once more takes time, and may be refused: a share with the
+// right to change files lets nobody set rights.
+bool FileLayer::copyAccessRights(const std::wstring& original, const std::wstring& copy)
+{
+    auto wanted = accessRightsOf(original);
+    if (!wanted) return true;
+    auto given = accessRightsOf(copy);
+    return (given && areSameRights(*wanted, *given)) || setAccessRights(copy, wanted->data());
+}
 
 bool FileLayer::copyIdentity(const std::wstring& original, const std::wstring& copy)
 {

@@ -2,21 +2,36 @@
 
 #include <windows.h>
 
+#include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace vandrel {
 
+// Identifies a file whatever name it was reached by: its volume, and its number there.
+using FileIdentity = std::array<DWORD, 3>;
+
 // All calls that change the disk. Each returns whether it succeeded and leaves the reason in the last error.
-// Tests replace the layer with one that fails, or ends the process, at the n-th call.
+// Tests replace the layer with one that fails, or ends the process, at the n-th call, or with one that finds
+// what the test machine's disk cannot have.
 class FileLayer {
   public:
     virtual ~FileLayer() = default;
 
-    // These three return INVALID_HANDLE_VALUE on failure.
+    // The path of the file's contents: the target of a symbolic link, as an extended path, else `path` itself.
+    // Empty if the link leads nowhere.
+    virtual std::wstring contentsOf(const std::wstring& path);
+    virtual bool isEncrypted(const std::wstring& path);
+    // No value if the file is missing, or on a drive that does not number its files.
+    virtual std::optional<FileIdentity> identityOf(const std::wstring& path);
+
+    // These four return INVALID_HANDLE_VALUE on failure.
     // Creates or empties the file, with exclusive access.
     virtual HANDLE createForWriting(const std::wstring& path);
+    // The same, and nothing of it is ever on the disk unencrypted.
+    virtual HANDLE createEncrypted(const std::wstring& path);
     // Opens an existing file, with its content, to be read and written with exclusive access.
     virtual HANDLE openForChange(const std::wstring& path);
     // Opens or creates a file that is written only at its end and that others may read.
@@ -44,6 +59,13 @@ class FileLayer {
     // Sets a value in an INI file and leaves the rest of the file alone.
     virtual bool writeProfileValue(const std::wstring& section, const std::wstring& key,
                                    const std::wstring& value, const std::wstring& path);
+
+  protected:
+    // For copyIdentity: gives the file the access rights of the descriptor.
+    virtual bool setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR rights);
+
+  private:
+    bool copyAccessRights(const std::wstring& original, const std::wstring& copy);
 };
 
 // The layer in use: the system's calls, unless a FilesInForce replaces them.
@@ -87,13 +109,14 @@ void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& file
 // RuntimeError, also if both are the same file (70).
 void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
-// Throw RuntimeError if the file cannot be removed or renamed.
+// Throw RuntimeError if the file cannot be removed or renamed. Bare names mean files in the current directory,
+// even if they are the names of devices.
 void removeFile(const std::wstring& path, FileLayer& files = systemFiles());
 void renameFile(const std::wstring& from, const std::wstring& to, FileLayer& files = systemFiles());
 
 bool fileExists(const std::wstring& path);
 // Whether both paths lead to one file: a folder can be reached in several ways, and a file may have several
 // names. False if either is missing.
-bool isSameFile(const std::wstring& one, const std::wstring& other);
+bool isSameFile(const std::wstring& one, const std::wstring& other, FileLayer& files = systemFiles());
 
 } // namespace vandrel

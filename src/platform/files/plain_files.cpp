@@ -3,6 +3,18 @@
 #include "platform/files/file_steps.h"
 
 namespace vandrel {
+namespace {
+
+// A bare name in the form that makes it no device's: CON.udb is the console under its short form.
+std::wstring pathOf(const std::wstring& name)
+{
+    if (name.find_first_of(L"\\/:") != std::wstring::npos) return extendedPath(name);
+    std::wstring directory(GetCurrentDirectoryW(0, nullptr), L'\0'); // with room for the NUL
+    directory.resize(GetCurrentDirectoryW(static_cast<DWORD>(directory.size()), directory.data()));
+    return directory.empty() ? name : extendedPath(directory + L"\\" + name);
+}
+
+} // namespace
 
 void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files)
 {
@@ -18,12 +30,12 @@ void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& file
 
 void removeFile(const std::wstring& path, FileLayer& files)
 {
-    if (!files.remove(extendedPath(path))) raiseLastError();
+    if (!files.remove(pathOf(path))) raiseLastError();
 }
 
 void renameFile(const std::wstring& from, const std::wstring& to, FileLayer& files)
 {
-    if (!files.rename(extendedPath(from), extendedPath(to))) raiseLastError();
+    if (!files.rename(pathOf(from), pathOf(to))) raiseLastError();
 }
 
 } // namespace vandrel

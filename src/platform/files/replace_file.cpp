@@ -1,21 +1,25 @@
-#include "platform/base/handle.h"
 #include "platform/base/system_error.h"
 #include "platform/files/file_layer.h"
 #include "platform/files/file_steps.h"
 #include "platform/files/left_behind.h"
 #include "platform/files/save_in_place.h"
 
-#include <array>
-#include <optional>
-
 namespace vandrel {
 namespace {
 
-// The user lacks a right; waiting does not help.
+// The user lacks a right, or the means to encrypt a new file; waiting does not help.
 bool meansRefused(DWORD reason)
 {
     return reason == ERROR_ACCESS_DENIED || reason == ERROR_NETWORK_ACCESS_DENIED ||
-           reason == ERROR_CANNOT_MAKE;
+           reason == ERROR_CANNOT_MAKE || (reason >= ERROR_ENCRYPTION_FAILED && reason <= ERROR_EFS_DISABLED);
+}
+
+// Throws RuntimeError when it is a link that leads nowhere.
+std::wstring contentsOf(FileLayer& files, const std::wstring& path)
+{
+    std::wstring contents = files.contentsOf(path);
+    if (contents.empty()) raiseLastError();
+    return contents;
 }
 
 bool isPlainFile(const std::wstring& path)
@@ -25,9 +29,11 @@ bool isPlainFile(const std::wstring& path)
            (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) == 0;
 }
 
-bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContents& contents)
+enum class Kept { plain, encrypted };
+
+bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContents& contents, Kept kept)
 {
-    const HANDLE file = files.createForWriting(path);
+    const HANDLE file = kept == Kept::encrypted ? files.createEncrypted(path) : files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) return false;
     // Noted at once: `contents` may go on after a part was refused and change the last error.
     DWORD reason = ERROR_SUCCESS;
@@ -48,9 +54,10 @@ bool writeSibling(FileLayer& files, const std::wstring& path, const WriteContent
     return written && closed;
 }
 
-bool writeSiblingWithRetries(FileLayer& files, const std::wstring& sibling, const WriteContents& contents)
+bool writeSiblingWithRetries(FileLayer& files, const std::wstring& sibling, const WriteContents& contents,
+                             Kept kept)
 {
-    return retryWhile([&] { return writeSibling(files, sibling, contents); },
+    return retryWhile([&] { return writeSibling(files, sibling, contents, kept); },
                       [&](DWORD reason) {
                           return meansHeld(reason) || (reason == ERROR_ACCESS_DENIED && isPlainFile(sibling));
                       });
@@ -70,10 +77,18 @@ bool replaceWithRetries(FileLayer& files, const std::wstring& sibling, const std
     return false;
 }
 
+std::wstring fullPath(const std::wstring& path)
+{
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0'); // with room for the NUL
+    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return extendedPath(full);
+}
+
 bool replaceBySibling(FileLayer& files, const std::wstring& target, const std::wstring& sibling,
                       const WriteContents& contents)
 {
-    if (!writeSiblingWithRetries(files, sibling, contents)) return false;
+    const Kept kept = files.isEncrypted(target) ? Kept::encrypted : Kept::plain;
+    if (!writeSiblingWithRetries(files, sibling, contents, kept)) return false;
     // What cannot be copied, because the user may not or the file system does not support it, stays as the
     // folder gave it.
     retryWhileHeld([&] { return files.copyIdentity(target, sibling); });
@@ -89,7 +104,7 @@ void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& fi
 
 void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files)
 {
-    const std::wstring target = extendedPath(path);
+    const std::wstring target = contentsOf(files, extendedPath(path));
     requireReplaceable(target);
     const std::wstring sibling = temporaryFileBeside(target);
     DWORD reason = ERROR_SUCCESS;
@@ -108,8 +123,8 @@ void replaceFile(const std::wstring& path, const WriteContents& contents, FileLa
 void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files)
 {
     const std::wstring source = extendedPath(from);
-    const std::wstring target = extendedPath(to);
-    if (isSameFile(source, target)) throw RuntimeError(error_number::permissionDenied);
+    const std::wstring target = contentsOf(files, extendedPath(to));
+    if (isSameFile(source, target, files)) throw RuntimeError(error_number::permissionDenied);
     requireReplaceable(target);
     const std::wstring sibling = temporaryFileBeside(target);
     if (files.copy(source, sibling) && replaceWithRetries(files, sibling, target)) return;
@@ -119,20 +134,16 @@ void copyFile(const std::wstring& from, const std::wstring& to, FileLayer& files
     throw runtimeErrorOf(reason);
 }
 
-bool isSameFile(const std::wstring& one, const std::wstring& other)
+bool isSameFile(const std::wstring& one, const std::wstring& other, FileLayer& files)
 {
-    const auto identity = [](const std::wstring& path) {
-        BY_HANDLE_FILE_INFORMATION info{};
-        const FileHandle file(CreateFileW(path.c_str(), 0,
-                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                          OPEN_EXISTING, 0, nullptr));
-        const bool known = file && GetFileInformationByHandle(file.get(), &info);
-        return known ? std::optional(
-                           std::array{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow})
-                     : std::nullopt;
-    };
-    const auto first = identity(one);
-    return first && first == identity(other);
+    const auto first = files.identityOf(one);
+    const auto second = files.identityOf(other);
+    if (first && second) return *first == *second;
+    if (!fileExists(one) || !fileExists(other)) return false;
+    // A drive that does not number its files: what is left are their names.
+    const std::wstring firstPath = fullPath(one);
+    const std::wstring secondPath = fullPath(other);
+    return CompareStringOrdinal(firstPath.c_str(), -1, secondPath.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 } // namespace vandrel

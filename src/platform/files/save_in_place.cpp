@@ -79,7 +79,7 @@ class KeptBytes {
     KeptBytes(FileLayer& files, const std::wstring& target, std::string_view bytes)
         : files_(files), path_(freePath(target))
     {
-        if (path_.empty() || write(bytes)) return;
+        if (path_.empty() || write(bytes, files.isEncrypted(target))) return;
         remove();
     }
     KeptBytes(const KeptBytes&) = delete;
@@ -106,9 +106,10 @@ class KeptBytes {
         }
         return path;
     }
-    bool write(std::string_view bytes)
+    // What is encrypted is not kept in plain.
+    bool write(std::string_view bytes, bool encrypted)
     {
-        const HANDLE file = files_.createForWriting(path_);
+        const HANDLE file = encrypted ? files_.createEncrypted(path_) : files_.createForWriting(path_);
         if (file == INVALID_HANDLE_VALUE) return false;
         const bool written = writeBytes(files_, file, bytes) && files_.flush(file);
         return files_.close(file) && written;

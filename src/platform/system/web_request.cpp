@@ -98,6 +98,14 @@ std::optional<std::wstring> headerText(HINTERNET request, DWORD header, DWORD in
     return std::nullopt;
 }
 
+bool isFromProxy(HINTERNET request)
+{
+    DWORD flags = 0;
+    DWORD size = sizeof flags;
+    return InternetQueryOptionW(request, INTERNET_OPTION_REQUEST_FLAGS, &flags, &size) != 0 &&
+           (flags & INTERNET_REQFLAG_VIA_PROXY) != 0;
+}
+
 // ---- addresses
 
 // No value for anything but http and https.
@@ -136,20 +144,47 @@ std::optional<std::wstring> redirection(HINTERNET request, const std::wstring& a
 
 // ---- one request
 
-InternetHandle ask(HINTERNET session, const std::wstring& address, const std::wstring& cookies,
-                   HostStates& states)
+// Who asks for a name and a password is not given the user's: the addresses are anybody's. Those that stand in the
+// address are for its host, and the proxy is the user's own choice.
+enum class LogOn { never, allowed };
+
+LogOn logOnFor(const std::wstring& address)
+{
+    URL_COMPONENTSW parts{};
+    parts.dwStructSize = sizeof parts;
+    parts.dwUserNameLength = 1; // it is wanted
+    const bool named = InternetCrackUrlW(address.c_str(), static_cast<DWORD>(address.size()), 0, &parts) &&
+                       parts.dwUserNameLength > 0;
+    return named ? LogOn::allowed : LogOn::never;
+}
+
+InternetHandle askOnce(HINTERNET session, const std::wstring& address, const std::wstring& cookies,
+                       HostStates& states, LogOn logOn)
 {
     // Redirections are followed here because not every system ends circular ones (Wine 8.0 does not), and
     // cookies are kept here because the system's are the user's.
-    constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_COOKIES |
-                            INTERNET_FLAG_NO_UI | INTERNET_FLAG_PRAGMA_NOCACHE |
-                            INTERNET_FLAG_NO_AUTO_REDIRECT;
+    constexpr DWORD always = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_COOKIES |
+                             INTERNET_FLAG_NO_UI | INTERNET_FLAG_PRAGMA_NOCACHE |
+                             INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_PASSIVE;
+    const DWORD flags = logOn == LogOn::never ? always | INTERNET_FLAG_NO_AUTH : always;
     const std::wstring headers = cookies.empty() ? L"" : L"Cookie: " + cookies + L"\r\n";
     InternetHandle request(
         InternetOpenUrlW(session, address.c_str(), headers.empty() ? nullptr : headers.c_str(),
                          static_cast<DWORD>(headers.size()), flags, reinterpret_cast<DWORD_PTR>(&states)));
     if (!request) fail(GetLastError());
     return request;
+}
+
+InternetHandle ask(HINTERNET session, const std::wstring& address, const std::wstring& cookies,
+                   HostStates& states)
+{
+    InternetHandle request = askOnce(session, address, cookies, states, logOnFor(address));
+    if (headerNumber(request.get(), HTTP_QUERY_STATUS_CODE) != DWORD{HTTP_STATUS_PROXY_AUTH_REQ} ||
+        !isFromProxy(request.get())) {
+        return request;
+    }
+    request.reset();
+    return askOnce(session, address, cookies, states, LogOn::allowed);
 }
 
 void takeCookies(HINTERNET request, const CookieSite& site, CookieJar& cookies)

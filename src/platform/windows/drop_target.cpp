@@ -4,6 +4,7 @@
 #include "platform/base/scope_exit.h"
 #include "platform/text/ansi_text.h"
 
+#include <algorithm>
 #include <atomic>
 #include <optional>
 
@@ -21,8 +22,10 @@ template <typename Character> std::basic_string_view<Character> upToNul(const vo
     return text.substr(0, text.find(Character{}));
 }
 
-// No value if the data does not offer the format. Throws RuntimeError if it does but fails to deliver.
-std::optional<std::wstring> textAs(IDataObject& data, CLIPFORMAT format)
+// What one format of the data holds, up to its first NUL. No value if the data does not offer the format.
+// Throws RuntimeError if it does but fails to deliver.
+template <typename Character>
+std::optional<std::basic_string<Character>> contentAs(IDataObject& data, CLIPFORMAT format)
 {
     FORMATETC wanted = inMemory(format);
     STGMEDIUM medium{};
@@ -37,18 +40,43 @@ std::optional<std::wstring> textAs(IDataObject& data, CLIPFORMAT format)
     const void* const memory = GlobalLock(medium.hGlobal);
     if (memory == nullptr) throw RuntimeError(error_number::deviceError);
     const ScopeExit unlock([&medium] { GlobalUnlock(medium.hGlobal); });
-    const std::size_t size = GlobalSize(medium.hGlobal);
-    if (format == CF_TEXT) return decodeAnsi(upToNul<char>(memory, size));
-    return std::wstring(upToNul<wchar_t>(memory, size));
+    return std::basic_string<Character>(upToNul<Character>(memory, GlobalSize(medium.hGlobal)));
+}
+
+bool isAscii(std::string_view bytes)
+{
+    return std::ranges::all_of(bytes, [](char letter) { return static_cast<unsigned char>(letter) < 0x80; });
+}
+
+bool isUtf8Of(std::string_view bytes, const std::wstring& text)
+{
+    const auto length = static_cast<int>(bytes.size());
+    std::wstring decoded(bytes.size(), L'\0'); // a letter has no more units than bytes
+    const int units = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), length, decoded.data(),
+                                          length);
+    return std::wstring_view(decoded).substr(0, static_cast<std::size_t>(units)) == text;
+}
+
+// The Unicode form counts only where it proves that the plain text, which some browsers offer in UTF-8, is not in
+// the code page that it should be in.
+std::wstring plainText(IDataObject& data, std::string_view bytes)
+{
+    if (!isAscii(bytes)) {
+        try {
+            auto unicode = contentAs<wchar_t>(data, CF_UNICODETEXT);
+            if (unicode && isUtf8Of(bytes, *unicode)) return std::move(*unicode);
+        } catch (const RuntimeError&) { // offered and not given; the plain text was
+        }
+    }
+    return decodeAnsi(bytes);
 }
 
 DroppedData read(IDataObject& data)
 {
     try {
         // Contract: plain text is CF_TEXT. Some browsers offer Unicode text only, so that comes second.
-        for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
-            if (auto text = textAs(data, format)) return DroppedData(std::move(*text));
-        }
+        if (const auto bytes = contentAs<char>(data, CF_TEXT)) return DroppedData(plainText(data, *bytes));
+        if (auto text = contentAs<wchar_t>(data, CF_UNICODETEXT)) return DroppedData(std::move(*text));
         return DroppedData(RuntimeError(error_number::noSuchFormat));
     } catch (const RuntimeError& error) {
         return DroppedData(error);

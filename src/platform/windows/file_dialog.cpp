@@ -1,5 +1,6 @@
 #include "platform/windows/file_dialog.h"
 
+#include "platform/base/current_directory.h"
 #include "platform/base/modal_scope.h"
 #include "platform/base/runtime_error.h"
 
@@ -25,8 +26,8 @@ template <typename Show> void FileDialog::show(HWND owner, DWORD flags, Show dia
     settings.lpstrTitle = title.c_str();
     settings.lpstrFile = name.data();
     settings.nMaxFile = static_cast<DWORD>(name.size());
-    // Renaming a category relies on the current directory, which this dialog would change.
     settings.Flags = flags | OFN_NOCHANGEDIR | OFN_EXPLORER;
+    const CurrentDirectoryKept directory; // renaming a category relies on it
     const ModalScope others(nullptr, owner);
     const bool accepted = dialog(&settings) != 0;
     if (!accepted && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {

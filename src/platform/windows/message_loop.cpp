@@ -16,6 +16,16 @@ MessageLoop::Registration::~Registration()
     std::erase_if(loop_.filters_, [this](const Entry& entry) { return entry.id == id_; });
 }
 
+MessageLoop::Rest::Rest(MessageLoop& loop, std::function<void()> action) : loop_(loop), id_(loop.nextId_++)
+{
+    loop_.rests_.push_back({id_, std::move(action)});
+}
+
+MessageLoop::Rest::~Rest()
+{
+    std::erase_if(loop_.rests_, [this](const RestEntry& entry) { return entry.id == id_; });
+}
+
 MessageLoop& MessageLoop::current()
 {
     static MessageLoop loop;
@@ -53,7 +63,15 @@ void MessageLoop::runUntil(const std::function<bool()>& done)
 void MessageLoop::run()
 {
     MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) dispatch(message);
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        dispatch(message);
+        rest();
+    }
+}
+
+void MessageLoop::rest()
+{
+    for (const RestEntry& entry : rests_) entry.action();
 }
 
 bool MessageLoop::dispatchPending()

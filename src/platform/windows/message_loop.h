@@ -26,17 +26,35 @@ class MessageLoop {
         std::size_t id_;
     };
 
+    // An action done whenever nothing is in progress: no command, and no control in the middle of work that
+    // may dispatch messages (a press on a list, a scroll bar, a call of the shell), as timers run there, too.
+    class Rest {
+      public:
+        // `action` must not throw.
+        Rest(MessageLoop& loop, std::function<void()> action);
+        Rest(const Rest&) = delete;
+        Rest& operator=(const Rest&) = delete;
+        ~Rest();
+
+      private:
+        MessageLoop& loop_;
+        std::size_t id_;
+    };
+
     // The loop of the only thread that has windows.
     static MessageLoop& current();
 
     // Runs until `done` returns true. WM_QUIT ends it too, and is posted again for the outer loop.
     void runUntil(const std::function<bool()>& done);
-    // Runs until the program quits.
+    // Runs until the program quits. The outermost loop: after each message nothing is in progress, and the
+    // actions of each Rest are done.
     void run();
     // Dispatches messages until the queue is empty. False on WM_QUIT, which is posted again.
     bool dispatchPending();
     // Dispatches paint messages and no others.
     void paintPending();
+    // Does what each Rest wants, as run does after each message. For tests, which have a loop of their own.
+    void rest();
 
   private:
     void dispatch(MSG& message);
@@ -45,7 +63,12 @@ class MessageLoop {
         std::size_t id;
         Filter filter;
     };
+    struct RestEntry {
+        std::size_t id;
+        std::function<void()> action;
+    };
     std::vector<Entry> filters_;
+    std::vector<RestEntry> rests_;
     std::size_t nextId_ = 0;
 };
 

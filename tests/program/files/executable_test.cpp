@@ -91,6 +91,36 @@ TEST_F(Executable, IsA64BitWindowProgramOfLessThanOneAndAHalfMegabytes)
     EXPECT_LT(bytes.size(), 1'500'000U);
 }
 
+// Windows' compatibility goes by it: a program for an earlier version gets the metrics of earlier frames.
+TEST_F(Executable, IsForTheSubsystemOfVersion61OrLater)
+{
+    const auto version = [](WORD major, WORD minor) { return std::pair(major, minor); };
+    const auto& header = nt.OptionalHeader;
+    EXPECT_EQ(version(header.MajorSubsystemVersion, header.MinorSubsystemVersion), version(6, 1));
+    EXPECT_EQ(version(header.MajorOperatingSystemVersion, header.MinorOperatingSystemVersion), version(6, 1));
+}
+
+TEST_F(Executable, HasNoChecksumOrTheRightOne)
+{
+    // As the system's own reckoning: the sum of the 16-bit words with their carries, without the field, and the length.
+    const std::size_t field = at<IMAGE_DOS_HEADER>(0).e_lfanew +
+                              offsetof(IMAGE_NT_HEADERS64, OptionalHeader) +
+                              offsetof(IMAGE_OPTIONAL_HEADER64, CheckSum);
+    std::string whole = bytes;
+    whole.replace(field, sizeof(DWORD), sizeof(DWORD), '\0');
+    whole.resize((whole.size() + 1) / 2 * 2);
+    std::uint32_t sum = 0;
+    for (std::size_t i = 0; i < whole.size(); i += 2) {
+        WORD word = 0;
+        std::memcpy(&word, whole.data() + i, sizeof word);
+        sum += word;
+        sum = (sum & 0xFFFF) + (sum >> 16);
+    }
+    const std::uint32_t right = sum + static_cast<std::uint32_t>(bytes.size());
+    const std::uint32_t stored = nt.OptionalHeader.CheckSum;
+    EXPECT_TRUE(stored == 0 || stored == right) << stored << " and not " << right;
+}
+
 TEST_F(Executable, NeedsNoDllBeyondThoseOfWindows)
 {
     wchar_t system[MAX_PATH]{};

@@ -176,6 +176,33 @@ TEST_F(DroppedLink, IsReadInTheAnsiFormat)
     EXPECT_EQ(addressAfter(both), decodeAnsi("http://ansi/\xE9"));
 }
 
+// Chromium's plain text is in UTF-8, whatever the code page.
+TEST_F(DroppedLink, WhosePlainTextIsTheUnicodeFormInUtf8IsReadInUnicode)
+{
+    startWithOneSite();
+    DroppedObject both;
+    both.withAnsi("caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80").withUnicode(L"café € \U0001F600");
+    EXPECT_EQ(addressAfter(both), L"café € \U0001F600");
+}
+
+TEST_F(DroppedLink, WhosePlainTextOnlyLooksLikeUtf8IsReadInTheAnsiFormat)
+{
+    startWithOneSite();
+    const std::string bytes = "caf\xC3\xA9";
+    DroppedObject alone;
+    alone.withAnsi(bytes);
+    EXPECT_EQ(addressAfter(alone), decodeAnsi(bytes));
+    DroppedObject other;
+    other.withAnsi(bytes).withUnicode(L"tea");
+    EXPECT_EQ(addressAfter(other), decodeAnsi(bytes));
+    DroppedObject unreadable;
+    unreadable.withAnsi(bytes).failing(CF_UNICODETEXT, E_FAIL);
+    EXPECT_EQ(addressAfter(unreadable), decodeAnsi(bytes));
+    DroppedObject broken;
+    broken.withAnsi(bytes + "\xE9").withUnicode(L"café\xE9");
+    EXPECT_EQ(addressAfter(broken), decodeAnsi(bytes + "\xE9"));
+}
+
 TEST_F(DroppedLink, InTheUnicodeFormatAloneIsPlainTextToo)
 {
     startWithOneSite();

@@ -90,6 +90,7 @@ TEST_F(AboutCommand, AfterClosingItIsLoadedAfresh)
         AboutBox::moveOver(box.part(about::site));
         EXPECT_TRUE(box.highlighted(about::site));
         press(box.window, IDOK);
+        MessageLoop::current().rest(); // as the program's loop does
         EXPECT_TRUE(pumpUntil([&] { return !IsWindowVisible(box.window); }));
         EXPECT_EQ(GetActiveWindow(), main->handle());
     }

@@ -118,6 +118,22 @@ TEST_F(EditorBrowse, TheCurrentDirectoryStaysWhatItWas)
     EXPECT_EQ(std::wstring(after.data()), std::wstring(before.data()));
 }
 
+// On Windows the dialog that opens a file goes to the folder that it shows, whatever it is asked to do.
+TEST_F(EditorBrowse, TheCurrentDirectoryStaysWhatItWasAlsoWhenTheDialogLeavesAnother)
+{
+    const TempFolder folder;
+    std::array<wchar_t, 1024> before{};
+    std::array<wchar_t, 1024> after{};
+    GetCurrentDirectoryW(1024, before.data());
+    browse([&](HWND dialog) {
+        SetCurrentDirectoryW(folder.path().c_str());
+        SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    GetCurrentDirectoryW(1024, after.data());
+    SetCurrentDirectoryW(before.data());
+    EXPECT_EQ(std::wstring(after.data()), std::wstring(before.data()));
+}
+
 // ---- failures
 
 class FailingEditor : public frmInput {

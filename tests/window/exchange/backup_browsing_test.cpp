@@ -51,6 +51,21 @@ TEST_P(BackupBrowsing, TakesFoldersOfTheFileSystemOnly)
     });
 }
 
+TEST_P(BackupBrowsing, LeavesTheCurrentDirectoryAsItWas)
+{
+    startWithThree();
+    std::array<wchar_t, 1024> before{};
+    std::array<wchar_t, 1024> after{};
+    GetCurrentDirectoryW(1024, before.data());
+    browse(GetParam(), [&](HWND browser) {
+        SetCurrentDirectoryW(target.path().c_str()); // as what the shell loads may do
+        cancel(browser);
+    });
+    GetCurrentDirectoryW(1024, after.data());
+    SetCurrentDirectoryW(before.data());
+    EXPECT_EQ(std::wstring(after.data()), std::wstring(before.data()));
+}
+
 TEST_P(BackupBrowsing, CancelledChangesNothingAndShowsNothing)
 {
     startWithThree();

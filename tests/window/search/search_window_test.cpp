@@ -162,6 +162,26 @@ TEST_F(SearchWindow, EscTheButtonAndTheCloseBoxCloseIt)
     }
 }
 
+// Timers run in the loops of controls, too: a press on the results is answered only after the button was released.
+TEST_F(SearchWindow, WhenClosedItLivesAsLongAsAControlMayBeInTheMiddleOfItsWork)
+{
+    start();
+    open();
+    frmSearch* const closed = main->searchWindow();
+    const HWND window = dialog();
+    press(window, IDCANCEL);
+    pump(); // as such a loop does
+    SendMessageW(main->handle(), WM_TIMER, 1, 0);
+    EXPECT_TRUE(IsWindow(window));
+    choose(mnuFind);
+    ASSERT_NE(main->searchWindow(), nullptr);
+    EXPECT_NE(main->searchWindow(), closed);
+    EXPECT_TRUE(IsWindow(window)) << "also when it is opened afresh meanwhile";
+    MessageLoop::current().rest();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_TRUE(IsWindow(dialog()));
+}
+
 TEST_F(SearchWindow, AfterClosingItOpensAfresh)
 {
     startWithCategories();

@@ -31,6 +31,8 @@ TEST(Font, BoldAndItalicAreIndependent)
     EXPECT_NE(madeOf({L"Arial", 8, false, true}).lfItalic, 0);
 }
 
+TEST(Font, HowItsLettersAreSmoothedIsUpToTheUser) { EXPECT_EQ(madeOf({}).lfQuality, DEFAULT_QUALITY); }
+
 TEST(Font, AnyNameAndSizeMakesAFont)
 {
     EXPECT_EQ(std::wstring(madeOf({std::wstring(100, L'x'), 8}).lfFaceName), std::wstring(31, L'x'));

@@ -93,6 +93,16 @@ TEST_F(ListKeys, ARowIsFoundByItsBeginningWithoutRegardToCase)
     EXPECT_EQ(find(L"DELTAX", LVFI_STRING | LVFI_PARTIAL), -1);
 }
 
+// Windows asks for a substring when letters are typed, and means the beginning as well.
+TEST_F(ListKeys, ASubstringAsksForTheBeginningOfAName)
+{
+    constexpr UINT substring = 0x0004; // LVFI_SUBSTRING
+    EXPECT_EQ(find(L"be", LVFI_STRING | substring), 1);
+    EXPECT_EQ(find(L"be", LVFI_STRING | substring | LVFI_WRAP, 2), 4);
+    EXPECT_EQ(find(L"b", substring, 3), 4);
+    EXPECT_EQ(find(L"eta", LVFI_STRING | substring), -1);
+}
+
 TEST_F(ListKeys, ARowIsFoundByItsWholeName)
 {
     EXPECT_EQ(find(L"beta two", LVFI_STRING), 4);

@@ -216,6 +216,30 @@ TEST_F(ProgressBars, AreNotPaintedForEveryRowOfMany)
     EXPECT_EQ(position(), 1'000'000);
 }
 
+// Upwards a themed bar moves slowly, downwards at once.
+TEST_F(ProgressBars, ComeToEachPositionFromAbove)
+{
+    struct Watch {
+        static LRESULT CALLBACK proc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                     DWORD_PTR seen)
+        {
+            const LRESULT answer = DefSubclassProc(window, message, wParam, lParam);
+            if (message == PBM_DELTAPOS || message == PBM_SETPOS) {
+                reinterpret_cast<std::vector<LRESULT>*>(seen)->push_back(
+                    SendMessageW(window, PBM_GETPOS, 0, 0));
+            }
+            return answer;
+        }
+    };
+    bar.begin(3);
+    std::vector<LRESULT> seen;
+    SetWindowSubclass(bar.handle(), Watch::proc, 3, reinterpret_cast<DWORD_PTR>(&seen));
+    for (const std::size_t row : {1U, 2U, 3U}) bar.setValue(row);
+    RemoveWindowSubclass(bar.handle(), Watch::proc, 3);
+    EXPECT_EQ(seen, (std::vector<LRESULT>{2, 1, 3, 2, 4, 3}));
+    EXPECT_EQ(SendMessageW(bar.handle(), PBM_GETRANGE, FALSE, 0), 3);
+}
+
 TEST_F(ProgressBars, ShowThatSlowWorkGoesOn)
 {
     TestClock clock;

@@ -165,6 +165,59 @@ TEST_F(SaveTarget, AccessRightsAreKept)
     EXPECT_EQ(rightsOf(L"Work.udb"), before);
 }
 
+// Counts how often access rights are set, and may refuse it as a share does that lets nobody set them.
+class RightsSeen : public FileLayer {
+  public:
+    int set = 0;
+    DWORD refusal = 0; // the system's error; 0: none
+
+  protected:
+    bool setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR rights) override
+    {
+        ++set;
+        if (refusal == 0) return FileLayer::setAccessRights(path, rights);
+        SetLastError(refusal);
+        return false;
+    }
+};
+
+TEST_F(SaveTarget, AccessRightsThatTheFolderHasGivenAlreadyAreNotSet)
+{
+    RightsSeen files;
+    files.refusal = ERROR_ACCESS_DENIED;
+    for (const char* const bytes : {"one", "two", "three"}) {
+        replaceFile(folder.file(L"Work.udb"), bytes, files);
+        EXPECT_EQ(folder.read(L"Work.udb"), bytes);
+    }
+    EXPECT_EQ(files.set, 0);
+    EXPECT_EQ(folder.names(), Names{L"Work.udb"});
+}
+
+TEST_F(SaveTarget, AccessRightsOfItsOwnAreSetOnceAndMayBeRefused)
+{
+    PSECURITY_DESCRIPTOR rights = nullptr;
+    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)", SDDL_REVISION_1,
+                                                                     &rights, nullptr));
+    // Of a share, of a file system without rights, of another one's server.
+    for (const DWORD refusal :
+         std::initializer_list<DWORD>{0, ERROR_ACCESS_DENIED, ERROR_NOT_SUPPORTED, ERROR_INVALID_FUNCTION,
+                                      ERROR_CALL_NOT_IMPLEMENTED, ERROR_PRIVILEGE_NOT_HELD,
+                                      ERROR_INVALID_OWNER}) {
+        folder.write(L"Work.udb", "old");
+        ASSERT_TRUE(SetFileSecurityW(folder.file(L"Work.udb").c_str(), DACL_SECURITY_INFORMATION, rights));
+        const TestClock clock;
+        RightsSeen files;
+        files.refusal = refusal;
+        EXPECT_EQ(errorOf([&] { replaceFile(folder.file(L"Work.udb"), "new", files); }), 0) << refusal;
+        EXPECT_EQ(files.set, 1);
+        EXPECT_EQ(clock.slept(), 0U);
+        EXPECT_EQ(folder.read(L"Work.udb"), "new");
+        EXPECT_EQ(folder.names(), Names{L"Work.udb"});
+        DeleteFileW(folder.file(L"Work.udb").c_str());
+    }
+    LocalFree(rights);
+}
+
 TEST_F(SaveTarget, AFolderOfThreeHundredLettersIsNoObstacle)
 {
     std::wstring deep = extendedPath(folder.path());

@@ -135,6 +135,33 @@ TEST_F(MessageLoops, ALoopWithinALoopAsksTheSameFilters)
     EXPECT_EQ(asked, "aa");
 }
 
+TEST_F(MessageLoops, TheOutermostOneAloneRestsBetweenMessages)
+{
+    std::string order;
+    std::optional<MessageLoop::Rest> rest;
+    rest.emplace(loop, [&] { order += "rest "; });
+    const MessageLoop::Registration filter(loop, [&](MSG& message) {
+        if (message.message != probe) return false;
+        order += "message ";
+        if (message.wParam == 1) {
+            post(2);
+            loop.runUntil([&] { return window.got == 1; });
+            post(3);
+            loop.dispatchPending();
+            PostQuitMessage(0);
+        }
+        return false;
+    });
+    post(1);
+    loop.run();
+    EXPECT_EQ(order.substr(0, order.find("rest")), "message message message ");
+    EXPECT_NE(order.find("rest"), std::string::npos);
+    rest.reset();
+    order.clear();
+    loop.rest();
+    EXPECT_EQ(order, "");
+}
+
 TEST_F(MessageLoops, ARequestToQuitEndsAWaitAndStaysForTheLoopOutside)
 {
     PostQuitMessage(5);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace vandrel {
+
+// The process has the same current directory after this object as before it. The system's dialogs change it to the
+// folder that they show: GetOpenFileName does so in spite of OFN_NOCHANGEDIR, and whatever the shell loads may.
+class CurrentDirectoryKept {
+  public:
+    CurrentDirectoryKept()
+    {
+        std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0'); // with room for the NUL
+        path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
+        path_ = std::move(path);
+    }
+    CurrentDirectoryKept(const CurrentDirectoryKept&) = delete;
+    CurrentDirectoryKept& operator=(const CurrentDirectoryKept&) = delete;
+    ~CurrentDirectoryKept() { SetCurrentDirectoryW(path_.c_str()); }
+
+  private:
+    std::wstring path_;
+};
+
+} // namespace vandrel
