@@ -34,11 +34,11 @@ struct ImportedBookmarks {
     std::vector<std::wstring> firstWithLostLetters; // the names of some, as they were
 };
 
-// What becomes of a page of bookmarks. Each folder that has bookmarks of its own is a category, in the order in which
-// the folders begin; folders of the same path are one. Bookmarks outside any folder are in "Bookmarks". A folder
-// without a name is a part of the one around it. A folder without bookmarks of its own makes no category, since most of
-// those only hold other folders, whose titles name them.
-// `existing` are the titles of the categories that are there.
+// What becomes of a page of bookmarks. Each folder that has bookmarks of its own is a category, in the order
+// in which the folders begin; folders of the same path are one. Bookmarks outside any folder are in
+// "Bookmarks". A folder without a name is a part of the one around it. A folder without bookmarks of its own
+// makes no category, since most of those only hold other folders, whose titles name them. `existing` are the
+// titles of the categories that are there.
 ImportedBookmarks importedBookmarks(std::string_view page, std::span<const std::wstring> existing,
                                     const ImportRules& rules);
 

@@ -8,8 +8,9 @@
 
 namespace vandrel {
 
-// A page of bookmarks as browsers import it, in UTF-8. Every text is read back as it was, with blanks at its ends and
-// control characters, but for what no page can hold: NUL and half a pair become the replacement letter.
+// A page of bookmarks as browsers import it, in UTF-8. Every text is read back as it was, with blanks at its
+// ends and control characters, but for what no page can hold: NUL and half a pair become the replacement
+// letter.
 class BookmarkWriter {
   public:
     BookmarkWriter(); // begins the page

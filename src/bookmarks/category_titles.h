@@ -16,8 +16,9 @@ using CaseFold = std::function<std::wstring(std::wstring_view)>;
 // Whether a folder of this name adds anything to a title: one of blanks and dots alone does not.
 bool namesCategory(std::wstring_view folder);
 
-// The title for folders that are in each other, from the outermost: "Work - Reading". One that a category file can
-// have: "-" in place of letters that are refused, no device's name, no blank or dot at an end, at most 120 units.
+// The title for folders that are in each other, from the outermost: "Work - Reading". One that a category
+// file can have: "-" in place of letters that are refused, no device's name, no blank or dot at an end, at
+// most 120 units.
 std::wstring titleOfFolders(std::span<const std::wstring_view> folders);
 
 // Hands out titles that no other category has: what is there already gets " (2)", " (3)" and so on.

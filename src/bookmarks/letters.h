@@ -17,12 +17,12 @@ struct Utf8Letter {
     State state;
 };
 
-// The letter at the front of `bytes`, of which there must be one at least. Bytes that spell none are taken together
-// as far as a letter could have begun with them.
+// The letter at the front of `bytes`, of which there must be one at least. Bytes that spell none are taken
+// together as far as a letter could have begun with them.
 Utf8Letter utf8LetterAt(std::string_view bytes);
 
-// The letter of a byte in code page 1252. The five bytes without a letter there are control characters, as for
-// browsers and for Windows.
+// The letter of a byte in code page 1252. The five bytes without a letter there are control characters, as
+// for browsers and for Windows.
 char32_t windows1252Letter(unsigned char byte);
 
 // Takes a letter off the front of UTF-16; half a pair becomes the replacement letter.

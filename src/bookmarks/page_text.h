@@ -7,11 +7,12 @@ namespace vandrel {
 
 enum class PageEncoding { utf8, windows1252 };
 
-// The bytes of a page, in an encoding in which ASCII is ASCII, and that encoding. A page in UTF-16 is converted; any
-// other is looked at where it is, and must outlive this.
+// The bytes of a page, in an encoding in which ASCII is ASCII, and that encoding. A page in UTF-16 is
+// converted; any other is looked at where it is, and must outlive this.
 //
-// A byte order mark decides, else a META that says code page 1252 or Latin-1. Every other page is UTF-8, unless there
-// are more bytes in it that are wrong there than letters that are right: what says that it is UTF-8 may not be.
+// A byte order mark decides, else a META that says code page 1252 or Latin-1. Every other page is UTF-8,
+// unless there are more bytes in it that are wrong there than letters that are right: what says that it is
+// UTF-8 may not be.
 class PageText {
   public:
     explicit PageText(std::string_view page);

@@ -159,8 +159,8 @@ std::string_view PageTokens::takeQuoted(char mark)
     return page_.substr(begin, at_ - begin);
 }
 
-// A value that goes on over the entries of the lines below lacks its quotation mark. In a script, which an address may
-// be, "<" alone says nothing.
+// A value that goes on over the entries of the lines below lacks its quotation mark. In a script, which an
+// address may be, "<" alone says nothing.
 bool PageTokens::isUnclosed(std::string_view value)
 {
     steps_ += value.size();

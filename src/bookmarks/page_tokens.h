@@ -38,9 +38,9 @@ bool isAsciiBlank(char c); // a blank, a tab, a form feed or a line end
 // Whether `text` is `lower` but for the case of ASCII letters.
 bool isAsciiText(std::string_view text, std::string_view lower);
 
-// Cuts a page into texts and tags, as browsers do, and where a quotation mark is missing, or an angle bracket, as the
-// writer must have meant it. Comments and declarations are left out; a tag that the end of the page cuts is, too.
-// Works on the bytes of any encoding in which ASCII is ASCII.
+// Cuts a page into texts and tags, as browsers do, and where a quotation mark is missing, or an angle
+// bracket, as the writer must have meant it. Comments and declarations are left out; a tag that the end of
+// the page cuts is, too. Works on the bytes of any encoding in which ASCII is ASCII.
 class PageTokens {
   public:
     explicit PageTokens(std::string_view page); // which must outlive the tokens

@@ -40,8 +40,7 @@ TEST(AddDate, OfADayBefore1970IsNone)
     EXPECT_EQ(addDateOf(SiteDate{100, 1, 1}), std::nullopt);
 }
 
-// What was written is read, to the last day that a site can have... but for far centuries, which count as
-// milliseconds.
+// As far as seconds are not taken for milliseconds.
 TEST(AddDate, IsReadAsItIsWritten)
 {
     for (int year = 1970; year < 5138; ++year) {

@@ -59,7 +59,8 @@ TEST(BookmarkMemory, OfPicturesIsNone)
     EXPECT_LE(memoryToImport(page), littleMemory);
 }
 
-// The shortest folder with a bookmark, "<H3>a<DL><A HREF>", becomes a category with a title as long as a title may be.
+// The shortest folder with a bookmark, "<H3>a<DL><A HREF>", becomes a category with a title as long as a
+// title may be.
 TEST(BookmarkMemory, OfImportingIsBoundedByThePage)
 {
     constexpr std::size_t perByte = 100;

@@ -113,7 +113,7 @@ TEST(BookmarkReader, BearsListsThatEndTooOften)
                     {"<DL><DL><H3>f</H3><DL></DL></DL><A HREF=x>n</A></DL>", {L"f {", L"}", L"n|x||"}}});
 }
 
-TEST(BookmarkReader, TakesAFolderWithASayingOfItsOwn)
+TEST(BookmarkReader, TakesAFolderWithADescription)
 {
     expectOutlines({{"<DT><H3>f</H3><DD>about\n<DL><A HREF=x>n</A></DL>", {L"f {", L"n|x||", L"}"}}});
 }

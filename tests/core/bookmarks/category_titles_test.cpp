@@ -68,7 +68,7 @@ TEST(CategoryTitles, WithANumberAreNoLongerThanOthers)
     EXPECT_EQ(titles.take(blank), std::wstring(107, L'y') + L" (2)");
 }
 
-// The tenth thousandth must not try ten thousand numbers.
+// The ten-thousandth must not try ten thousand numbers.
 TEST(CategoryTitles, OfManyEqualFoldersAreFoundAtOnce)
 {
     std::size_t folded = 0;

@@ -12,8 +12,9 @@
 namespace vandrel::test {
 namespace {
 
-// For each byte of a page, at most: once for its encoding and twice for its tokens in UTF-8, which may have half as
-// many bytes again as UTF-16, once for its text; and a second time for what was taken for a value first.
+// For each byte of a page, at most: once for its encoding and twice for its tokens in UTF-8, which may have
+// half as many bytes again as UTF-16, once for its text; and a second time for what was taken for a value
+// first.
 constexpr std::size_t mostStepsPerByte = 12;
 constexpr std::size_t fewSteps = 100;
 

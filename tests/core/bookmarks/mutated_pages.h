@@ -65,8 +65,8 @@ inline std::string_view pagePiece(HostileText& hostile)
     return pieces[hostile.below(std::size(pieces))];
 }
 
-// A browser's page, or nothing, with pieces inserted, removed, doubled, repeated or replaced by any byte; now and then
-// as UTF-16.
+// A browser's page, or nothing, with pieces inserted, removed, doubled, repeated or replaced by any byte; now
+// and then as UTF-16.
 inline std::string mutatedPage(HostileText& hostile)
 {
     std::string page;

@@ -8,8 +8,8 @@
 
 namespace vandrel::test {
 
-// What is in a page, a text for each thing that the reader tells: "Work {" or "Work 1037404800 {" for a folder, "}"
-// for its end, "name|url|description|1037404800" for a bookmark.
+// What is in a page, a text for each thing that the reader tells: "Work {" or "Work 1037404800 {" for a
+// folder, "}" for its end, "name|url|description|1037404800" for a bookmark.
 class Outline : public BookmarkHandler {
   public:
     void folderBegins(const std::wstring& name, std::optional<AddDate> added) override
