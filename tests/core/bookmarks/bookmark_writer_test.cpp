@@ -130,6 +130,8 @@ TEST(BookmarkWriter, PutsTheReplacementLetterForWhatNoPageCanHold)
     const std::wstring halves{L'a', static_cast<wchar_t>(0xD83D), L'b', static_cast<wchar_t>(0xDC80), L'\0'};
     writer.addBookmark(halves, L"x", L"", std::nullopt);
     EXPECT_EQ(outlineOf(writer.bytes()), (Lines{L"a\uFFFDb\uFFFD\uFFFD|x||"}));
+    EXPECT_TRUE(writer.bytes().find("a\xEF\xBF\xBD"
+                                    "b\xEF\xBF\xBD\xEF\xBF\xBD<") != std::string_view::npos);
 }
 
 TEST(BookmarkWriter, WritesRandomTextsSoThatTheyAreReadAsTheyWere)
