@@ -11,7 +11,7 @@ includes=$(grep -rE '^#include "' --include='*.h' --include='*.cpp' . |
 awk '
     BEGIN {
         folders = "platform/base platform/text platform/files platform/controls platform/windows " \
-            "platform/system model shared dialogs store capture,exchange,scan,search,update mainwindow ."
+            "platform/system model shared dialogs store capture,exchange,scan,search,update bookmarks mainwindow ."
         floors = split(folders, floor, " ")
         for (i = 1; i <= floors; ++i) {
             beside = split(floor[i], folder, ",")
