@@ -57,6 +57,14 @@ void RowTable::setMark(std::size_t row, Mark mark)
     rows_[row].current = mark.current;
 }
 
+std::optional<std::size_t> RowTable::nextMarked(std::size_t from) const
+{
+    for (std::size_t row = from; row < rows_.size(); ++row) {
+        if (rows_[row].marked || rows_[row].current) return row;
+    }
+    return std::nullopt;
+}
+
 std::wstring_view RowTable::keepText(std::wstring text)
 {
     // A forward_list never moves its elements, so the views stay valid.
@@ -247,8 +255,10 @@ void RowTable::arrange(bool on, std::size_t key, SortOrder order)
 {
     const Change change(*this, RowChange::moved);
     const auto before = std::tuple(sorted_, sortKey_, sortOrder_, inOrder_);
+    const bool reversed = on && key == sortKey_ && order != sortOrder_ && inOrder_ == rows_.size();
     if (key != sortKey_ || order != sortOrder_) inOrder_ = 0;
     std::tie(sorted_, sortKey_, sortOrder_) = std::tuple(on, key, order);
+    if (reversed) return reverse();
     try {
         sort();
     } catch (...) {
@@ -262,6 +272,20 @@ bool RowTable::comesBefore(const Row& a, const Row& b) const
     // Contract: every column is compared as text, dates too.
     const int order = a.texts[sortKey_].compare(b.texts[sortKey_]);
     return sortOrder_ == SortOrder::ascending ? order < 0 : order > 0;
+}
+
+// For rows in the opposite order. Equal ones keep their places among themselves, as in a stable sort.
+void RowTable::reverse()
+{
+    std::ranges::reverse(rows_);
+    for (auto first = rows_.begin(); first != rows_.end();) {
+        const auto end = std::find_if(first + 1, rows_.end(), [&](const Row& row) {
+            return row.texts[sortKey_] != first->texts[sortKey_];
+        });
+        std::reverse(first, end);
+        first = end;
+    }
+    inOrder_ = rows_.size();
 }
 
 void RowTable::sort()

@@ -53,6 +53,7 @@ class RowTable final : public RowSource {
     std::optional<std::size_t> rowOf(Id id) const override;
     Mark mark(std::size_t row) const override { return {rows_[row].marked, rows_[row].current}; }
     void setMark(std::size_t row, Mark mark) override;
+    std::optional<std::size_t> nextMarked(std::size_t from) const override;
     void observe(RowObserver* observer) override { observer_ = observer; }
 
     // Changes whenever rows come, go or change places.
@@ -84,7 +85,8 @@ class RowTable final : public RowSource {
     // Inserts a row at that number, whatever the sort order.
     void insert(std::size_t row, NewTexts texts, int image);
     void remove(std::size_t row);
-    // Removes every marked row and returns how many there were.
+    // Removes every marked row and returns how many there were. A list view marks what is selected in it when
+    // the change begins.
     std::size_t removeMarked();
 
     // Setting the key or the order sorts again while sorted is on.
@@ -107,6 +109,7 @@ class RowTable final : public RowSource {
     bool comesBefore(const Row& a, const Row& b) const;
     void arrange(bool on, std::size_t key, SortOrder order);
     void sort();
+    void reverse();
     Row keptRow(NewTexts texts, int image);
     void tellOf(std::size_t row) const;
 

@@ -99,8 +99,7 @@ void RemoveURL(Workspace& workspace)
         workspace.shown.unsaved = true;
         // Contract: the bar runs over every row, not only the selected ones.
         for (std::size_t row = 0; row < sites.size(); ++row) PB.setValue(row + 1);
-        workspace.lstInfo.markSelection();
-        sites.removeMarked();
+        sites.removeMarked(); // the list marks what is selected before rows go
     }
     workspace.StatusBar1.setPanelText(1, L"Remove successful.");
     SaveItems(workspace);

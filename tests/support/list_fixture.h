@@ -128,11 +128,7 @@ struct TestList : OwnRows, ListView {
     {}
 };
 
-inline std::size_t removeSelected(TestList& list)
-{
-    list.markSelection();
-    return list.rows.removeMarked();
-}
+inline std::size_t removeSelected(TestList& list) { return list.rows.removeMarked(); }
 
 inline void fillList(TestList& list, const std::vector<Strings>& texts) { fillRows(list.rows, texts); }
 

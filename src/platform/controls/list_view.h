@@ -62,8 +62,6 @@ class ListView : public Control, private RowObserver {
     void select(std::size_t row); // only this row, and makes it current
     void selectAll();
     void clearSelection();
-    // Marks the selected rows and the current one in the source.
-    void markSelection();
 
     Twips columnWidth(std::size_t column) const;
     void setColumnWidth(std::size_t column, Twips width);
@@ -114,6 +112,7 @@ class ListView : public Control, private RowObserver {
     POINT menuPoint() const;
     std::optional<std::size_t> nextRow(LRESULT from, UINT state) const;
     bool isSelectedBlock(std::size_t first, std::size_t rows) const;
+    void markSelection();
     void dropSelection();
     void giveSelection();
     void setState(int row, UINT state, UINT mask);

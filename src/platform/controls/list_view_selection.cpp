@@ -78,13 +78,14 @@ bool ListView::isSelectedBlock(std::size_t first, std::size_t rows) const
     return last < count() && isSelected(last) && !nextRow(static_cast<LRESULT>(last), LVNI_SELECTED);
 }
 
-// Row by row if they are scattered, because the control takes far longer to do that in one go. Uses no
-// memory, so that a list can always be emptied.
+// All rows at once takes as long as there are rows in the list, selected or not, so it is done only for a large
+// block: of scattered rows the control unselects all far more slowly. Uses no memory, so that a list can always
+// be emptied.
 void ListView::dropSelection()
 {
     std::size_t left = selectedCount();
     auto row = left > 0 ? firstSelected() : std::nullopt;
-    if (row && isSelectedBlock(*row, left)) {
+    if (row && left > count() / 8 && isSelectedBlock(*row, left)) {
         setState(-1, 0, LVIS_SELECTED);
         return;
     }
@@ -94,10 +95,10 @@ void ListView::dropSelection()
     }
 }
 
-// Uses no memory, so that a row can always be removed again.
+// Marks the selected rows and the current one in the source. Uses no memory, so that a row can always be
+// removed again.
 void ListView::markSelection()
 {
-    for (std::size_t row = 0; row < count(); ++row) rows_.setMark(row, {});
     std::size_t left = selectedCount();
     auto row = left > 0 ? firstSelected() : std::nullopt;
     const bool block = row && isSelectedBlock(*row, left);
@@ -109,18 +110,20 @@ void ListView::markSelection()
     if (const auto current = currentRow()) rows_.setMark(*current, {.selected = true, .current = true});
 }
 
+// Takes the marks off the rows, so that there are none until rows move again.
 void ListView::giveSelection()
 {
     std::size_t marked = 0;
-    for (std::size_t row = 0; row < count(); ++row) marked += rows_.mark(row).selected ? 1 : 0;
+    while (marked < count() && rows_.mark(marked).selected) ++marked;
     const bool all = marked == count() && marked > 0 && selection_ == Selection::many;
     if (all) setState(-1, LVIS_SELECTED, LVIS_SELECTED);
-    for (std::size_t row = 0; row < count(); ++row) {
-        const RowSource::Mark mark = rows_.mark(row);
+    for (auto row = rows_.nextMarked(0); row; row = rows_.nextMarked(*row + 1)) {
+        const RowSource::Mark mark = rows_.mark(*row);
         UINT state = 0;
         if (mark.selected && !all) state |= LVIS_SELECTED;
         if (mark.current) state |= LVIS_FOCUSED;
-        if (state != 0) setState(static_cast<int>(row), state, state);
+        rows_.setMark(*row, {});
+        if (state != 0) setState(static_cast<int>(*row), state, state);
     }
 }
 

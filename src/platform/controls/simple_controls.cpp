@@ -11,7 +11,7 @@ namespace vandrel {
 namespace {
 
 constexpr int longestText = 65535; // characters that can be typed into a box
-constexpr ULONGLONG progressMilliseconds = 100;
+constexpr ULONGLONG progressMilliseconds = 20;
 
 // Leaves room for one more (see showPosition).
 int nativePosition(std::size_t value)
@@ -206,10 +206,8 @@ void ProgressBar::setValue(std::size_t value)
     value_ = value;
     const std::size_t position = std::min(value, maximum_);
     if (position == shown_) return;
-    const bool aHundredth = position < shown_ ||
-                            position - shown_ >= std::max<std::size_t>(maximum_ / 100, 1);
     const ULONGLONG now = tickClock().now();
-    if (!aHundredth && position != maximum_ && now < nextTime_) return;
+    if (position > shown_ && position != maximum_ && now < nextTime_) return;
     shown_ = position;
     nextTime_ = now + progressMilliseconds;
     showPosition(nativePosition(position));

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <limits>
 
@@ -73,13 +73,17 @@ long lenientWhole(std::wstring_view text, long lowest, long highest)
 
 std::wstring decimalText(long value) { return std::to_wstring(value); }
 
+// The fewest decimals that give the number back. std::to_chars would do it as well, with 170 KB of tables.
 std::wstring decimalText(float value)
 {
     if (!std::isfinite(value) || value == 0) return L"0";
-    std::array<char, 64> digits{};
-    const auto [end, failure] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                              std::chars_format::fixed);
-    return failure == std::errc{} ? std::wstring(digits.data(), end) : L"0";
+    std::array<char, 64> digits{}; // room for every float
+    for (int decimals = 0;; ++decimals) {
+        const int length = std::snprintf(digits.data(), digits.size(), "%.*f", decimals,
+                                         static_cast<double>(value));
+        if (length < 0 || static_cast<std::size_t>(length) >= digits.size()) return L"0";
+        if (std::strtof(digits.data(), nullptr) == value) return {digits.data(), digits.data() + length};
+    }
 }
 
 } // namespace vandrel
