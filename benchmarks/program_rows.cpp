@@ -115,9 +115,9 @@ void programRows()
     startTime(empty); // warms the system up
     const double floor = startTime(empty);
     print({"start to a painted window, empty folder", "starting an empty window", startTime(onEmptyFolder),
-           floor, "ms", 1.5});
+           floor, "ms", 1.3});
     print({"start to a painted window, 1,000 categories", "starting an empty window", startTime(onThousand),
-           floor, "ms", 2});
+           floor, "ms", 1.5});
 
     constexpr DWORD seconds = 20;
     const double idleFloor = idleMilliseconds(empty, seconds);

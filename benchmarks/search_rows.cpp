@@ -78,22 +78,26 @@ void searchRows()
     const double before = memoryInUse();
 
     const double floor = timed([] { plainSearch(rareWord); });
-    searchRow(search, "searching 1,000,000 sites for a rare word", rareWord, floor, 2);
+    searchRow(search, "searching 1,000,000 sites for a rare word", rareWord, floor, 0.8);
     if (const double grep = grepMilliseconds(); grep > 0) {
         print({"the same", "grep -F -i -c over the files", timed([&] { search.DoSearch(rareWord); }), grep,
                "ms", 1});
     }
-    searchRow(search, "a word that occurs nowhere", noWord, floor, 2);
-    searchRow(search, "a frequent word", frequentWord, floor, 3);
-    searchRow(search, "the empty term: every site is a hit", L"", floor, 4);
+    searchRow(search, "a word that occurs nowhere", noWord, floor, 0.8);
+    searchRow(search, "a frequent word", frequentWord, floor, 2);
+    searchRow(search, "the empty term: every site is a hit", L"", floor, 3);
 
     // Sorting and scrolling the million rows of the last search.
     ListView& results = search.results();
-    const auto click = [&] {
-        results.ColumnClick(0);
+    const auto click = [&](std::size_t column) {
+        results.ColumnClick(column);
         UpdateWindow(results.handle());
     };
-    print({"a click on a header of 1,000,000 results until painted", "", timed(click), 1, "ms", 1000});
+    std::size_t column = 0;
+    const auto clickAnother = [&] { click(column = 1 - column); };
+    print({"a click on another header of 1,000,000 results until painted", "", timed(clickAnother), 1, "ms",
+           400});
+    print({"a click on the same header", "", timed([&] { click(column); }), 1, "ms", 400});
     const auto page = [&] {
         SendMessageW(results.handle(), WM_VSCROLL, SB_PAGEDOWN, 0);
         UpdateWindow(results.handle());

@@ -1,5 +1,6 @@
 #include "model/row_table.h"
 
+#include "platform/base/prefetch.h"
 #include "platform/text/text_sort.h"
 
 #include <algorithm>
@@ -57,9 +58,9 @@ void RowTable::setMark(std::size_t row, Mark mark)
     rows_[row].current = mark.current;
 }
 
-std::optional<std::size_t> RowTable::nextMarked(std::size_t from) const
+std::optional<std::size_t> RowTable::lastMarked(std::size_t before) const
 {
-    for (std::size_t row = from; row < rows_.size(); ++row) {
+    for (std::size_t row = before; row-- > 0;) {
         if (rows_[row].marked || rows_[row].current) return row;
     }
     return std::nullopt;
@@ -305,7 +306,11 @@ void RowTable::sort()
     std::ranges::transform(rows_, keys.begin(), [this](const Row& row) { return row.texts[sortKey_]; });
     const std::vector<std::uint32_t> order = sortedOrder(keys, sortOrder_ == SortOrder::descending);
     std::vector<Row> sorted(rows_.size());
-    std::ranges::transform(order, sorted.begin(), [this](std::uint32_t index) { return rows_[index]; });
+    constexpr std::size_t ahead = 16;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        if (i + ahead < order.size()) prefetch(reinterpret_cast<std::uintptr_t>(&rows_[order[i + ahead]]));
+        sorted[i] = rows_[order[i]];
+    }
     rows_ = std::move(sorted);
 }
 

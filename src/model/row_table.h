@@ -53,7 +53,7 @@ class RowTable final : public RowSource {
     std::optional<std::size_t> rowOf(Id id) const override;
     Mark mark(std::size_t row) const override { return {rows_[row].marked, rows_[row].current}; }
     void setMark(std::size_t row, Mark mark) override;
-    std::optional<std::size_t> nextMarked(std::size_t from) const override;
+    std::optional<std::size_t> lastMarked(std::size_t before) const override;
     void observe(RowObserver* observer) override { observer_ = observer; }
 
     // Changes whenever rows come, go or change places.

@@ -72,6 +72,11 @@ class Control {
     virtual void applyFont();
     HFONT fontHandle() const { return fontHandle_.get(); }
     int outerHeight() const; // pixels
+    // Has the native control answer without the system in between, which takes longer than most answers.
+    LRESULT callNative(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return CallWindowProcW(nativeProc_, window_, message, wParam, lParam);
+    }
 
   private:
     static LRESULT CALLBACK controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;

@@ -11,7 +11,7 @@ namespace vandrel {
 // selected rows, and the row that last got the focus.
 std::optional<std::size_t> ListView::nextRow(LRESULT from, UINT state) const
 {
-    const auto row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
+    const auto row = callNative(LVM_GETNEXTITEM, static_cast<WPARAM>(from), static_cast<LPARAM>(state));
     return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
@@ -33,7 +33,10 @@ std::optional<std::size_t> ListView::currentRow() const
     return row ? row : firstSelected();
 }
 
-bool ListView::isSelected(std::size_t row) const { return send(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0; }
+bool ListView::isSelected(std::size_t row) const
+{
+    return callNative(LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0;
+}
 
 std::size_t ListView::selectedCount() const { return static_cast<std::size_t>(send(LVM_GETSELECTEDCOUNT)); }
 
@@ -42,7 +45,7 @@ void ListView::setState(int row, UINT state, UINT mask)
     LVITEMW item{};
     item.state = state;
     item.stateMask = mask;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    callNative(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 void ListView::select(std::size_t row)
@@ -110,14 +113,15 @@ void ListView::markSelection()
     if (const auto current = currentRow()) rows_.setMark(*current, {.selected = true, .current = true});
 }
 
-// Takes the marks off the rows, so that there are none until rows move again.
+// Takes the marks off the rows, so that there are none until rows move again. From the last row to the first:
+// Wine 8.0 looks for neighbours of a new row from the front of the selection.
 void ListView::giveSelection()
 {
     std::size_t marked = 0;
     while (marked < count() && rows_.mark(marked).selected) ++marked;
     const bool all = marked == count() && marked > 0 && selection_ == Selection::many;
     if (all) setState(-1, LVIS_SELECTED, LVIS_SELECTED);
-    for (auto row = rows_.nextMarked(0); row; row = rows_.nextMarked(*row + 1)) {
+    for (auto row = rows_.lastMarked(count()); row; row = rows_.lastMarked(*row)) {
         const RowSource::Mark mark = rows_.mark(*row);
         UINT state = 0;
         if (mark.selected && !all) state |= LVIS_SELECTED;

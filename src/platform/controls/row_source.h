@@ -52,8 +52,8 @@ class RowSource {
     virtual std::optional<Order> order() const = 0;            // no value while the rows are not sorted
     virtual Mark mark(std::size_t row) const = 0;
     virtual void setMark(std::size_t row, Mark mark) = 0;
-    // The first row from there on that is selected or current; no value if there is none.
-    virtual std::optional<std::size_t> nextMarked(std::size_t from) const = 0;
+    // The last row before that one that is selected or current; no value if there is none.
+    virtual std::optional<std::size_t> lastMarked(std::size_t before) const = 0;
 
     // Borrows the observer; null for none. Only one at a time.
     virtual void observe(RowObserver* observer) = 0;

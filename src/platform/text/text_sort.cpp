@@ -1,68 +1,108 @@
 #include "platform/text/text_sort.h"
 
+#include "platform/base/prefetch.h"
+#include "platform/text/sort_key.h"
+
 #include <algorithm>
+#include <array>
+#include <functional>
+#include <utility>
 
 namespace vandrel {
 namespace {
-
-constexpr std::size_t unitsPerKey = 3;
 
 struct Entry {
     std::uint64_t key;
     std::uint32_t index;
 };
 
-// Three code units from `depth` on, the most significant first, then how many of them the text really has,
-// so that a text that ends sorts before one that continues with NULs.
-std::uint64_t keyAt(std::wstring_view text, std::size_t depth)
-{
-    const std::size_t left = depth < text.size() ? text.size() - depth : 0;
-    std::uint64_t key = 0;
-    for (std::size_t i = 0; i < unitsPerKey; ++i) {
-        key = key << 16 | (i < left ? static_cast<std::uint16_t>(text[depth + i]) : 0U);
-    }
-    return key << 16 | std::min(left, unitsPerKey);
-}
-
-bool textEndsIn(std::uint64_t key) { return (key & 0xFFFFU) < unitsPerKey; }
+// From this many entries on, sorting by the keys' bytes is faster than comparing keys.
+constexpr std::ptrdiff_t manyEntries = 1000;
+// Of entries, whose texts are anywhere in memory: so many are fetched while the ones before are read.
+constexpr std::ptrdiff_t ahead = 16;
 
 class Sorter {
   public:
-    Sorter(std::span<const std::wstring_view> texts, bool descending) : texts_(texts), descending_(descending)
+    Sorter(std::span<const std::wstring_view> texts, bool descending)
+        : texts_(texts), flipped_(descending ? ~std::uint64_t{} : 0)
     {}
 
     // The entries of [first, last) agree in all units before `depth` and are in order of index.
     void sort(Entry* first, Entry* last, std::size_t depth)
     {
         while (last - first > 1) {
-            bool allEqual = true;
+            std::uint64_t differences = 0;
             for (Entry* e = first; e != last; ++e) {
-                e->key = keyAt(texts_[e->index], depth);
-                allEqual = allEqual && e->key == first->key;
+                if (last - e > ahead) fetchText(e[ahead].index, depth);
+                e->key = SortKey::of(texts_[e->index], depth) ^ flipped_;
+                differences |= e->key ^ first->key;
             }
-            if (!allEqual) return split(first, last, depth);
-            if (textEndsIn(first->key)) return;
-            depth += unitsPerKey;
+            if (differences != 0) return split(first, last, depth, differences);
+            if (!goesOn(first, last, depth)) return;
+            depth += SortKey::units;
         }
     }
 
   private:
-    void split(Entry* first, Entry* last, std::size_t depth)
+    void fetchText(std::uint32_t index, std::size_t depth) const
     {
-        std::sort(first, last, [this](const Entry& a, const Entry& b) {
-            if (a.key != b.key) return (a.key < b.key) != descending_;
-            return a.index < b.index;
-        });
+        prefetch(reinterpret_cast<std::uintptr_t>(texts_[index].data()) + depth * sizeof(wchar_t));
+    }
+
+    void split(Entry* first, Entry* last, std::size_t depth, std::uint64_t differences)
+    {
+        if (last - first >= manyEntries) sortByBytes(first, last, differences);
+        else sortByKeys(first, last);
         while (first != last) {
             Entry* const end = std::find_if(first + 1, last,
                                             [&](const Entry& e) { return e.key != first->key; });
-            if (!textEndsIn(first->key)) sort(first, end, depth + unitsPerKey);
+            if (end - first > 1 && goesOn(first, end, depth)) sort(first, end, depth + SortKey::units);
             first = end;
         }
     }
 
+    // Whether entries with the same key have to be sorted by what follows it.
+    bool goesOn(Entry* first, Entry* last, std::size_t depth) const
+    {
+        const std::uint64_t key = first->key ^ flipped_;
+        if (!SortKey::inexact(key)) return !SortKey::ended(key);
+        std::sort(first, last, [&](const Entry& a, const Entry& b) {
+            const int order = texts_[a.index].substr(depth).compare(texts_[b.index].substr(depth));
+            return order != 0 ? (order < 0) == (flipped_ == 0) : a.index < b.index;
+        });
+        return false;
+    }
+
+    static void sortByKeys(Entry* first, Entry* last)
+    {
+        std::sort(first, last, [](const Entry& a, const Entry& b) {
+            return a.key != b.key ? a.key < b.key : a.index < b.index;
+        });
+    }
+
+    // Stable, from the lowest byte to the highest; bytes in which no keys differ are left out.
+    void sortByBytes(Entry* first, Entry* last, std::uint64_t differences)
+    {
+        const auto count = static_cast<std::size_t>(last - first);
+        if (other_.size() < count) other_.resize(count);
+        Entry* from = first;
+        Entry* to = other_.data();
+        for (unsigned shift = 0; shift < 64; shift += 8) {
+            const auto byteOf = [shift](const Entry& e) { return e.key >> shift & 0xFF; };
+            if ((differences >> shift & 0xFF) == 0) continue;
+            std::array<std::uint32_t, 256> places{};
+            for (std::size_t i = 0; i < count; ++i) ++places[byteOf(from[i])];
+            std::uint32_t before = 0;
+            for (std::uint32_t& place : places) place = std::exchange(before, before + place);
+            for (std::size_t i = 0; i < count; ++i) to[places[byteOf(from[i])]++] = from[i];
+            std::swap(from, to);
+        }
+        if (from != first) std::copy(from, from + count, first);
+    }
+
     std::span<const std::wstring_view> texts_;
-    bool descending_;
+    std::uint64_t flipped_; // all bits for a descending order
+    std::vector<Entry> other_;
 };
 
 bool inOrder(std::span<const std::wstring_view> texts, bool descending)

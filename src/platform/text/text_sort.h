@@ -11,8 +11,8 @@ namespace vandrel {
 // case matters. Equal texts keep their order, ascending and descending alike.
 //
 // Addresses share long prefixes ("https://www."), which a comparison sort would walk again for every
-// comparison. This reads each text a few units at a time, once for each depth at which it still ties with
-// others.
+// comparison. This reads each text eight units at a time, once for each depth at which it still ties with
+// others, and compares these at once or, where there are many, not at all.
 std::vector<std::uint32_t> sortedOrder(std::span<const std::wstring_view> texts, bool descending);
 
 } // namespace vandrel

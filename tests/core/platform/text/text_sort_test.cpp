@@ -160,13 +160,13 @@ TEST(SortedOrder, AgreesWithAStableSortOnShortTexts)
     }
 }
 
-TEST(SortedOrder, AgreesWithAStableSortOnLengthsAroundMultiplesOfThree)
+TEST(SortedOrder, AgreesWithAStableSortOnLengthsAroundMultiplesOfEight)
 {
     Random random;
     for (int round = 0; round < 200; ++round) {
         std::vector<std::wstring> texts(random.below(80));
         for (std::wstring& text : texts) {
-            const std::size_t length = 3 * (1 + random.below(4)) + random.below(3) - 1;
+            const std::size_t length = 8 * (1 + random.below(3)) + random.below(3) - 1;
             text = std::wstring(length, L'a') + random.text(L"ab\0"sv, random.below(3));
         }
         expectAsStableSort(texts);
@@ -189,6 +189,17 @@ TEST(SortedOrder, AgreesWithAStableSortOnLongSharedBeginnings)
         }
         expectAsStableSort(texts);
     }
+}
+
+TEST(SortedOrder, AgreesWithAStableSortOnManyTextsInManyScripts)
+{
+    Random random;
+    std::vector<std::wstring> texts(5'000);
+    for (std::wstring& text : texts) {
+        text = std::wstring(random.below(9), L'w') +
+               random.text(L"ab\0\u00FD\u00FE\u00FF\u0100\u20AC\uFFFD"sv, random.below(12));
+    }
+    expectAsStableSort(texts);
 }
 
 TEST(SortedOrder, AgreesWithAStableSortOnALargeList)
