@@ -2,6 +2,7 @@
 
 #include "exchange/html_page.h"
 #include "model/site_columns.h"
+#include "model/site_record.h"
 #include "platform/base/message_box.h"
 #include "platform/base/runtime_error.h"
 #include "platform/controls/simple_controls.h"
@@ -20,6 +21,7 @@
 #include "store/category_selection.h"
 
 #include <new>
+#include <numeric>
 #include <span>
 
 namespace vandrel {
@@ -31,6 +33,12 @@ class PageBytes {
     explicit PageBytes(const OptionsState& options) : page_(options) {}
 
     HtmlPage& page() { return page_; }
+    // Adds a site whose texts are in the code page already.
+    void addSite(const BasicSiteRecord<char>& site)
+    {
+        if (!page_.text().empty()) encode();
+        appendSiteRow(bytes_, site.name, site.url, site.description);
+    }
     void encode()
     {
         encodeAnsi(page_.text(), bytes_);
@@ -63,25 +71,61 @@ void addShownSites(const Workspace& workspace, HtmlPage& page)
 }
 
 // A page that silently lacked a category might be published.
-Category readWholly(const Workspace& workspace, const std::wstring& title)
+template <typename Read> auto readWholly(Read read)
 {
     try {
-        return readCategory(workspace.dataFolder, title);
+        return read();
     } catch (const RuntimeError&) {
         throw RuntimeError(error_number::permissionDenied);
     }
+}
+
+// Whether every byte of a file comes back as it was when it is decoded and encoded.
+bool ansiBytesStay()
+{
+    const CodePageLetters* const letters = ansiLetters();
+    if (letters == nullptr) return false;
+    std::string bytes(letters->size(), '\0');
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    std::string again;
+    encodeAnsi({letters->data(), letters->size()}, again);
+    return again == bytes;
+}
+
+// The page and the file are in the same code page, so where it is one of single bytes nothing is decoded.
+class CategoryBytes {
+  public:
+    void add(const Workspace& workspace, const std::wstring& title, PageBytes& page)
+    {
+        const auto bytes = readWholly([&] { return categoryBytes(workspace.dataFolder, title, file_); });
+        BasicSiteRecordReader<char> sites(bytes.value_or(std::string_view()));
+        auto site = sites.next();
+        if (workspace.options.generateEmpty || site) page.page().addTitle(title);
+        for (; site; site = sites.next()) page.addSite(*site);
+    }
+
+  private:
+    FileBytes file_;
+};
+
+void addDecoded(const Workspace& workspace, const std::wstring& title, PageBytes& page)
+{
+    const Category read = readWholly([&] { return readCategory(workspace.dataFolder, title); });
+    if (workspace.options.generateEmpty || !read.sites.empty()) page.page().addTitle(title);
+    addSites(read.sites.all(), page.page());
 }
 
 // The window follows now and then, for the user to see the progress.
 void addCategories(Workspace& workspace, PageBytes& bytes)
 {
     MessageThrottle throttle;
+    const bool asBytes = ansiBytesStay();
+    CategoryBytes file;
     for (std::size_t category = 0; category < workspace.categories.size(); ++category) {
         workspace.PB.setValue(category + 1);
         const std::wstring title = titleOf(workspace, category);
-        const Category read = readWholly(workspace, title);
-        if (workspace.options.generateEmpty || !read.sites.empty()) bytes.page().addTitle(title);
-        addSites(read.sites.all(), bytes.page());
+        if (asBytes) file.add(workspace, title, bytes);
+        else addDecoded(workspace, title, bytes);
         bytes.encode();
         if (!throttle.due()) continue;
         throttle.take([&] {

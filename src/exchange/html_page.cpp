@@ -33,8 +33,7 @@ void HtmlPage::addTitle(std::wstring_view category)
 void HtmlPage::addSite(std::wstring_view name, std::wstring_view url, std::wstring_view description)
 {
     // Contract: nothing is escaped.
-    append(text_, {L"<tr><td>", name, L"</td><td><a href=\"", url, L"\">", url, L"</a></td><td>", description,
-                   L"</td></tr>", lineEnd});
+    appendSiteRow(text_, name, url, description);
 }
 
 void HtmlPage::end(std::wstring_view site)

@@ -7,7 +7,25 @@
 
 namespace vandrel {
 
-// A page that lists sites in a table, as text. Nothing is escaped: a description may hold markup of its own.
+// Adds the row of a site to a page, in letters or in the bytes of a code page that contains ASCII. Nothing is
+// escaped: a description may hold markup of its own.
+template <typename Unit>
+void appendSiteRow(std::basic_string<Unit>& page, std::basic_string_view<Unit> name,
+                   std::basic_string_view<Unit> url, std::basic_string_view<Unit> description)
+{
+    const auto markup = [&page](std::string_view ascii) { page.append(ascii.begin(), ascii.end()); };
+    markup("<tr><td>");
+    page += name;
+    markup("</td><td><a href=\"");
+    page += url;
+    markup("\">");
+    page += url;
+    markup("</a></td><td>");
+    page += description;
+    markup("</td></tr>\r\n");
+}
+
+// A page that lists sites in a table, as text. Nothing is escaped.
 class HtmlPage {
   public:
     // Begins the page with its font, and the table with its width and border.

@@ -9,7 +9,6 @@
 #include "platform/files/folder.h"
 #include "shared/list_images.h"
 
-#include <optional>
 #include <vector>
 
 namespace vandrel {
@@ -31,12 +30,13 @@ std::vector<RowTable::Row> sitesOf(std::wstring_view text)
     return rows;
 }
 
-// None when there is no such file. A missing folder (a removed stick, a lost share) says nothing about its
-// files, so that is an error.
-std::optional<DecodedText> textOf(const std::wstring& folder, const std::wstring& title)
+// What `read` gives; none when there is no such file. A missing folder (a removed stick, a lost share) says
+// nothing about its files, so that is an error.
+template <typename Read>
+auto ifThere(const std::wstring& folder, Read read) -> std::optional<decltype(read())>
 {
     try {
-        return AnsiTextFile(categoryPath(folder, title)).read();
+        return read();
     } catch (const RuntimeError& error) {
         if (error.number() != error_number::fileNotFound) throw;
         requireFolder(folder);
@@ -55,12 +55,18 @@ Category readCategory(const std::wstring& folder, const std::wstring& title)
 {
     Category category;
     category.title = title;
-    const auto text = textOf(folder, title);
+    const auto text = ifThere(folder, [&] { return AnsiTextFile(categoryPath(folder, title)).read(); });
     if (!text) return category;
     category.sites.fill(text->units, sitesOf(*text));
     category.text = *text;
     category.reading = Reading::read;
     return category;
+}
+
+std::optional<std::string_view> categoryBytes(const std::wstring& folder, const std::wstring& title,
+                                              FileBytes& file)
+{
+    return ifThere(folder, [&] { return file.read(categoryPath(folder, title)); });
 }
 
 void writeCategory(const std::wstring& folder, const std::wstring& title, Rows rows, FileLayer& files)

@@ -35,9 +35,9 @@ void showOpenCategory(Workspace& workspace, std::optional<std::size_t> open)
         categories.setImage(row, row == open ? openFolderImage : closedFolderImage);
     }
     // Contract: with no category shown, the caption keeps the last title.
-    if (open)
-        SetWindowTextW(workspace.window,
-                       (std::wstring(programTitle) + L" - " + titleOf(workspace, *open)).c_str());
+    if (!open) return;
+    const std::wstring caption = std::wstring(programTitle) + L" - " + titleOf(workspace, *open);
+    SetWindowTextW(workspace.window, caption.c_str());
 }
 
 } // namespace

@@ -8,7 +8,7 @@ struct Workspace;
 
 struct NewCategory {
     enum class Answer { made, refused, cancelled };
-    Answer answer;
+    Answer answer = Answer::cancelled;
     RowTable::Id row = 0; // of the category list
 };
 

@@ -55,12 +55,10 @@ void showAnother(Workspace& workspace, RowTable::Id category)
     const auto reason = shownRow(workspace) ? reasonNotSaved(workspace) : std::wstring();
     const auto row = workspace.categories.rowOf(category); // messages may have run and moved it
     if (!row) return;
-    if (!reason) {
-        showCategory(workspace, *row);
-    } else if (hasStraySites(workspace)) {
+    if (reason && hasStraySites(workspace)) {
         if (category == workspace.shown.row) return; // still unreadable
         if (!offerStraySites(workspace, *row)) showCategory(workspace, *row);
-    } else if (mayDiscard(workspace, *reason)) {
+    } else if (!reason || mayDiscard(workspace, *reason)) {
         showCategory(workspace, *row);
     } else {
         selectShown(workspace);

@@ -18,9 +18,9 @@ std::wstring shortcutText(Shortcut shortcut);
 
 // One entry of a menu tree. It belongs to the nearest entry above it with a smaller depth.
 struct MenuRow {
-    int depth;
-    int id;                 // unique, from 1
-    const wchar_t* caption; // "-" is a separator
+    int depth = 0;
+    int id = 0;                       // unique, from 1
+    const wchar_t* caption = nullptr; // "-" is a separator
     Shortcut shortcut{};
     bool hidden = false;     // for a top-level entry: a pop-up menu, not on the bar
     bool hasSubmenu = false; // has one, although the table has no entries for it
@@ -48,9 +48,9 @@ class MenuTree {
   private:
     struct Entry {
         MenuRow row;
-        HMENU parent;
-        UINT position;
-        HMENU submenu;
+        HMENU parent = nullptr;
+        UINT position = 0;
+        HMENU submenu = nullptr;
     };
     const Entry& entry(int id) const;
     void append(Entry& entry, bool hasChildren);

@@ -11,7 +11,8 @@ namespace vandrel {
 namespace {
 
 constexpr int longestText = 65535; // characters that can be typed into a box
-constexpr ULONGLONG progressMilliseconds = 20;
+constexpr ULONGLONG progressMilliseconds = 100;
+constexpr ULONGLONG paintMilliseconds = 20;
 
 // Leaves room for one more (see showPosition).
 int nativePosition(std::size_t value)
@@ -206,11 +207,15 @@ void ProgressBar::setValue(std::size_t value)
     value_ = value;
     const std::size_t position = std::min(value, maximum_);
     if (position == shown_) return;
+    const bool aHundredth = position < shown_ ||
+                            position - shown_ >= std::max<std::size_t>(maximum_ / 100, 1);
     const ULONGLONG now = tickClock().now();
-    if (position > shown_ && position != maximum_ && now < nextTime_) return;
+    if (!aHundredth && position != maximum_ && now < nextTime_) return;
     shown_ = position;
     nextTime_ = now + progressMilliseconds;
     showPosition(nativePosition(position));
+    if (position != maximum_ && now < nextPainting_) return;
+    nextPainting_ = now + paintMilliseconds;
     UpdateWindow(handle());
 }
 

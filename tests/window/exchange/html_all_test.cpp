@@ -53,6 +53,19 @@ TEST_F(HtmlAllTest, EachCategoryComesUnderItsTitleAndAnEmptyOneNotAtAll)
     EXPECT_EQ(page(), html::header + arts + cars + html::footer);
 }
 
+TEST_F(HtmlAllTest, EveryByteOfACategoryIsOnThePageAsItWas)
+{
+    std::string bytes;
+    for (int byte = 1; byte < 256; ++byte) {
+        if (std::string_view("\r\n|;").find(static_cast<char>(byte)) == std::string_view::npos)
+            bytes += static_cast<char>(byte);
+    }
+    folder.write(L"Work.udb", "n" + bytes + "|" + bytes + "|" + bytes + "|1/1/2001\r\n");
+    start();
+    EXPECT_EQ(page(),
+              html::header + html::title("Work") + html::row("n" + bytes, bytes, bytes) + html::footer);
+}
+
 TEST_F(HtmlAllTest, WithTheOptionAnEmptyCategoryHasItsTitle)
 {
     setPreference(L"Options", L"GenEmpty", L"1");
