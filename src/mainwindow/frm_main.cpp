@@ -78,6 +78,7 @@ frmMain::frmMain(Startup startup)
     lstCategory_.setAccessibleName(L"Categories");
     lstInfo_.setAccessibleName(L"Sites");
     Toolbar1_.setAccessibleName(L"Toolbar");
+    StatusBar1_.setAccessibleName(L"Status");
     PB_.setAccessibleName(L"Progress");
     for (Control* const control : controls()) control->setFont({});
     drawForDpi();

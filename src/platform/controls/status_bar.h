@@ -13,6 +13,7 @@ class StatusBar : public Control {
 
     explicit StatusBar(HWND parent);
 
+    void setAccessibleName(const std::wstring& name) override { annotateName(name); } // its text is a panel's
     std::wstring panelText(int panel) const;
     void setPanelText(int panel, const std::wstring& text);
     // Pixels, relative to the bar.
