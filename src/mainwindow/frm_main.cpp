@@ -81,6 +81,7 @@ frmMain::frmMain(Startup startup)
     StatusBar1_.setAccessibleName(L"Status");
     PB_.setAccessibleName(L"Progress");
     for (Control* const control : controls()) control->setFont({});
+    StatusBar1_.dock();
     drawForDpi();
     SetMenu(handle(), menus_.bar());
     bindEvents();

@@ -25,6 +25,9 @@ class StatusBar : public Control {
     int height() const { return outerHeight(); }
     // Moves to the bottom of the parent, after that has been resized.
     void dock();
+
+  private:
+    template <std::size_t Count> void setEdges(const std::array<int, Count>& edges);
 };
 
 } // namespace vandrel
