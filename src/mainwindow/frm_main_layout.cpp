@@ -145,6 +145,7 @@ void frmMain::fontsChanged()
 
 void frmMain::dpiChanged(unsigned dpi, const RECT& suggested)
 {
+    icons_.showIn(handle(), dpi);
     for (Control* const control : controls()) control->dpiChanged(dpi);
     drawForDpi();
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
