@@ -50,6 +50,7 @@ frmAbout::frmAbout(HWND owner, const std::wstring& version)
         DrawIconEx(context, 0, 0, logo_.get(), area.right, area.bottom, 0, nullptr, DI_NORMAL);
     };
     cmdOK_.Click = [this] { cmdOK_Click(); };
+    for (PictureBox* const box : {&fraAbout_, &picInfo_, &Picture1_}) box->setPageOf(Tabs_.handle());
     Picture1_.setCaption(L"Vandrel's logo");
     Tabs_.setAccessibleName(L"Pages");
     setFirstFocus(cmdOK_.handle());

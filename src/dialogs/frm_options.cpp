@@ -82,6 +82,7 @@ frmOptions::frmOptions(HWND owner, OptionsState& options, Form& mainWindow)
     TabStrip1_.Click = [this] { TabStrip1_Click(); };
     cmdOK_.Click = [this] { cmdOK_Click(); };
     cmdCancel_.Click = [this] { cmdCancel_Click(); };
+    for (PictureBox* const page : {&picAppearance_, &picHTML_}) page->setPageOf(TabStrip1_.handle());
     picColor_.setCaption(L"Font Color");
     picPreview_.setCaption(L"Sample");
     TabStrip1_.setAccessibleName(L"Pages");

@@ -14,8 +14,8 @@ std::wstring BrowseForFolder(HWND owner, const std::wstring& title)
     BROWSEINFOW settings{};
     settings.hwndOwner = owner;
     settings.lpszTitle = title.c_str();
-    settings.ulFlags = BIF_RETURNONLYFSDIRS;
-    const CurrentDirectoryKept directory; // renaming a category relies on it
+    settings.ulFlags = BIF_RETURNONLYFSDIRS; // Contract: no other flag, so no button that makes folders
+    const CurrentDirectoryKept directory;    // renaming a category relies on it
     const ModalScope others(nullptr, owner);
     const PIDLIST_ABSOLUTE chosen = SHBrowseForFolderW(&settings);
     if (chosen == nullptr) return {};

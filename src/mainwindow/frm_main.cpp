@@ -17,8 +17,6 @@ constexpr Twips splitterStep{120}; // for each press of a key
 
 enum ControlId { idCategories = 201, idSites };
 
-IconHandle programIcon(int metric) { return loadIcon(L"a-vandrel", GetSystemMetrics(metric)); }
-
 // The key with the modifiers that are held down.
 CommandKey pressed(WPARAM key)
 {
@@ -31,8 +29,6 @@ CommandKey pressed(WPARAM key)
 
 frmMain::frmMain(Startup startup)
     : Window({.className = L"Vandrel.Main", .style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN}),
-      bigIcon_(programIcon(SM_CXICON)),
-      smallIcon_(programIcon(SM_CXSMICON)),
       preferences_(std::move(startup.settings)),
       commandLine_(std::move(startup.commandLine)),
       lstCategory_(handle(), idCategories, ListView::Selection::one, true,
@@ -71,15 +67,16 @@ frmMain::frmMain(Startup startup)
 {
     startAnswering();
     setCaption(programTitle);
+    icons_.showIn(handle(), dpi());
     workspace_.keepOnTop.window = handle();
-    SendMessageW(handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon_.get()));
-    SendMessageW(handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
     Toolbar1_.setButtonMenu(dropDownButton(commands()), dropDownRows(commands()));
     lstCategory_.setAccessibleName(L"Categories");
     lstInfo_.setAccessibleName(L"Sites");
     Toolbar1_.setAccessibleName(L"Toolbar");
+    StatusBar1_.setAccessibleName(L"Status");
     PB_.setAccessibleName(L"Progress");
     for (Control* const control : controls()) control->setFont({});
+    StatusBar1_.dock();
     drawForDpi();
     SetMenu(handle(), menus_.bar());
     bindEvents();

@@ -13,6 +13,7 @@
 #include "platform/windows/drop_target.h"
 #include "platform/windows/form.h"
 #include "platform/windows/message_loop.h"
+#include "platform/windows/title_icons.h"
 #include "scan/link_scanner.h"
 #include "search/frm_search.h"
 #include "shared/workspace.h"
@@ -114,8 +115,7 @@ class frmMain : public Window, public Form {
     void deleteClosedWindows();
     void giveFocusBack();
 
-    IconHandle bigIcon_;
-    IconHandle smallIcon_;
+    TitleIcons icons_;
     Preferences preferences_;
     std::wstring commandLine_;
     MainLayout layout_;

@@ -1,6 +1,7 @@
 #include "mainwindow/frm_main.h"
 #include "platform/base/scope_exit.h"
 #include "platform/controls/drawing_freeze.h"
+#include "platform/controls/window_batch.h"
 #include "platform/text/number_text.h"
 
 namespace vandrel {
@@ -47,20 +48,35 @@ void frmMain::applyLayout()
 {
     const int top = pixels(listTop);
     const int searchTop = (top - pixels(searchHeight)) / 2;
-    lstCategory_.place(0, top, pixels(layout_.categoryWidth), pixels(layout_.categoryHeight));
+    const int toolBarHeight = Toolbar1_.height();
+    const int statusHeight = StatusBar1_.height();
+    RECT client{};
+    GetClientRect(handle(), &client);
+
+    WindowBatch batch;
+    batch.place(lstCategory_.handle(), 0, top, pixels(layout_.categoryWidth), pixels(layout_.categoryHeight));
+    batch.place(picSepBar_.handle(), pixels(layout_.barLeft), top, pixels(layout_.barWidth),
+                pixels(layout_.barHeight));
+    batch.place(lstInfo_.handle(), pixels(layout_.infoLeft), top, pixels(layout_.infoWidth),
+                pixels(layout_.infoHeight));
+    batch.place(picSearch_.handle(), pixels(layout_.searchLeft), searchTop, pixels(layout_.searchWidth),
+                pixels(searchHeight));
+    batch.place(Toolbar1_.handle(), 0, std::max(0, (top - toolBarHeight) / 2),
+                std::max(0, pixels(layout_.searchLeft)), toolBarHeight);
+    batch.place(StatusBar1_.handle(), 0, client.bottom - statusHeight, client.right, statusHeight);
+
+    // First what becomes narrower: otherwise a scroll bar would come and go.
+    for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
+        const Twips width = layout_.infoColumns[column];
+        if (width < lstInfo_.columnWidth(column)) lstInfo_.setColumnWidth(column, width);
+    }
+    if (layout_.categoryColumn < lstCategory_.columnWidth(0))
+        lstCategory_.setColumnWidth(0, layout_.categoryColumn);
+    batch.apply();
     lstCategory_.setColumnWidth(0, layout_.categoryColumn);
-    SetWindowPos(picSepBar_.handle(), nullptr, pixels(layout_.barLeft), top, pixels(layout_.barWidth),
-                 pixels(layout_.barHeight), SWP_NOZORDER | SWP_NOACTIVATE);
-    lstInfo_.place(pixels(layout_.infoLeft), top, pixels(layout_.infoWidth), pixels(layout_.infoHeight));
     for (std::size_t column = 0; column < layout_.infoColumns.size(); ++column) {
         lstInfo_.setColumnWidth(column, layout_.infoColumns[column]);
     }
-    picSearch_.place(pixels(layout_.searchLeft), searchTop, pixels(layout_.searchWidth),
-                     pixels(searchHeight));
-    const int barHeight = Toolbar1_.height();
-    Toolbar1_.place(0, std::max(0, (top - barHeight) / 2), std::max(0, pixels(layout_.searchLeft)),
-                    barHeight);
-    StatusBar1_.dock();
     const int outcome = StatusBar1_.sizeOf(widestOutcome).cx + pixels(120_twips);
     const int first = std::max(pixels(firstPanel), outcome);
     StatusBar1_.setPanelEdges(first, first + (pixels(layout_.clientWidth) - first) * 2 / 5);
@@ -72,7 +88,6 @@ void frmMain::Form_Resize()
     resizing_ = true;
     const ScopeExit done([this] { resizing_ = false; });
     const DrawingFreeze freeze(handle());
-    StatusBar1_.dock(); // its height follows its font
     readLayout();
     const Twips width = layout_.outerWidth;
     const Twips height = layout_.outerHeight;
@@ -121,12 +136,16 @@ void frmMain::fontsChanged()
 {
     layout_.searchWidth = std::clamp(toTwips(picSearch_.fittingWidth(), dpi()), smallestSearch,
                                      largestSearch);
+    StatusBar1_.dock(); // its height follows its font
+    picSearch_.layOut();
     Form_Resize();
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     if (GetParent(PB_.handle()) == StatusBar1_.handle()) sinkProgressBar();
 }
 
 void frmMain::dpiChanged(unsigned dpi, const RECT& suggested)
 {
+    icons_.showIn(handle(), dpi);
     for (Control* const control : controls()) control->dpiChanged(dpi);
     drawForDpi();
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,

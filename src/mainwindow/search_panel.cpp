@@ -51,11 +51,20 @@ int SearchPanel::fittingWidth() const
            buttonWidthFor(cmbSearch.height());
 }
 
-void SearchPanel::place(int left, int top, int width, int height)
+LRESULT SearchPanel::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    SetWindowPos(handle(), HWND_TOP, left, top, width, height, SWP_NOACTIVATE);
+    if (message != WM_SIZE) return Window::onMessage(message, wParam, lParam);
+    layOut();
+    return 0;
+}
+
+void SearchPanel::layOut()
+{
+    RECT area{};
+    GetClientRect(handle(), &area);
+    const int width = area.right;
     const int boxHeight = cmbSearch.height();
-    const int boxTop = (height - boxHeight) / 2;
+    const int boxTop = (area.bottom - boxHeight) / 2;
     const int buttonWidth = buttonWidthFor(boxHeight);
     cmbSearch.place(0, boxTop, width - buttonWidth - cmbSearch.pixels(gap),
                     boxHeight + cmbSearch.pixels(openListHeight));

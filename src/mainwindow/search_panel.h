@@ -16,12 +16,16 @@ class SearchPanel : public Window {
 
     bool enabled() const { return IsWindowEnabled(handle()) != 0; }
     void setEnabled(bool on);
-    // Pixels, from the parent's client area.
-    void place(int left, int top, int width, int height);
+    // Places the box and its button. The panel does so itself when its size changes; to be called when the
+    // font has changed.
+    void layOut();
     // The width in pixels at which the box shows its first text in full.
     int fittingWidth() const;
     // Loads the button's picture for the panel's present DPI.
     void drawForDpi();
+
+  protected:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
 } // namespace vandrel

@@ -73,6 +73,8 @@ frmSearch::frmSearch(Workspace& workspace)
     lstResults_.Return = [this] { lstResults_DblClick(); };
     lstResults_.MouseMove = [this] { lstResults_MouseMove(); };
     lstResults_.setAccessibleName(lblResults_.text());
+    StatusBar1_.setAccessibleName(L"Status");
+    lstResults_.dropCutOffTips();
     setFirstFocus(txtSearch_.handle());
     Form_Load();
 }

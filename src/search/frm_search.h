@@ -40,6 +40,7 @@ class frmSearch : public Dialog {
   protected:
     void layOut() override;
     SIZE smallestSize() const override;
+    void scaleChanged(unsigned dpi) override { tip_.dpiChanged(dpi); }
     POINT firstCorner(SIZE own, const RECT& around, const RECT& work) const override;
     void onOk() override { cmdSearch_Click(); }
     void onCancel() override { cmdCancel_Click(); }

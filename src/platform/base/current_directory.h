@@ -6,8 +6,8 @@
 
 namespace vandrel {
 
-// The process has the same current directory after this object as before it. The system's dialogs change it to the
-// folder that they show: GetOpenFileName does so in spite of OFN_NOCHANGEDIR, and whatever the shell loads may.
+// Restores the current directory of the process at the end of its life. The system's dialogs change it to the
+// folder that they show: GetOpenFileName does so in spite of OFN_NOCHANGEDIR, and extensions of the shell may.
 class CurrentDirectoryKept {
   public:
     CurrentDirectoryKept()

@@ -46,6 +46,7 @@ template <typename T> T nullHandle() { return nullptr; }
 
 using FileHandle = UniqueHandle<HANDLE, CloseHandle, noFile>;
 using FindHandle = UniqueHandle<HANDLE, FindClose, noFile>;
+using BrushHandle = UniqueHandle<HBRUSH, DeleteObject, nullHandle<HBRUSH>>;
 using FontHandle = UniqueHandle<HFONT, DeleteObject, nullHandle<HFONT>>;
 using MenuHandle = UniqueHandle<HMENU, DestroyMenu, nullHandle<HMENU>>;
 using AcceleratorHandle = UniqueHandle<HACCEL, DestroyAcceleratorTable, nullHandle<HACCEL>>;

@@ -2,6 +2,7 @@
 
 #include "platform/base/guarded.h"
 #include "platform/base/system_error.h"
+#include "platform/controls/accessible_name.h"
 #include "platform/controls/window_text.h"
 
 #include <commctrl.h>
@@ -38,7 +39,9 @@ Control::Control(HWND parent, const wchar_t* className, DWORD style, DWORD exten
 // The last messages get the native behaviour, because the overrides of derived classes no longer apply.
 Control::~Control()
 {
-    if (window_ != nullptr) DestroyWindow(window_);
+    if (window_ == nullptr) return;
+    forgetName();
+    DestroyWindow(window_);
 }
 
 LRESULT CALLBACK Control::controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
@@ -48,6 +51,7 @@ LRESULT CALLBACK Control::controlProc(HWND window, UINT message, WPARAM wParam, 
     if (message == objectMessage()) return reinterpret_cast<LRESULT>(control);
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        control->forgetName();
         control->window_ = nullptr;
         return CallWindowProcW(control->nativeProc_, window, message, wParam, lParam);
     }
@@ -130,6 +134,24 @@ bool Control::hasFocus() const
 std::wstring Control::text() const { return windowText(window_); }
 
 void Control::setText(const std::wstring& text) { SetWindowTextW(window_, text.c_str()); }
+
+// Some of the system's controls take the text of the window for their name, others do not.
+void Control::setAccessibleName(const std::wstring& name)
+{
+    SetWindowTextW(window_, name.c_str());
+    annotateName(name);
+}
+
+void Control::annotateName(const std::wstring& name)
+{
+    setNameForReaders(window_, name.c_str());
+    annotated_ = true;
+}
+
+void Control::forgetName()
+{
+    if (std::exchange(annotated_, false)) dropNameForReaders(window_);
+}
 
 void Control::setFont(const FontDescription& font)
 {

@@ -45,7 +45,7 @@ class Control {
     COLORREF foreColor() const { return foreColor_; }
 
     // What a screen reader calls a control that shows no text.
-    void setAccessibleName(const std::wstring& name) { SetWindowTextW(window_, name.c_str()); }
+    virtual void setAccessibleName(const std::wstring& name);
 
     // Null if the window, which may be any, is not a Control of this thread.
     static Control* of(HWND window);
@@ -65,11 +65,13 @@ class Control {
     // command run there would hold it up, and might destroy it. Throws RuntimeError if nothing can be
     // posted.
     void later(std::function<void()> action);
-    // True while the native control answers a message and may run others itself: what is to be done later waits,
-    // until whoever says so calls resumeLater.
+    // True while the native control handles a message within which it may dispatch others. What was put off
+    // then waits until resumeLater is called.
     virtual bool busy() const { return false; }
     void resumeLater();
     virtual void applyFont();
+    // The name alone, for a control whose text is something else.
+    void annotateName(const std::wstring& name);
     HFONT fontHandle() const { return fontHandle_.get(); }
     int outerHeight() const; // pixels
     // Has the native control answer without the system in between, which takes longer than most answers.
@@ -81,9 +83,11 @@ class Control {
   private:
     static LRESULT CALLBACK controlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void runNext();
+    void forgetName();
 
     HWND window_ = nullptr;
     WNDPROC nativeProc_ = nullptr;
+    bool annotated_ = false;
     FontDescription font_;
     FontHandle fontHandle_;
     COLORREF foreColor_ = 0;

@@ -69,6 +69,12 @@ class ListView : public Control, private RowObserver {
     void setGridLines(bool on) { setStyle(LVS_EX_GRIDLINES, on); }
     bool hoverSelection() const { return hasStyle(LVS_EX_TRACKSELECT); }
     void setHoverSelection(bool on);
+    // Shows no tips for texts that are cut off, in a list that has a tip of its own.
+    void dropCutOffTips()
+    {
+        send(LVM_SETTOOLTIPS);
+        setStyle(LVS_EX_LABELTIP, false);
+    }
     void editLabel(std::size_t row);
     bool editingLabel() const;
     // Accepts what was typed, as Enter does.

@@ -29,8 +29,8 @@ void ListView::fireItemClick()
 void ListView::selectionGained()
 {
     pressFired_ = true;
-    // Raised behind the message of the user, if it is one; whoever else selects rows, a screen reader say, is in the
-    // middle of it.
+    // Not at once: during a message of the user's, userMessage raises the event at its end; anyone else who
+    // selects rows, such as a screen reader, is still waiting for the answer to a call.
     if (!clickPending_ && !busy()) {
         later([this] {
             if (clickPending_) fireItemClick();
@@ -56,8 +56,8 @@ bool ListView::unselectsMany(UINT message) const
     return extends || selectedCount() >= manyRows;
 }
 
-// What a press on another row does first, or one below them all: many rows are faster unselected here, without
-// painting.
+// A press on another row, or on the empty space, first unselects all rows. Of many rows that is done here, faster
+// and without painting.
 void ListView::unselectForPress(LPARAM point)
 {
     if (selection_ == Selection::one || selectedCount() < manyRows || keyDown(VK_SHIFT) ||
@@ -134,7 +134,7 @@ LRESULT ListView::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-// Also in the middle of a press, which runs messages.
+// Enter may come in the middle of a press, because the native control dispatches messages then.
 void ListView::returnPressed()
 {
     if (!busy()) return Return();

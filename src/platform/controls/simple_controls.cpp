@@ -1,6 +1,7 @@
 #include "platform/controls/simple_controls.h"
 
 #include "platform/base/tick_clock.h"
+#include "platform/controls/theme.h"
 
 #include <commctrl.h>
 
@@ -34,8 +35,15 @@ void Label::center()
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
+void StyledControl::setForeColor(COLORREF color)
+{
+    if (color == foreColor()) return;
+    Control::setForeColor(color);
+    setThemed(handle(), color == 0);
+}
+
 Frame::Frame(HWND parent, const std::wstring& text)
-    : Control(parent, WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT, -1)
+    : StyledControl(parent, WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT, -1)
 {
     setText(text);
 }
@@ -59,7 +67,7 @@ void Button::onCommand(WORD code, WORD)
 }
 
 CheckBox::CheckBox(HWND parent, int id, const std::wstring& text)
-    : Control(parent, WC_BUTTONW, WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX, 0, id)
+    : StyledControl(parent, WC_BUTTONW, WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX, 0, id)
 {
     setText(text);
 }
@@ -77,8 +85,8 @@ void CheckBox::onCommand(WORD code, WORD)
 }
 
 OptionButton::OptionButton(HWND parent, int id, const std::wstring& text, Place place)
-    : Control(parent, WC_BUTTONW, BS_AUTORADIOBUTTON | (place == Place::first ? WS_GROUP | WS_TABSTOP : 0), 0,
-              id)
+    : StyledControl(parent, WC_BUTTONW,
+                    BS_AUTORADIOBUTTON | (place == Place::first ? WS_GROUP | WS_TABSTOP : 0), 0, id)
 {
     setText(text);
 }
@@ -219,8 +227,8 @@ void ProgressBar::setValue(std::size_t value)
     UpdateWindow(handle());
 }
 
-// A themed bar takes about a second to fill up to a higher position, and goes to a lower one at once: a short job would
-// end with a bar that has hardly begun. So it comes from above.
+// A themed bar takes about a second to fill up to a higher position, and goes to a lower one at once: a short job
+// would end with a bar that has hardly begun. So it comes from above.
 void ProgressBar::showPosition(int position)
 {
     const int end = nativePosition(maximum_);

@@ -14,8 +14,18 @@ class Label : public Control {
     void center();
 };
 
+// A control that the system's visual style gives a text colour of its own. While it has another one it is drawn
+// without the style.
+class StyledControl : public Control {
+  public:
+    void setForeColor(COLORREF color) override;
+
+  protected:
+    using Control::Control;
+};
+
 // A group box.
-class Frame : public Control {
+class Frame : public StyledControl {
   public:
     Frame(HWND parent, const std::wstring& text);
 };
@@ -34,7 +44,7 @@ class Button : public Control {
     IconHandle icon_;
 };
 
-class CheckBox : public Control {
+class CheckBox : public StyledControl {
   public:
     CheckBox(HWND parent, int id, const std::wstring& text);
 
@@ -47,7 +57,7 @@ class CheckBox : public Control {
 
 // One of a group of buttons, of which one is on. `first` starts a group. The arrow keys move within the
 // group; Tab goes to the button that is on.
-class OptionButton : public Control {
+class OptionButton : public StyledControl {
   public:
     enum class Place { first, following };
     OptionButton(HWND parent, int id, const std::wstring& text, Place place);

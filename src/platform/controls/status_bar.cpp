@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace vandrel {
 
 StatusBar::StatusBar(HWND parent) : Control(parent, STATUSCLASSNAMEW, SBARS_SIZEGRIP | WS_CLIPCHILDREN, 0, -1)
@@ -30,16 +32,18 @@ RECT StatusBar::panelArea(int panel) const
     return area;
 }
 
-void StatusBar::setPanelEdges(int first, int second)
-{
-    const std::array<int, panelCount> edges{first, second, -1};
-    SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
-}
+void StatusBar::setPanelEdges(int first, int second) { setEdges(std::array{first, second, -1}); }
 
-void StatusBar::setPanelEdge(int first)
+void StatusBar::setPanelEdge(int first) { setEdges(std::array{first, -1}); }
+
+// The native bar repaints itself whenever it is told, even if nothing changes.
+template <std::size_t Count> void StatusBar::setEdges(const std::array<int, Count>& edges)
 {
-    const std::array<int, 2> edges{first, -1};
-    SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+    std::array<int, panelCount> now{};
+    const auto count = static_cast<std::size_t>(
+        SendMessageW(handle(), SB_GETPARTS, now.size(), reinterpret_cast<LPARAM>(now.data())));
+    if (count == Count && std::equal(edges.begin(), edges.end(), now.begin())) return;
+    SendMessageW(handle(), SB_SETPARTS, Count, reinterpret_cast<LPARAM>(edges.data()));
 }
 
 void StatusBar::dock() { SendMessageW(handle(), WM_SIZE, 0, 0); }

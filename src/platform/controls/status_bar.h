@@ -13,6 +13,7 @@ class StatusBar : public Control {
 
     explicit StatusBar(HWND parent);
 
+    void setAccessibleName(const std::wstring& name) override { annotateName(name); } // its text is a panel's
     std::wstring panelText(int panel) const;
     void setPanelText(int panel, const std::wstring& text);
     // Pixels, relative to the bar.
@@ -24,6 +25,9 @@ class StatusBar : public Control {
     int height() const { return outerHeight(); }
     // Moves to the bottom of the parent, after that has been resized.
     void dock();
+
+  private:
+    template <std::size_t Count> void setEdges(const std::array<int, Count>& edges);
 };
 
 } // namespace vandrel

@@ -1,6 +1,7 @@
 #include "platform/controls/tool_tip.h"
 
 #include "platform/base/system_error.h"
+#include "platform/base/twips.h"
 
 #include <commctrl.h>
 
@@ -8,7 +9,7 @@ namespace vandrel {
 namespace {
 
 // Wider texts are broken into lines.
-constexpr int widestTip = 600; // pixels
+constexpr Twips widestTip{9000};
 
 TTTOOLINFOW toolOf(HWND window, std::wstring& text)
 {
@@ -32,10 +33,15 @@ ToolTip::ToolTip(HWND window)
     if (tip_ == nullptr) raiseLastError();
     TTTOOLINFOW tool = toolOf(window_, text_);
     SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, widestTip);
+    dpiChanged(GetDpiForWindow(window));
 }
 
 ToolTip::~ToolTip() { DestroyWindow(tip_); }
+
+void ToolTip::dpiChanged(unsigned dpi)
+{
+    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, toPixels(widestTip, dpi));
+}
 
 void ToolTip::setText(const std::wstring& text)
 {

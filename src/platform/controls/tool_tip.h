@@ -17,6 +17,8 @@ class ToolTip {
     HWND handle() const { return tip_; }
     const std::wstring& text() const { return text_; }
     void setText(const std::wstring& text);
+    // To be called when the window has come to another DPI: the width at which texts are broken into lines follows.
+    void dpiChanged(unsigned dpi);
 
   private:
     HWND window_;

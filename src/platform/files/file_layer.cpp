@@ -25,7 +25,8 @@ std::optional<std::vector<BYTE>> accessRightsOf(const std::wstring& path)
     return descriptor;
 }
 
-// The entries of the list, and whether the folder may add to it. Other marks say how the list came about.
+// Whether both lists have the same entries, and both or neither take those of the folder. What else differs
+// between descriptors is how the lists came about.
 bool areSameRights(std::vector<BYTE>& one, std::vector<BYTE>& other)
 {
     struct List {
@@ -77,17 +78,19 @@ std::wstring FileLayer::contentsOf(const std::wstring& path)
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
         return path;
-    // Others have the mark, too: a file that is kept in a cloud, say.
+    // Other files are reparse points, too, such as those whose contents are kept in a cloud.
     WIN32_FIND_DATAW found{};
     const FindHandle search(FindFirstFileW(path.c_str(), &found));
     if (!search || found.dwReserved0 != IO_REPARSE_TAG_SYMLINK) return path;
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const FileHandle file(CreateFileW(path.c_str(), 0, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!file) return {};
-    std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED),
-                        L'\0'); // with its NUL
+    // As it was opened: for the normalised name the user may lack rights in the folders above, or the server
+    // the means.
+    std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_OPENED),
+                        L'\0'); // and NUL
     target.resize(GetFinalPathNameByHandleW(file.get(), target.data(), static_cast<DWORD>(target.size()),
-                                            FILE_NAME_NORMALIZED));
+                                            FILE_NAME_OPENED));
     return target;
 }
 
@@ -159,8 +162,8 @@ bool FileLayer::setAccessRights(const std::wstring& path, PSECURITY_DESCRIPTOR r
     return SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights) != 0;
 }
 
-// Most files have what their folder gives. To set it once more takes time, and may be refused: a share with the
-// right to change files lets nobody set rights.
+// Most files have the rights that their folder gives. Setting these again takes time and may be refused: on a
+// share that grants "Change" nobody may set rights.
 bool FileLayer::copyAccessRights(const std::wstring& original, const std::wstring& copy)
 {
     auto wanted = accessRightsOf(original);

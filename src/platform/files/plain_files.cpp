@@ -5,7 +5,7 @@
 namespace vandrel {
 namespace {
 
-// A bare name in the form that makes it no device's: CON.udb is the console under its short form.
+// Makes a bare name a full path, and any path an extended one: as a bare name, CON.udb would be the console.
 std::wstring pathOf(const std::wstring& name)
 {
     if (name.find_first_of(L"\\/:") != std::wstring::npos) return extendedPath(name);

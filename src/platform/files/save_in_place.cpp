@@ -106,7 +106,7 @@ class KeptBytes {
         }
         return path;
     }
-    // What is encrypted is not kept in plain.
+    // The bytes of an encrypted file are kept encrypted or not at all.
     bool write(std::string_view bytes, bool encrypted)
     {
         const HANDLE file = encrypted ? files_.createEncrypted(path_) : files_.createForWriting(path_);

@@ -144,8 +144,8 @@ std::optional<std::wstring> redirection(HINTERNET request, const std::wstring& a
 
 // ---- one request
 
-// Who asks for a name and a password is not given the user's: the addresses are anybody's. Those that stand in the
-// address are for its host, and the proxy is the user's own choice.
+// A server that asks for a name and a password is not given the user's, because an address may be anybody's. A
+// name and a password in the address are meant for its host, and a proxy is the user's own choice.
 enum class LogOn { never, allowed };
 
 LogOn logOnFor(const std::wstring& address)

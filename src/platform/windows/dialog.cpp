@@ -25,10 +25,14 @@ Dialog::Dialog(HWND owner, const std::wstring& caption, Border border) : owner_(
     dialog.header.style |= border == Border::fixed
                                ? DS_MODALFRAME
                                : WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
+    // Without a button in the taskbar, which a window with an owner does not get by itself, the minimised
+    // dialog would stay above the taskbar as a bare title.
+    if (border == Border::sizable) dialog.header.dwExtendedStyle = WS_EX_APPWINDOW;
     window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &dialog.header, owner, dialogProc, 0);
     if (window_ == nullptr) raiseLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     setCaption(caption);
+    icons_.showIn(window_, dpi());
 }
 
 Dialog::~Dialog()
@@ -84,19 +88,29 @@ INT_PTR Dialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 
 void Dialog::dpiChanged(unsigned dpi, const RECT& suggested)
 {
+    icons_.showIn(window_, dpi);
     for (Control* const control : controls()) control->dpiChanged(dpi);
+    scaleChanged(dpi);
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
     layOut();
 }
 
+// The frame is measured, not computed: whether it scales with the display depends on the version of Windows.
+// A second time, because it may change with the size.
 void Dialog::setClientSize(int width, int height)
 {
-    RECT area{0, 0, width, height};
-    AdjustWindowRectExForDpi(&area, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
-                             static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), dpi());
-    SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    constexpr int attempts = 2;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        RECT outer{};
+        RECT inner{};
+        GetWindowRect(window_, &outer);
+        GetClientRect(window_, &inner);
+        if (inner.right == width && inner.bottom == height) return;
+        SetWindowPos(window_, nullptr, 0, 0, outer.right - outer.left - inner.right + width,
+                     outer.bottom - outer.top - inner.bottom + height,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 // Centred on the owner.

@@ -2,6 +2,7 @@
 
 #include "platform/windows/form.h"
 #include "platform/windows/message_loop.h"
+#include "platform/windows/title_icons.h"
 
 #include <optional>
 #include <string>
@@ -31,6 +32,7 @@ class Dialog : public Form {
     void fontsChanged() override { layOut(); }
 
   protected:
+    // A sizable dialog can be minimised, and has a button of its own in the taskbar.
     enum class Border { fixed, sizable };
     Dialog(HWND owner, const std::wstring& caption, Border border = Border::fixed);
 
@@ -47,6 +49,8 @@ class Dialog : public Form {
     // The upper left corner at which a window of that size opens. Screen coordinates: `around` is the owner,
     // or the whole of `work` if it cannot be seen; `work` is the screen without the taskbar.
     virtual POINT firstCorner(SIZE own, const RECT& around, const RECT& work) const;
+    // Called when the dialog has come to another DPI: updates what is in pixels and no control's.
+    virtual void scaleChanged(unsigned /*dpi*/) {}
     // Called before the dialog handles keys itself; returns whether it has handled the message.
     virtual bool filterKey(const MSG& /*message*/) { return false; }
     virtual void onOk() { unload(); }
@@ -60,6 +64,7 @@ class Dialog : public Form {
     void giveFirstFocus();
     bool filterMessage(MSG& message);
 
+    TitleIcons icons_;
     HWND window_ = nullptr;
     HWND owner_;
     Border border_;

@@ -1,8 +1,11 @@
 #include "platform/windows/drop_target.h"
 
 #include "platform/base/callback_error.h"
+#include "platform/base/com_pointer.h"
 #include "platform/base/scope_exit.h"
 #include "platform/text/ansi_text.h"
+
+#include <shlobj.h>
 
 #include <algorithm>
 #include <atomic>
@@ -92,9 +95,16 @@ DroppedData read(IDataObject& data)
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): only its own Release ends it.
 class DropTarget::Receiver final : public IDropTarget {
   public:
-    explicit Receiver(DropTarget& owner) : owner_(&owner) {}
+    explicit Receiver(DropTarget& owner)
+        : owner_(&owner),
+          pictures_(systemObject<IDropTargetHelper>(CLSID_DragDropHelper, IID_IDropTargetHelper))
+    {}
 
-    void forgetOwner() { owner_ = nullptr; }
+    void forgetOwner()
+    {
+        owner_ = nullptr;
+        pictures_.reset(); // while OLE is still initialised
+    }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
@@ -114,21 +124,33 @@ class DropTarget::Receiver final : public IDropTarget {
     }
 
     // Contract: anything may be dropped. That it holds no text is reported after the drop.
-    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override
-    {
-        return DragOver(0, {}, effect);
-    }
-    HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD, POINTL at, DWORD* effect) override
     {
         if (effect == nullptr) return E_INVALIDARG;
         *effect = answer(*effect);
+        POINT point{at.x, at.y};
+        if (pictures_) pictures_.get()->DragEnter(owner_->target_, data, &point, *effect);
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL at, DWORD* effect) override
+    {
+        if (effect == nullptr) return E_INVALIDARG;
+        *effect = answer(*effect);
+        POINT point{at.x, at.y};
+        if (pictures_) pictures_.get()->DragOver(&point, *effect);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE DragLeave() override
+    {
+        if (pictures_) pictures_.get()->DragLeave();
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL at, DWORD* effect) override
     {
         if (data == nullptr || effect == nullptr) return E_INVALIDARG;
         *effect = answer(*effect);
+        POINT point{at.x, at.y};
+        if (pictures_) pictures_.get()->Drop(data, &point, *effect);
         if (*effect == DROPEFFECT_NONE) return S_OK;
         // The source keeps its data, even if it offers nothing but a move.
         if (*effect == DROPEFFECT_MOVE) *effect = DROPEFFECT_NONE;
@@ -156,6 +178,8 @@ class DropTarget::Receiver final : public IDropTarget {
 
     std::atomic<ULONG> references_ = 1;
     DropTarget* owner_;
+    // Draws what is dragged while it is over the window, as the system does elsewhere. Empty once there is no owner.
+    ComPointer<IDropTargetHelper> pictures_;
 };
 
 const std::wstring& DroppedData::text() const

@@ -1,5 +1,9 @@
 #include "platform/windows/picture_box.h"
 
+#include "platform/controls/theme.h"
+
+#include <utility>
+
 namespace vandrel {
 
 PictureBox::PictureBox(HWND parent, int id, Border border)
@@ -25,9 +29,21 @@ SIZE PictureBox::innerSize() const
     return {area.right, area.bottom};
 }
 
+COLORREF PictureBox::backColor() const
+{
+    if (backColor_) return *backColor_;
+    return tabs_ != nullptr ? tabPageColor(tabs_) : GetSysColor(COLOR_3DFACE);
+}
+
 void PictureBox::setBackColor(COLORREF color)
 {
     backColor_ = color;
+    refresh();
+}
+
+void PictureBox::setPageOf(HWND tabs)
+{
+    tabs_ = tabs;
     refresh();
 }
 
@@ -37,20 +53,25 @@ void PictureBox::refresh()
     UpdateWindow(handle());
 }
 
+void PictureBox::draw(HDC context) const
+{
+    const SIZE size = innerSize();
+    const RECT area{0, 0, size.cx, size.cy};
+    const BrushHandle brush(CreateSolidBrush(backColor()));
+    FillRect(context, &area, brush.get());
+    if (Paint) Paint(context, area);
+}
+
 // Drawn off screen first, so that it does not flicker.
 void PictureBox::paint()
 {
     PAINTSTRUCT paint{};
     const HDC screen = BeginPaint(handle(), &paint);
     const SIZE size = innerSize();
-    const RECT area{0, 0, size.cx, size.cy};
     const HDC context = CreateCompatibleDC(screen);
     const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
     const HGDIOBJ before = SelectObject(context, bitmap);
-    const HBRUSH brush = CreateSolidBrush(backColor());
-    FillRect(context, &area, brush);
-    DeleteObject(brush);
-    if (Paint) Paint(context, area);
+    draw(context);
     BitBlt(screen, 0, 0, size.cx, size.cy, context, 0, 0, SRCCOPY);
     SelectObject(context, before);
     DeleteObject(bitmap);
@@ -58,11 +79,34 @@ void PictureBox::paint()
     EndPaint(handle(), &paint);
 }
 
+// The controls in the box have its background; their texts keep the colour that they have elsewhere.
+LRESULT PictureBox::colorsFor(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT answer = Window::onMessage(message, wParam, lParam);
+    const COLORREF color = backColor();
+    if (!brush_ || color != brushColor_) {
+        BrushHandle brush(CreateSolidBrush(color));
+        if (!brush) return answer;
+        brush_ = std::move(brush);
+        brushColor_ = color;
+    }
+    SetBkColor(reinterpret_cast<HDC>(wParam), color);
+    return reinterpret_cast<LRESULT>(brush_.get());
+}
+
 LRESULT PictureBox::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_ERASEBKGND: return 1;
+    case WM_ERASEBKGND: {
+        // On its own surface the box paints everything in WM_PAINT. Themed controls in it have it drawn on theirs.
+        const auto context = reinterpret_cast<HDC>(wParam);
+        if (WindowFromDC(context) != handle()) draw(context);
+        return 1;
+    }
+    case WM_PRINTCLIENT: draw(reinterpret_cast<HDC>(wParam)); return 0;
     case WM_PAINT: paint(); return 0;
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: return colorsFor(message, wParam, lParam);
     case WM_MOUSEMOVE:
         if (MouseMove) MouseMove();
         return 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/handle.h"
 #include "platform/windows/window.h"
 
 #include <functional>
@@ -22,8 +23,10 @@ class PictureBox final : public Window {
     void setVisible(bool on) { ShowWindow(handle(), on ? SW_SHOWNA : SW_HIDE); }
     bool visible() const { return (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0; }
     // 0x00BBGGRR; the system's COLOR_3DFACE until it is set.
-    COLORREF backColor() const { return backColor_.value_or(GetSysColor(COLOR_3DFACE)); }
+    COLORREF backColor() const;
     void setBackColor(COLORREF color);
+    // From now on the box and what is in it have the background of a page of that tab control.
+    void setPageOf(HWND tabs);
     void refresh();
 
   protected:
@@ -31,8 +34,13 @@ class PictureBox final : public Window {
 
   private:
     void paint();
+    void draw(HDC context) const;
+    LRESULT colorsFor(UINT message, WPARAM wParam, LPARAM lParam);
 
+    HWND tabs_ = nullptr;
     std::optional<COLORREF> backColor_;
+    BrushHandle brush_; // of brushColor_, lent to the system
+    COLORREF brushColor_ = 0;
 };
 
 } // namespace vandrel

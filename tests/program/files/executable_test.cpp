@@ -175,7 +175,9 @@ TEST_F(Executable, AsksForThemedControlsAndForPerMonitorScaling)
     const std::size_t controls = manifest.find("name=\"Microsoft.Windows.Common-Controls\"");
     ASSERT_NE(controls, std::string::npos);
     EXPECT_NE(manifest.find("version=\"6.0.0.0\"", controls), std::string::npos);
-    EXPECT_NE(manifest.find(">PerMonitorV2"), std::string::npos);
+    // Version 1607 of Windows 10 knows "PerMonitor" alone, which is in the second element as well.
+    EXPECT_NE(manifest.find(">true/pm</dpiAware>"), std::string::npos);
+    EXPECT_NE(manifest.find(">PerMonitorV2,PerMonitor</dpiAwareness>"), std::string::npos);
     EXPECT_NE(manifest.find("level=\"asInvoker\""), std::string::npos);
 }
 

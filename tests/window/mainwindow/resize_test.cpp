@@ -186,6 +186,31 @@ TEST_F(Resize, FreezesTheWindowWhileItMovesTheControls)
     EXPECT_TRUE(frozen);
 }
 
+TEST_F(Resize, MovesEachControlOnce)
+{
+    startWith(12000, 9000);
+    const std::array<HWND, 6> windows{lstCategory().handle(),       splitterBar(*main),
+                                      lstInfo().handle(),           main->toolBar().handle(),
+                                      main->searchPanel().handle(), main->workspace().StatusBar1.handle()};
+    std::array<int, windows.size()> moves{};
+    std::array<RECT, windows.size()> places{};
+    for (std::size_t i = 0; i < windows.size(); ++i) places[i] = outerPlace(windows[i]);
+    std::vector<std::unique_ptr<MessageWatch>> watches;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        // A scroll bar that comes or goes is told in the same way.
+        const auto look = [&, i] {
+            const RECT now = outerPlace(windows[i]);
+            if (EqualRect(&now, &places[i]) == 0) ++moves[i];
+            places[i] = now;
+        };
+        watches.push_back(std::make_unique<MessageWatch>(windows[i], WM_WINDOWPOSCHANGED, look));
+    }
+    resizeTo(1000, 700);
+    for (std::size_t i = 0; i < windows.size(); ++i) EXPECT_EQ(moves[i], 1) << i;
+    SendMessageW(main->handle(), WM_SIZE, SIZE_RESTORED, 0);
+    for (std::size_t i = 0; i < windows.size(); ++i) EXPECT_EQ(moves[i], 1) << i << ", which is in its place";
+}
+
 TEST_F(Resize, AtTheSmallestSizeNothingOverlaps)
 {
     startWith(9135, 5685);

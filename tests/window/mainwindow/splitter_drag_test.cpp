@@ -268,6 +268,31 @@ TEST_F(SplitterDrag, FreezesTheWindowWhileItMovesTheControls)
     EXPECT_TRUE(frozen);
 }
 
+TEST_F(SplitterDrag, RepaintsOnlyWhatMoves)
+{
+    start();
+    main->show(SW_SHOWNORMAL);
+    pump();
+    int frames = 0;
+    int others = 0;
+    int lists = 0;
+    std::vector<std::unique_ptr<MessageWatch>> watches;
+    const auto watch = [&](HWND window, UINT message, int& count) {
+        watches.push_back(std::make_unique<MessageWatch>(window, message, [&count] { ++count; }));
+    };
+    watch(main->handle(), WM_NCPAINT, frames);
+    watch(main->toolBar().handle(), WM_PAINT, others);
+    watch(main->searchPanel().handle(), WM_PAINT, others);
+    watch(main->workspace().StatusBar1.handle(), WM_PAINT, others);
+    watch(lstInfo().handle(), WM_PAINT, lists);
+    press(2);
+    move(40);
+    pump();
+    EXPECT_EQ(frames, 0);
+    EXPECT_EQ(others, 0);
+    EXPECT_EQ(lists, 1);
+}
+
 TEST_F(SplitterDrag, ShowsTheResizeCursor)
 {
     start();

@@ -1,11 +1,13 @@
 #include "shared/vendor.h"
+#include "tests/support/name_keeper.h"
+#include "tests/support/registered_class.h"
 #include "tests/window/reach/reach_test.h"
 
 namespace vandrel::test {
 namespace {
 
 // Every visible control by its kind and name, except labels, frames and panels. The splitter bar has no
-// name because it is for the mouse only, and the status bar's texts are read out themselves.
+// name because it is for the mouse only; the status bar's is told to readers alone.
 const std::map<Shown, Names> names{
     {Shown::mainWindow,
      {L"Button: Quick Search", L"ComboBox: Quick Search", L"SysListView32: Categories",
@@ -73,6 +75,59 @@ TEST_F(SpokenNamesOfHidden, ProgressBarsAreNamedBeforeTheyAppear)
             EXPECT_EQ(spokenName(bar), L"Progress");
         });
     }
+}
+
+TEST_F(SpokenNamesOfHidden, EachColumnOfAListHasAHeading)
+{
+    for (const Shown shown : {Shown::mainWindow, Shown::search}) {
+        in(shown, [](HWND window) {
+            for (const HWND list : visibleWithin(window)) {
+                if (classOf(list) != WC_LISTVIEWW) continue;
+                std::array<wchar_t, 64> heading{};
+                LVCOLUMNW column{};
+                column.mask = LVCF_TEXT;
+                column.pszText = heading.data();
+                column.cchTextMax = static_cast<int>(heading.size());
+                WPARAM columns = 0;
+                while (SendMessageW(list, LVM_GETCOLUMNW, columns, reinterpret_cast<LPARAM>(&column)) != 0) {
+                    EXPECT_STRNE(heading.data(), L"") << columns;
+                    ++columns;
+                }
+                EXPECT_EQ(columns, spokenName(list) == L"Categories" ? 1U : 4U);
+            }
+        });
+    }
+}
+
+// In force before the main window is made.
+struct KeptNames {
+    NameKeeper keeper;
+    RegisteredClass registered{CLSID_AccPropServices, &keeper};
+
+    Names sorted() const
+    {
+        Names all;
+        for (const auto& [window, name] : keeper.names) all.push_back(name);
+        std::ranges::sort(all);
+        return all;
+    }
+};
+
+class NamesToldToReaders : protected KeptNames, public ReachTest {};
+
+TEST_F(NamesToldToReaders, AreThoseOfListsAndBars)
+{
+    const Names own{L"Categories", L"Progress", L"Sites", L"Status", L"Toolbar"};
+    EXPECT_EQ(sorted(), own);
+    in(Shown::search, [&](HWND window) {
+        const HWND bar = FindWindowExW(window, nullptr, STATUSCLASSNAMEW, nullptr);
+        EXPECT_EQ(keeper.names[bar], L"Status");
+        EXPECT_EQ(keeper.names[GetDlgItem(window, 107)], L"Search Results");
+        EXPECT_EQ(keeper.names.size(), own.size() + 2);
+    });
+    in(Shown::options, [&](HWND) { EXPECT_EQ(std::ranges::count(sorted(), L"Pages"), 1); });
+    MessageLoop::current().rest();
+    EXPECT_EQ(sorted(), own);
 }
 
 } // namespace

@@ -20,34 +20,37 @@ class SearchOpening : public SearchTest {
         const POINT at = pointOnRow(search().results(), row);
         SendMessageW(part(parts::results), WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
     }
-    // The tool tip of the results.
-    std::wstring tip()
+    // The tool tip of the results; null if there is none.
+    HWND tipWindow()
     {
         struct Search {
             HWND owner;
-            HWND list;
-            std::wstring text;
-        } found{dialog(), part(parts::results), L"(no tip)"};
+            HWND tip;
+        } found{dialog(), nullptr};
         EnumThreadWindows(
             GetCurrentThreadId(),
             [](HWND window, LPARAM param) -> BOOL {
                 auto& s = *reinterpret_cast<Search*>(param);
                 std::array<wchar_t, 64> kind{};
                 GetClassNameW(window, kind.data(), 64);
-                if (std::wstring(kind.data()) != TOOLTIPS_CLASSW || GetWindow(window, GW_OWNER) != s.owner)
-                    return TRUE;
-                std::array<wchar_t, 2048> text{};
-                TTTOOLINFOW tool{};
-                tool.cbSize = sizeof tool;
-                tool.hwnd = s.owner;
-                tool.uId = reinterpret_cast<UINT_PTR>(s.list);
-                tool.lpszText = text.data();
-                SendMessageW(window, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
-                s.text = text.data();
-                return FALSE;
+                if (std::wstring(kind.data()) == TOOLTIPS_CLASSW && GetWindow(window, GW_OWNER) == s.owner)
+                    s.tip = window;
+                return s.tip == nullptr;
             },
             reinterpret_cast<LPARAM>(&found));
-        return found.text;
+        return found.tip;
+    }
+    std::wstring tip()
+    {
+        std::array<wchar_t, 2048> text{};
+        TTTOOLINFOW tool{};
+        tool.cbSize = sizeof tool;
+        tool.hwnd = dialog();
+        tool.uId = reinterpret_cast<UINT_PTR>(part(parts::results));
+        tool.lpszText = text.data();
+        if (tipWindow() == nullptr) return L"(no tip)";
+        SendMessageW(tipWindow(), TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+        return text.data();
     }
 
     Recorder recorder;
@@ -108,6 +111,26 @@ TEST_F(SearchOpening, AnEmptyListOpensNothingAndHasNoToolTip)
     SendMessageW(part(parts::results), WM_MOUSEMOVE, 0, MAKELPARAM(20, 40));
     EXPECT_EQ(tip(), L"");
     EXPECT_TRUE(recorder.nothingWasStarted());
+}
+
+TEST_F(SearchOpening, TheToolTipIsTheOnlyOneOfTheResults)
+{
+    startWithCategories();
+    const auto tipsOfCutOffTexts = [](HWND list) {
+        return (SendMessageW(list, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & LVS_EX_LABELTIP) != 0;
+    };
+    EXPECT_TRUE(tipsOfCutOffTexts(lstInfo().handle()));
+    EXPECT_FALSE(tipsOfCutOffTexts(part(parts::results)));
+}
+
+TEST_F(SearchOpening, TheToolTipIsAsWideToTheEyeAtEveryScale)
+{
+    startWithCategories();
+    for (const unsigned dpi : {144U, 96U}) {
+        const RECT place = outerPlace(dialog());
+        SendMessageW(dialog(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(SendMessageW(tipWindow(), TTM_GETMAXTIPWIDTH, 0, 0), static_cast<LRESULT>(600 * dpi / 96));
+    }
 }
 
 TEST_F(SearchOpening, TheToolTipIsAboutTheSelectedRowWhereverTheMouseIs)

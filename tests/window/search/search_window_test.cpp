@@ -232,6 +232,20 @@ TEST_F(SearchWindow, TheArrowKeysGoThroughTheSections)
     EXPECT_EQ(GetFocus(), part(parts::section + 3)) << "Tab leads to the one that is on";
 }
 
+TEST_F(SearchWindow, IsMinimisedToTheTaskbarAndComesBack)
+{
+    startWithCategories();
+    EXPECT_NE(GetWindowLongPtrW(dialog(), GWL_EXSTYLE) & WS_EX_APPWINDOW, 0) << "its button in the taskbar";
+    EXPECT_EQ(GetWindow(dialog(), GW_OWNER), main->handle());
+    const RECT before = outerPlace(dialog());
+    ShowWindow(dialog(), SW_MINIMIZE);
+    ASSERT_TRUE(pumpUntil([&] { return IsIconic(dialog()) != 0; }));
+    open();
+    ASSERT_TRUE(pumpUntil([&] { return IsIconic(dialog()) == 0; }));
+    const RECT after = outerPlace(dialog());
+    EXPECT_TRUE(EqualRect(&before, &after));
+}
+
 TEST_F(SearchWindow, ClosesWithTheMainWindow)
 {
     start();

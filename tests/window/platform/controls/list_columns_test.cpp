@@ -208,6 +208,15 @@ TEST_F(ListColumns, TextsThatAreCutOffHaveATipWithTheWholeText)
     EXPECT_EQ(question.item.pszText, title);
 }
 
+TEST_F(ListColumns, TextsThatAreCutOffHaveNoTipInAListThatHasATipOfItsOwn)
+{
+    const LRESULT before = SendMessageW(sites.handle(), LVM_GETTOOLTIPS, 0, 0);
+    sites.dropCutOffTips();
+    EXPECT_EQ(SendMessageW(sites.handle(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & LVS_EX_LABELTIP, 0);
+    EXPECT_NE(SendMessageW(sites.handle(), LVM_GETTOOLTIPS, 0, 0), before)
+        << "Wine makes a new one when asked";
+}
+
 TEST_F(ListColumns, TheTextColourIsTheDisplayFontsAndBlackMeansTheSystemsOwn)
 {
     sites.setForeColor(RGB(200, 10, 20));

@@ -6,9 +6,8 @@
 namespace vandrel::test {
 namespace {
 
-// Windows' list views answer a press only after the button was released: within WM_LBUTTONDOWN and
-// WM_RBUTTONDOWN they run messages until then, and report the click, all before they return. Here the lists of a
-// test are made to do so.
+// Windows' list views return from WM_LBUTTONDOWN and WM_RBUTTONDOWN only after the button has been released: until
+// then they dispatch messages, and they report the click before they return. Here the lists of a test do so.
 class PressLoop {
   public:
     PressLoop()

@@ -4,10 +4,12 @@
 #include "platform/controls/image_list.h"
 #include "tests/support/input.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/pixels.h"
 #include "tests/support/test_clock.h"
 #include "tests/support/test_window.h"
 
 #include <commctrl.h>
+#include <uxtheme.h>
 
 #include <gtest/gtest.h>
 
@@ -87,6 +89,44 @@ TEST_F(SimpleControls, AFrameTakesNoFocus)
     const Frame frame(window.handle(), L"Details");
     EXPECT_EQ(frame.text(), L"Details");
     EXPECT_EQ(GetWindowLongPtrW(frame.handle(), GWL_STYLE) & WS_TABSTOP, 0);
+}
+
+bool hasVisualStyle(HWND control)
+{
+    const HTHEME theme = OpenThemeData(control, L"Button");
+    if (theme != nullptr) CloseThemeData(theme);
+    return theme != nullptr;
+}
+
+TEST_F(SimpleControls, AColourOfTheUsersTakesTheVisualStyleFromWhatWouldHaveItsOwn)
+{
+    const auto expectColoured = [](Control& control) {
+        control.place(10, 10, 200, 40);
+        const bool styled = hasVisualStyle(control.handle());
+        EXPECT_EQ(styled, IsThemeActive() != 0);
+        int changes = 0;
+        const MessageWatch watch(control.handle(), WM_THEMECHANGED, [&changes] { ++changes; });
+        control.setForeColor(0x0000FF);
+        control.setForeColor(0x0000FF);
+        pump();
+        EXPECT_EQ(changes, 1);
+        EXPECT_FALSE(hasVisualStyle(control.handle()));
+        const std::vector<DWORD> seen = pixelsOf(control.handle());
+        EXPECT_TRUE(std::ranges::any_of(seen, [](DWORD pixel) { return (pixel & 0xFFFFFF) == 0xFF0000; }))
+            << "red letters";
+        control.setForeColor(0);
+        pump();
+        EXPECT_EQ(changes, 2);
+        EXPECT_EQ(hasVisualStyle(control.handle()), styled);
+    };
+    Frame frame(window.handle(), L"Search Section");
+    expectColoured(frame);
+    frame.setVisible(false);
+    CheckBox box(window.handle(), 1, L"Case Sensitive");
+    expectColoured(box);
+    box.setVisible(false);
+    OptionButton option(window.handle(), 2, L"All Sections", OptionButton::Place::first);
+    expectColoured(option);
 }
 
 TEST_F(SimpleControls, AComboBoxTakesAnyTextAndShowsItUnselected)

@@ -198,7 +198,7 @@ TEST_F(SaveTarget, AccessRightsOfItsOwnAreSetOnceAndMayBeRefused)
     PSECURITY_DESCRIPTOR rights = nullptr;
     ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)", SDDL_REVISION_1,
                                                                      &rights, nullptr));
-    // Of a share, of a file system without rights, of another one's server.
+    // What shares, file systems without rights and servers of other systems answer.
     for (const DWORD refusal :
          std::initializer_list<DWORD>{0, ERROR_ACCESS_DENIED, ERROR_NOT_SUPPORTED, ERROR_INVALID_FUNCTION,
                                       ERROR_CALL_NOT_IMPLEMENTED, ERROR_PRIVILEGE_NOT_HELD,

@@ -6,6 +6,8 @@
 #include "tests/support/input.h"
 #include "tests/support/test_window.h"
 
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 namespace vandrel::test {
@@ -89,6 +91,71 @@ TEST_F(Dialogs, AreNotSeenBeforeTheyAreShown)
     EXPECT_FALSE(IsWindowVisible(dialog.handle()));
     EXPECT_TRUE(IsWindowEnabled(window.handle()));
     EXPECT_FALSE(dialog.unloaded());
+}
+
+int iconWidth(HWND window, WPARAM kind)
+{
+    ICONINFO icon{};
+    BITMAP picture{};
+    if (GetIconInfo(reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, kind, 0)), &icon) == 0) return 0;
+    GetObjectW(icon.hbmMask, sizeof picture, &picture);
+    DeleteObject(icon.hbmMask);
+    DeleteObject(icon.hbmColor);
+    return picture.bmWidth;
+}
+
+void changeScale(HWND window, unsigned dpi)
+{
+    RECT place{};
+    GetWindowRect(window, &place);
+    SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+}
+
+TEST_F(Dialogs, HaveTheProgramsIconInTheSizeOfTheirScale)
+{
+    const SmallDialog dialog(window.handle());
+    EXPECT_EQ(iconWidth(dialog.handle(), ICON_SMALL), GetSystemMetricsForDpi(SM_CXSMICON, dialog.dpi()));
+    EXPECT_EQ(iconWidth(dialog.handle(), ICON_BIG), GetSystemMetricsForDpi(SM_CXICON, dialog.dpi()));
+    changeScale(dialog.handle(), 192);
+    // Wine does not say which version of awareness a window has.
+    const unsigned frame = frameDpi(GetWindowDpiAwarenessContext(dialog.handle()), 192);
+    EXPECT_EQ(iconWidth(dialog.handle(), ICON_SMALL), GetSystemMetricsForDpi(SM_CXSMICON, frame));
+    EXPECT_EQ(iconWidth(dialog.handle(), ICON_BIG), GetSystemMetricsForDpi(SM_CXICON, 192));
+}
+
+TEST_F(Dialogs, HaveTheirTitlesAtTheirOwnScaleWhereTheSystemScalesFrames)
+{
+    const DPI_AWARENESS_CONTEXT newest = DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2;
+    // Wine 8.0 does not know this one, nor did Windows before version 1703.
+    const bool known = AreDpiAwarenessContextsEqual(newest, newest) != 0;
+    EXPECT_EQ(frameDpi(newest, 192), known ? 192U : GetDpiForSystem());
+    for (const DPI_AWARENESS_CONTEXT older :
+         {DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE, DPI_AWARENESS_CONTEXT_SYSTEM_AWARE}) {
+        EXPECT_EQ(frameDpi(older, 192), GetDpiForSystem());
+    }
+}
+
+// Gives a window a frame that is wider on every side than the system computes it.
+LRESULT CALLBACK widerFrame(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR more)
+{
+    const LRESULT answer = DefSubclassProc(window, message, wParam, lParam);
+    const auto pixels = static_cast<int>(more);
+    if (message == WM_NCCALCSIZE) InflateRect(reinterpret_cast<RECT*>(lParam), -pixels, -pixels);
+    return answer;
+}
+
+TEST_F(Dialogs, HaveRoomForTheirControlsWhateverTheFrame)
+{
+    const SmallDialog dialog(window.handle());
+    for (const int more : {0, 7, 20}) {
+        SetWindowSubclass(dialog.handle(), widerFrame, 1, static_cast<DWORD_PTR>(more));
+        changeScale(dialog.handle(), dialog.dpi());
+        RECT client{};
+        GetClientRect(dialog.handle(), &client);
+        EXPECT_EQ(client.right, 220) << more;
+        EXPECT_EQ(client.bottom, 120) << more;
+    }
+    RemoveWindowSubclass(dialog.handle(), widerFrame, 1);
 }
 
 TEST_F(Dialogs, TheOwnerTakesNoInputMeanwhileAndAgainAfterwards)

@@ -1,6 +1,8 @@
 #include "platform/windows/picture_box.h"
 
 #include "platform/controls/simple_controls.h"
+#include "platform/controls/tab_strip.h"
+#include "platform/controls/theme.h"
 #include "tests/support/input.h"
 #include "tests/support/test_window.h"
 
@@ -57,6 +59,82 @@ TEST_F(PictureBoxes, IsPaintedOnItsBackgroundWheneverItIsRefreshed)
     ink = 0xFF0000;
     box.refresh();
     EXPECT_EQ(pixel(box, 3, 4), 0xFF0000U);
+}
+
+// As a themed control in the box has it drawn on its own surface.
+class OtherSurface {
+  public:
+    OtherSurface() : context_(CreateCompatibleDC(nullptr)), bitmap_(CreateBitmap(60, 40, 1, 32, nullptr))
+    {
+        before_ = SelectObject(context_, bitmap_);
+    }
+    OtherSurface(const OtherSurface&) = delete;
+    OtherSurface& operator=(const OtherSurface&) = delete;
+    ~OtherSurface()
+    {
+        SelectObject(context_, before_);
+        DeleteObject(bitmap_);
+        DeleteDC(context_);
+    }
+    COLORREF after(HWND window, UINT message, int x, int y)
+    {
+        PatBlt(context_, 0, 0, 60, 40, BLACKNESS);
+        SendMessageW(window, message, reinterpret_cast<WPARAM>(context_), PRF_CLIENT);
+        return GetPixel(context_, x, y);
+    }
+
+  private:
+    HDC context_;
+    HBITMAP bitmap_;
+    HGDIOBJ before_;
+};
+
+TEST_F(PictureBoxes, AreDrawnOnAnySurfaceThatTheyAreGiven)
+{
+    box.Paint = [](HDC context, const RECT&) { SetPixelV(context, 3, 4, 0x0000FF); };
+    box.setBackColor(0x00FF00);
+    OtherSurface surface;
+    for (const UINT message : {WM_ERASEBKGND, WM_PRINTCLIENT}) {
+        EXPECT_EQ(surface.after(box.handle(), message, 30, 20), 0x00FF00U) << message;
+        EXPECT_EQ(surface.after(box.handle(), message, 3, 4), 0x0000FFU) << message;
+    }
+}
+
+TEST_F(PictureBoxes, EraseNothingOnTheirOwnSurface)
+{
+    box.setBackColor(0x00FF00);
+    EXPECT_EQ(pixel(box, 30, 20), 0x00FF00U);
+    const HDC own = GetDC(box.handle());
+    SetPixelV(own, 30, 20, 0x0000FF);
+    EXPECT_EQ(SendMessageW(box.handle(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(own), 0), 1);
+    EXPECT_EQ(GetPixel(own, 30, 20), 0x0000FFU);
+    ReleaseDC(box.handle(), own);
+}
+
+TEST_F(PictureBoxes, GiveTheirBackgroundToTheirLabelsAndButtons)
+{
+    const Label label(box.handle(), L"A label");
+    box.setBackColor(0x123456);
+    const HDC context = GetDC(label.handle());
+    for (const UINT message : {WM_CTLCOLORSTATIC, WM_CTLCOLORBTN}) {
+        const LRESULT brush = SendMessageW(box.handle(), message, reinterpret_cast<WPARAM>(context),
+                                           reinterpret_cast<LPARAM>(label.handle()));
+        LOGBRUSH found{};
+        GetObjectW(reinterpret_cast<HGDIOBJ>(brush), sizeof found, &found);
+        EXPECT_EQ(found.lbColor, 0x123456U) << message;
+        EXPECT_EQ(GetBkColor(context), 0x123456U) << message;
+    }
+    ReleaseDC(label.handle(), context);
+}
+
+TEST_F(PictureBoxes, APageHasTheColourOfThePagesOfItsTabs)
+{
+    const TabStrip tabs(window.handle(), 9);
+    box.setPageOf(tabs.handle());
+    EXPECT_EQ(box.backColor(), tabPageColor(tabs.handle()));
+    EXPECT_EQ(pixel(box, 30, 20), tabPageColor(tabs.handle()));
+    setThemed(tabs.handle(), false);
+    EXPECT_EQ(box.backColor(), GetSysColor(COLOR_3DFACE)) << "without a visual style";
 }
 
 TEST_F(PictureBoxes, ASunkenBorderTakesPartOfItsPlace)
