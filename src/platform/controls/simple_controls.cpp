@@ -13,7 +13,6 @@ namespace {
 
 constexpr int longestText = 65535; // characters that can be typed into a box
 constexpr ULONGLONG progressMilliseconds = 100;
-constexpr ULONGLONG paintMilliseconds = 20;
 
 // Leaves room for one more (see showPosition).
 int nativePosition(std::size_t value)
@@ -222,8 +221,6 @@ void ProgressBar::setValue(std::size_t value)
     shown_ = position;
     nextTime_ = now + progressMilliseconds;
     showPosition(nativePosition(position));
-    if (position != maximum_ && now < nextPainting_) return;
-    nextPainting_ = now + paintMilliseconds;
     UpdateWindow(handle());
 }
 

@@ -120,9 +120,8 @@ class ProgressBar : public Control {
     void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
-    // Moves the native bar if the value went down, went up by a hundredth or reached the maximum, and otherwise
-    // at most every tenth of a second. Repaints at once, but at most every fiftieth of a second: no eye sees
-    // more.
+    // Repaints at once if the value went down, went up by a hundredth or reached the maximum, and otherwise
+    // at most every tenth of a second.
     void setValue(std::size_t value);
     std::size_t value() const { return value_; }
 
@@ -133,7 +132,6 @@ class ProgressBar : public Control {
     std::size_t value_ = 0;
     std::size_t shown_ = 0;  // the value that the native bar shows
     ULONGLONG nextTime_ = 0; // from then on smaller steps are shown too
-    ULONGLONG nextPainting_ = 0;
 };
 
 } // namespace vandrel

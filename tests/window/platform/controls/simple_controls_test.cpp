@@ -256,24 +256,6 @@ TEST_F(ProgressBars, AreNotPaintedForEveryRowOfMany)
     EXPECT_EQ(position(), 1'000'000);
 }
 
-TEST_F(ProgressBars, AreNotPaintedMoreOftenThanAnybodySees)
-{
-    TestClock clock;
-    bar.begin(100);
-    bar.place(10, 10, 200, 20);
-    UpdateWindow(bar.handle());
-    clock.pass(20);
-    ULONGLONG paintings = 0;
-    const MessageWatch watch(bar.handle(), WM_PAINT, [&] { ++paintings; });
-    for (std::size_t row = 1; row < 100; ++row) {
-        if (row % 10 == 0) clock.pass(10);
-        bar.setValue(row);
-    }
-    EXPECT_EQ(paintings, 5U) << "the first, and one every 20 ms";
-    bar.setValue(100);
-    EXPECT_EQ(paintings, 6U) << "the last at once";
-}
-
 // Upwards a themed bar moves slowly, downwards at once.
 TEST_F(ProgressBars, ComeToEachPositionFromAbove)
 {
