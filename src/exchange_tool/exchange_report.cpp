@@ -6,7 +6,7 @@ namespace vandrel {
 namespace {
 
 constexpr std::size_t mostTitlesTold = 5;
-constexpr std::size_t mostLinesShown = 15;
+constexpr std::size_t mostLinesShown = 10;
 
 std::wstring sites(std::size_t count) { return counted(count, L"site", L"sites"); }
 

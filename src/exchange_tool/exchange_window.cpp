@@ -22,9 +22,8 @@ void showReport(const ExchangeReport& report)
     TaskDialog box;
     box.title = exchangeTitle;
     box.instruction = report.headline + L".";
+    box.text = firstOf(report.list);
     for (const std::wstring& detail : report.details) box.text += (box.text.empty() ? L"" : L"\n\n") + detail;
-    box.more = firstOf(report.list);
-    box.moreLabel = L"Categories";
     box.icon = report.allKept ? TaskDialog::Icon::information : TaskDialog::Icon::warning;
     box.show(nullptr);
 }

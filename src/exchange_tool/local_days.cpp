@@ -21,20 +21,6 @@ std::optional<SYSTEMTIME> systemTimeOf(AddDate time)
     return FileTimeToSystemTime(&file, &system) != 0 ? std::optional(system) : std::nullopt;
 }
 
-// What the user's clock showed at that time, as if it were a time of Coordinated Universal Time.
-std::optional<AddDate> localTimeOf(AddDate time)
-{
-    const auto system = systemTimeOf(time);
-    SYSTEMTIME local{};
-    FILETIME file{};
-    if (!system || SystemTimeToTzSpecificLocalTime(nullptr, &*system, &local) == 0 ||
-        SystemTimeToFileTime(&local, &file) == 0) {
-        return std::nullopt;
-    }
-    const AddDate units = static_cast<AddDate>(file.dwHighDateTime) << 32 | file.dwLowDateTime;
-    return units / unitsInSecond - from1601To1970;
-}
-
 std::wstring textOf(AddDate day)
 {
     const auto time = systemTimeOf(day * secondsInDay);
@@ -48,7 +34,21 @@ std::wstring textOf(AddDate day)
 
 } // namespace
 
-LocalDays::LocalDays() : order_(dateOrderOf(shortDatePattern())) {}
+LocalDays::LocalDays() : order_(dateOrderOf(shortDatePattern())) { GetTimeZoneInformation(&zone_); }
+
+// What the user's clock showed at that time, as if it were a time of Coordinated Universal Time.
+std::optional<AddDate> LocalDays::localTimeOf(AddDate time) const
+{
+    const auto system = systemTimeOf(time);
+    SYSTEMTIME local{};
+    FILETIME file{};
+    if (!system || SystemTimeToTzSpecificLocalTime(&zone_, &*system, &local) == 0 ||
+        SystemTimeToFileTime(&local, &file) == 0) {
+        return std::nullopt;
+    }
+    const AddDate units = static_cast<AddDate>(file.dwHighDateTime) << 32 | file.dwLowDateTime;
+    return units / unitsInSecond - from1601To1970;
+}
 
 std::wstring LocalDays::shortDate(AddDate added)
 {

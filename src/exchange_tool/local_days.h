@@ -22,7 +22,10 @@ class LocalDays {
     std::optional<AddDate> noonOf(const std::wstring& stored);
 
   private:
+    std::optional<AddDate> localTimeOf(AddDate time) const;
+
     DateOrder order_;
+    TIME_ZONE_INFORMATION zone_{}; // asked for once: the system looks it up in the registry each time
     std::unordered_map<AddDate, std::wstring> texts_; // by the days since 1970
     std::unordered_map<std::wstring, std::optional<AddDate>> noons_;
 };

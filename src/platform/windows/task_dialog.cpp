@@ -42,9 +42,6 @@ int TaskDialog::show(HWND owner)
     config.pszMainIcon = iconOf(icon);
     config.pszMainInstruction = instruction.c_str();
     config.pszContent = text.empty() ? nullptr : text.c_str();
-    config.pszExpandedInformation = more.empty() ? nullptr : more.c_str();
-    config.pszExpandedControlText = moreLabel.c_str();
-    config.pszCollapsedControlText = moreLabel.c_str();
     config.cButtons = static_cast<UINT>(buttons.size());
     config.pButtons = buttons.data();
     config.pfCallback = callBack;

@@ -25,8 +25,6 @@ class TaskDialog {
     std::wstring title;
     std::wstring instruction;
     std::wstring text;
-    std::wstring more;      // shown when the user asks for it
-    std::wstring moreLabel; // what the user clicks for that
     Icon icon = Icon::none;
     std::vector<Link> links;
     TASKDIALOG_COMMON_BUTTON_FLAGS button = TDCBF_CLOSE_BUTTON;

@@ -97,7 +97,7 @@ TEST(ExchangeReport, IsPrintedInLines)
 
 TEST(ExchangeReport, ShowsTheBeginningOfALongList)
 {
-    Lines list(15, L"x");
+    Lines list(10, L"x");
     EXPECT_EQ(firstOf({L"a", L"b"}), L"a\nb");
     EXPECT_EQ(firstOf({}), L"");
     EXPECT_EQ(firstOf(list).find(L"more"), std::wstring::npos);
