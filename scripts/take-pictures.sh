@@ -136,9 +136,9 @@ take_all() { # DPI SUFFIX
 take_exchange() {
     local folder=$WINEPREFIX/drive_c/Vandrel
     mkdir "$folder"
-    cp -- build/windows/VandrelExchange.exe sample/*.udb tests/bookmark_files/firefox.html "$folder/"
+    cp -- build/windows/VandrelExchange.exe sample/*.udb tests/bookmark_files/chrome.html "$folder/"
     exchange exchange
-    exchange exchange-done 'C:\Vandrel\firefox.html'
+    exchange exchange-done 'C:\Vandrel\chrome.html'
 }
 exchange() { # NAME [ARGUMENT] : starts it, takes its window and closes it
     local name=$1
