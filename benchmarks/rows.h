@@ -6,6 +6,9 @@ namespace vandrel::bench {
 void storeRows();
 // Importing the shortcuts of a folder.
 void exchangeRows();
+// Bringing in bookmarks and writing them; a million only when named.
+void bookmarkRows();
+void manyBookmarkRows();
 // Writing all categories as a page, and backing them up.
 void outputRows();
 // Searching all categories of a million sites; beside grep when VANDREL_GREP_MS says how long that took.

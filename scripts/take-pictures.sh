@@ -5,7 +5,7 @@
 set -euo pipefail
 cd -- "$(dirname -- "$(dirname -- "$(readlink -f -- "$0")")")"
 scripts/setup.sh
-scripts/build.sh windows Vandrel >&2
+scripts/build.sh windows Vandrel VandrelExchange >&2
 VANDREL_PREFIX=pictures VANDREL_VIRTUAL=1 VANDREL_SCREEN=1920x1200
 # shellcheck source=scripts/wine-env.sh
 source scripts/wine-env.sh
@@ -129,6 +129,30 @@ take_all() { # DPI SUFFIX
     close_window '^Search All'
     xdotool windowactivate --sync "$main" key --clearmodifiers ctrl+q
     wait_until 10 display_is_gone "$program" || fail "the program stays open"
+    take_exchange
+}
+
+# The second program, in a folder that looks like a user's own: one of its windows names it.
+take_exchange() {
+    local folder=$WINEPREFIX/drive_c/Vandrel
+    mkdir "$folder"
+    cp -- build/windows/VandrelExchange.exe sample/*.udb tests/bookmark_files/chrome.html "$folder/"
+    exchange exchange
+    exchange exchange-done 'C:\Vandrel\chrome.html'
+}
+exchange() { # NAME [ARGUMENT] : starts it, takes its window and closes it
+    local name=$1
+    shift
+    (cd -- "$WINEPREFIX/drive_c/Vandrel" && exec "$wine64" ./VandrelExchange.exe "$@") </dev/null >/dev/null 2>&1 &
+    program=$!
+    wait_until 60 is_open '^Vandrel Exchange' || fail "no window of VandrelExchange"
+    sleep 1
+    take '^Vandrel Exchange' "$name"
+    press_close() {
+        xdotool windowactivate --sync "$(window '^Vandrel Exchange')" key --clearmodifiers alt+c
+        wait_until 3 display_is_gone "$program"
+    }
+    wait_until 20 press_close || fail "VandrelExchange stays open"
 }
 
 out=help/pictures

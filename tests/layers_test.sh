@@ -11,7 +11,8 @@ includes=$(grep -rE '^#include "' --include='*.h' --include='*.cpp' . |
 awk '
     BEGIN {
         folders = "platform/base platform/text platform/files platform/controls platform/windows " \
-            "platform/system model shared dialogs store capture,exchange,scan,search,update bookmarks mainwindow ."
+            "platform/system model shared dialogs store capture,exchange,scan,search,update bookmarks " \
+            "mainwindow,exchange_tool ."
         floors = split(folders, floor, " ")
         for (i = 1; i <= floors; ++i) {
             beside = split(floor[i], folder, ",")
@@ -23,6 +24,7 @@ awk '
         from = folderOf($1)
         to = folderOf($2)
         if (!(from in height) || !(to in height)) { print $1 " or " $2 ": no such folder"; wrong = 1 }
+        else if (from == "." && to == "exchange_tool") { print $1 " includes " $2 " of another program"; wrong = 1 }
         else if (from != to && height[to] >= height[from]) { print $1 " includes " $2; wrong = 1 }
     }
     END { exit wrong }

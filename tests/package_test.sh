@@ -26,7 +26,7 @@ trap finish EXIT
 
 for run in first second; do # built at other times
     mkdir "$work/$run"
-    cp -- "$built/Vandrel.exe" "$built/version.txt" "$work/$run/"
+    cp -- "$built/Vandrel.exe" "$built/VandrelExchange.exe" "$built/version.txt" "$work/$run/"
     [[ $run == second ]] || touch -d '2001-01-01 00:00:00' "$work/$run/Vandrel.exe"
     zip=$(./package "$work/$run")
     [[ -s $zip ]] || fail "no zip: $zip"
@@ -39,6 +39,7 @@ mkdir "$work/unpacked"
 here=$work/unpacked/Vandrel
 [[ $(ls "$work/unpacked") == Vandrel ]] || fail "more than the folder Vandrel: $(ls "$work/unpacked")"
 cmp -- "$built/Vandrel.exe" "$here/Vandrel.exe" || fail "another program"
+cmp -- "$built/VandrelExchange.exe" "$here/VandrelExchange.exe" || fail "another second program"
 cmp -- help/help.html "$here/help.html" || fail "another manual"
 grep -q $'^VANDREL\r$' "$here/ReadMe.txt" || fail "the read-me has no line ends of Windows"
 pictures=$(grep -o 'pictures/[a-z0-9-]*\.png' help/help.html)
@@ -48,6 +49,11 @@ for picture in $pictures; do
 done
 version=$(tr -d '[:space:]' <"$built/version.txt")
 [[ $(basename -- "$zip") == "Vandrel-$version.zip" ]] || fail "its name is $zip"
+
+# The second program works on the folder in which it is.
+scripts/wine-run --timeout 60 "$here/VandrelExchange.exe" import tests/bookmark_files/safari.html \
+    </dev/null >"$work/import" 7>&- || fail "the second program ended with $?: $(<"$work/import")"
+[[ -s "$here/Favourites.udb" ]] || fail "the second program made no category: $(<"$work/import")"
 
 : >"$here/Links.udb" # without a category it asks for one first
 scripts/wine-run --timeout 60 "$here/Vandrel.exe" </dev/null >/dev/null 2>&1 7>&- &

@@ -68,10 +68,12 @@ class BookmarkCategories : public BookmarkHandler {
         category.text += L"\r\n";
         ++category.sites;
         ++result_.sites;
-        if (!lost) return;
-        ++result_.sitesWithLostLetters;
-        if (result_.firstWithLostLetters.size() < mostNamesTold)
-            result_.firstWithLostLetters.push_back(bookmark.name);
+        if (lost) {
+            ++result_.sitesWithLostLetters;
+            if (result_.firstWithLostLetters.size() < mostNamesTold)
+                result_.firstWithLostLetters.push_back(bookmark.name);
+        }
+        rules_.siteTaken(result_.sites);
     }
 
     ImportedBookmarks result(std::span<const std::wstring> existing)
@@ -80,7 +82,8 @@ class BookmarkCategories : public BookmarkHandler {
         for (std::size_t at = 0; at < folders_.size(); ++at) {
             ImportedCategory& category = folders_[at].category;
             if (category.sites == 0) continue;
-            category.title = titles.take(titleOf(at));
+            category.wanted = titleOf(at);
+            category.title = titles.take(category.wanted);
             result_.categories.push_back(std::move(category));
         }
         return std::move(result_);

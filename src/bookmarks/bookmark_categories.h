@@ -18,11 +18,14 @@ struct ImportRules {
     // Whether the code page of category files has the letter, which is beyond ASCII: a unit or a pair.
     std::function<bool(std::wstring_view)> inCodePage;
     CaseFold foldCase;
+    // Called after each site with their number so far; what it throws ends the work.
+    std::function<void(std::size_t)> siteTaken = [](std::size_t) {};
 };
 
 struct ImportedCategory {
     std::wstring title;
-    std::wstring text; // of its file: the lines of its sites, with their ends
+    std::wstring wanted; // the title of its folders: another one, when a category had it already
+    std::wstring text;   // of its file: the lines of its sites, with their ends
     std::size_t sites = 0;
 };
 

@@ -1,34 +1,21 @@
 #include "dialogs/frm_properties.h"
 
-#include "model/site_date.h"
 #include "platform/system/shell.h"
 #include "platform/text/date_reading.h"
-
-#include <algorithm>
-#include <cwctype>
+#include "shared/stored_date.h"
 
 namespace vandrel {
 namespace {
 
 enum ControlId { idName = 101, idURL, idDescription };
 
-// The system takes any number to be a date; only a text with a month's name or a time of day is left to it.
-bool mayBeWordedDate(const std::wstring& text)
-{
-    return std::ranges::any_of(text, [](wchar_t c) { return std::iswalpha(c) != 0 || c == L':'; }) &&
-           std::ranges::any_of(text, [](wchar_t c) { return std::iswdigit(c) != 0; });
-}
-
 } // namespace
 
 std::wstring shownDate(const std::wstring& stored)
 {
     if (stored.empty()) return L"Never";
-    if (const auto date = dateOfNumbers(stored, dateOrderOf(shortDatePattern())))
-        return monthDayYearText(*date);
-    if (!mayBeWordedDate(stored)) return stored;
-    const auto date = dateOfText(stored);
-    return date ? monthDayYearText({date->wYear, date->wMonth, date->wDay}) : stored;
+    const auto date = storedDate(stored, dateOrderOf(shortDatePattern()));
+    return date ? monthDayYearText(*date) : stored;
 }
 
 frmProperties::frmProperties(HWND owner, const PropertiesHandOff& handOff)

@@ -54,6 +54,10 @@ class FailingFiles : public FileLayer {
     {
         return fails("replace") ? refused(false) : FileLayer::replace(replacement, target);
     }
+    bool rename(const std::wstring& from, const std::wstring& to) override
+    {
+        return fails("rename") ? refused(false) : FileLayer::rename(from, to);
+    }
     bool remove(const std::wstring& path) override
     {
         calls.push_back("remove");

@@ -26,6 +26,7 @@ template <typename Show> void FileDialog::show(HWND owner, DWORD flags, Show dia
     settings.lpstrTitle = title.c_str();
     settings.lpstrFile = name.data();
     settings.nMaxFile = static_cast<DWORD>(name.size());
+    settings.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
     settings.Flags = flags | OFN_NOCHANGEDIR | OFN_EXPLORER;
     const CurrentDirectoryKept directory; // renaming a category relies on it
     const ModalScope others(nullptr, owner);
@@ -37,8 +38,16 @@ template <typename Show> void FileDialog::show(HWND owner, DWORD flags, Show dia
     fileName = accepted ? name.substr(0, name.find(L'\0')) : std::wstring();
 }
 
-void FileDialog::showOpen(HWND owner) { show(owner, OFN_HIDEREADONLY, GetOpenFileNameW); }
+void FileDialog::showOpen(HWND owner)
+{
+    const DWORD more = mustExist ? OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST : 0;
+    show(owner, OFN_HIDEREADONLY | more, GetOpenFileNameW);
+}
 
-void FileDialog::showSave(HWND owner) { show(owner, OFN_HIDEREADONLY | OFN_PATHMUSTEXIST, GetSaveFileNameW); }
+void FileDialog::showSave(HWND owner)
+{
+    const DWORD more = asksBeforeReplacing ? OFN_OVERWRITEPROMPT : 0;
+    show(owner, OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | more, GetSaveFileNameW);
+}
 
 } // namespace vandrel

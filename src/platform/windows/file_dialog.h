@@ -12,7 +12,10 @@ class FileDialog {
     std::wstring title;
     std::wstring filter; // pairs of text and pattern, all separated by "|"
     std::wstring fileName;
-    bool cancelError = false; // cancelling raises error 32755 instead of leaving an empty file name
+    std::wstring extension;           // for a name typed without one; none is added if empty
+    bool mustExist = false;           // to be opened
+    bool asksBeforeReplacing = false; // the file to be saved
+    bool cancelError = false;         // cancelling raises error 32755 instead of leaving an empty file name
 
     // Each returns when the user has finished; cancelling leaves `fileName` empty. The current directory
     // does not change. Throws RuntimeError 20477 if the dialog cannot suggest `fileName`.

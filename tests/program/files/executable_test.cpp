@@ -12,12 +12,12 @@
 namespace vandrel::test {
 namespace {
 
-// The program's file, read as the system's loader reads it.
-class Executable : public testing::Test {
+// The two programs' files, read as the system's loader reads them.
+class Executable : public testing::TestWithParam<const char*> {
   protected:
     void SetUp() override
     {
-        std::string path = VANDREL_PROGRAM;
+        std::string path = GetParam();
         if (path.starts_with("/")) path.insert(0, "Z:"); // on a Unix host every file is on drive Z
         path_ = std::filesystem::path(path);
         std::ifstream in(path_, std::ios::binary);
@@ -84,15 +84,24 @@ class Executable : public testing::Test {
     std::filesystem::path path_;
 };
 
-TEST_F(Executable, IsA64BitWindowProgramOfLessThanOneAndAHalfMegabytes)
+TEST_P(Executable, IsA64BitProgramOfLessThanOneAndAHalfMegabytes)
 {
     EXPECT_EQ(nt.FileHeader.Machine, IMAGE_FILE_MACHINE_AMD64);
-    EXPECT_EQ(nt.OptionalHeader.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
     EXPECT_LT(bytes.size(), 1'500'000U);
 }
 
+// A shell waits for console programs only; from Windows 11, 24H2, the manifest keeps them from a console of their own.
+TEST_P(Executable, IsAWindowProgramUnlessAShellIsToWaitForIt)
+{
+    const bool console = std::string(GetParam()) == VANDREL_EXCHANGE;
+    EXPECT_EQ(nt.OptionalHeader.Subsystem,
+              console ? IMAGE_SUBSYSTEM_WINDOWS_CUI : IMAGE_SUBSYSTEM_WINDOWS_GUI);
+    const std::string manifest = resource(CREATEPROCESS_MANIFEST_RESOURCE_ID, RT_MANIFEST);
+    EXPECT_EQ(manifest.find(">detached</consoleAllocationPolicy>") != std::string::npos, console);
+}
+
 // Windows' compatibility goes by it: a program for an earlier version gets the metrics of earlier frames.
-TEST_F(Executable, IsForTheSubsystemOfVersion61OrLater)
+TEST_P(Executable, IsForTheSubsystemOfVersion61OrLater)
 {
     const auto version = [](WORD major, WORD minor) { return std::pair(major, minor); };
     const auto& header = nt.OptionalHeader;
@@ -100,7 +109,7 @@ TEST_F(Executable, IsForTheSubsystemOfVersion61OrLater)
     EXPECT_EQ(version(header.MajorOperatingSystemVersion, header.MinorOperatingSystemVersion), version(6, 1));
 }
 
-TEST_F(Executable, HasNoChecksumOrTheRightOne)
+TEST_P(Executable, HasNoChecksumOrTheRightOne)
 {
     // As the system's own reckoning: the sum of the 16-bit words with their carries, without the field, and the length.
     const std::size_t field = at<IMAGE_DOS_HEADER>(0).e_lfanew +
@@ -121,7 +130,7 @@ TEST_F(Executable, HasNoChecksumOrTheRightOne)
     EXPECT_TRUE(stored == 0 || stored == right) << stored << " and not " << right;
 }
 
-TEST_F(Executable, NeedsNoDllBeyondThoseOfWindows)
+TEST_P(Executable, NeedsNoDllBeyondThoseOfWindows)
 {
     wchar_t system[MAX_PATH]{};
     GetSystemDirectoryW(system, MAX_PATH);
@@ -133,7 +142,7 @@ TEST_F(Executable, NeedsNoDllBeyondThoseOfWindows)
     }
 }
 
-TEST_F(Executable, IsLoadedAnywhereInTheWholeAddressSpaceAndItsDataIsNeverRun)
+TEST_P(Executable, IsLoadedAnywhereInTheWholeAddressSpaceAndItsDataIsNeverRun)
 {
     const WORD wanted = IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
                         IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
@@ -143,7 +152,7 @@ TEST_F(Executable, IsLoadedAnywhereInTheWholeAddressSpaceAndItsDataIsNeverRun)
     EXPECT_GT(directory(IMAGE_DIRECTORY_ENTRY_BASERELOC).Size, 0U);
 }
 
-TEST_F(Executable, GetsItsDllsFromTheSystemFolderAlone)
+TEST_P(Executable, GetsItsDllsFromTheSystemFolderAlone)
 {
     const IMAGE_DATA_DIRECTORY place = directory(IMAGE_DIRECTORY_ENTRY_LOAD_CONFIG);
     ASSERT_GE(place.Size, sizeof(IMAGE_LOAD_CONFIG_DIRECTORY64));
@@ -153,7 +162,7 @@ TEST_F(Executable, GetsItsDllsFromTheSystemFolderAlone)
     EXPECT_EQ(config.SecurityCookie, 0U);
 }
 
-TEST_F(Executable, HasNoSectionThatIsBothWritableAndExecutable)
+TEST_P(Executable, HasNoSectionThatIsBothWritableAndExecutable)
 {
     EXPECT_FALSE(sections.empty());
     for (const auto& section : sections) {
@@ -163,13 +172,13 @@ TEST_F(Executable, HasNoSectionThatIsBothWritableAndExecutable)
     }
 }
 
-TEST_F(Executable, CarriesNoTimeStampAndNoSymbolsSoThatTheSameSourcesGiveTheSameBytes)
+TEST_P(Executable, CarriesNoTimeStampAndNoSymbolsSoThatTheSameSourcesGiveTheSameBytes)
 {
     EXPECT_EQ(nt.FileHeader.TimeDateStamp, 0U);
     EXPECT_EQ(nt.FileHeader.NumberOfSymbols, 0U);
 }
 
-TEST_F(Executable, AsksForThemedControlsAndForPerMonitorScaling)
+TEST_P(Executable, AsksForThemedControlsAndForPerMonitorScaling)
 {
     const std::string manifest = resource(CREATEPROCESS_MANIFEST_RESOURCE_ID, RT_MANIFEST);
     const std::size_t controls = manifest.find("name=\"Microsoft.Windows.Common-Controls\"");
@@ -179,9 +188,10 @@ TEST_F(Executable, AsksForThemedControlsAndForPerMonitorScaling)
     EXPECT_NE(manifest.find(">true/pm</dpiAware>"), std::string::npos);
     EXPECT_NE(manifest.find(">PerMonitorV2,PerMonitor</dpiAwareness>"), std::string::npos);
     EXPECT_NE(manifest.find("level=\"asInvoker\""), std::string::npos);
+    EXPECT_NE(manifest.find("<longPathAware"), std::string::npos);
 }
 
-TEST_F(Executable, SaysItsNameAndTheVersionOfTheProject)
+TEST_P(Executable, SaysItsNameAndTheVersionOfTheProject)
 {
     const std::string version = resource(MAKEINTRESOURCEW(1), RT_VERSION);
     const DWORD signature = VS_FFI_SIGNATURE;
@@ -199,6 +209,11 @@ TEST_F(Executable, SaysItsNameAndTheVersionOfTheProject)
     EXPECT_NE(version.find(std::string(letters, name.size() * sizeof(wchar_t))), std::string::npos);
     EXPECT_NE(FindResourceW(module, L"A-VANDREL", RT_GROUP_ICON), nullptr);
 }
+
+INSTANTIATE_TEST_SUITE_P(Programs, Executable, testing::Values(VANDREL_PROGRAM, VANDREL_EXCHANGE),
+                         [](const auto& tested) {
+                             return tested.index == 0 ? "Vandrel" : "VandrelExchange";
+                         });
 
 } // namespace
 } // namespace vandrel::test
