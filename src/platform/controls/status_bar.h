@@ -3,6 +3,8 @@
 #include "platform/controls/control.h"
 
 #include <array>
+#include <optional>
+#include <string>
 
 namespace vandrel {
 
@@ -15,6 +17,9 @@ class StatusBar : public Control {
 
     std::wstring panelText(int panel) const;
     void setPanelText(int panel, const std::wstring& text);
+    // The same, but the native bar gets the text only when it is painted or asked for it. For texts that
+    // change faster than anybody could read: some systems paint each at once.
+    void setPanelTextSoon(int panel, std::wstring text);
     // Pixels, relative to the bar.
     RECT panelArea(int panel) const;
     // Right edges of the first two panels in pixels; the third takes the rest.
@@ -24,6 +29,15 @@ class StatusBar : public Control {
     int height() const { return outerHeight(); }
     // Moves to the bottom of the parent, after that has been resized.
     void dock();
+
+  protected:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void passTextsOn();
+
+    std::array<std::optional<std::wstring>, panelCount>
+        waiting_; // texts that the native bar does not have yet
 };
 
 } // namespace vandrel
