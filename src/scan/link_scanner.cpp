@@ -14,7 +14,9 @@
 #include "shared/workspace.h"
 #include "store/category_list.h"
 
+#include <algorithm>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace vandrel {
@@ -35,16 +37,32 @@ void LinkScanner::inetScan_StateChanged(short state)
     if (state == InternetTransfer::connecting) ScanSuccess_ = true;
 }
 
-bool LinkScanner::ScanURL(const std::wstring& url)
+bool LinkScanner::ScanURL(std::size_t number, const std::wstring& url)
 {
     InternetTransfer& inetScan = workspace_.inetScan;
     try {
-        inetScan.OpenURL(url, InternetTransfer::Body::none);
+        inetScan.OpenExpected(number, url);
     } catch (const RuntimeError& error) {
         // Contract: any error but a time-out leaves ScanSuccess_ as it was.
         if (error.number() != error_number::requestTimedOut) return false;
     }
     return std::exchange(ScanSuccess_, false);
+}
+
+void LinkScanner::announceAfter(std::size_t number, ScannedList& scanned)
+{
+    while (!ahead_.empty() && ahead_.front() <= number) ahead_.pop_front();
+    lookedAt_ = std::max(lookedAt_, number + 1);
+    try {
+        for (; lookedAt_ < scanned.size() && ahead_.size() < mostAhead; ++lookedAt_) {
+            const auto url = scanned.addressToCome(lookedAt_);
+            if (!url) continue;
+            ahead_.push_back(lookedAt_);
+            workspace_.inetScan.expect(lookedAt_, *url);
+        }
+    } catch (const std::bad_alloc&) {
+        ++lookedAt_; // it is opened when its turn comes
+    }
 }
 
 // ---- all sites
@@ -61,6 +79,8 @@ void LinkScanner::scanUnlessScanning(void (LinkScanner::*scan)())
     // While the update check waits, every site would count as unreachable.
     if (workspace_.inetScan.StillExecuting()) throw RuntimeError(error_number::stillExecuting);
     scanning_ = true;
+    lookedAt_ = 0;
+    ahead_.clear();
     const ScopeExit done([this] { scanning_ = false; });
     (this->*scan)();
 }
@@ -79,17 +99,19 @@ void LinkScanner::scanAll()
     std::int32_t failures = 0;
     {
         AppendFile log(logPath());
+        const ScopeExit drop([&] { inetScan.forgetExpected(); });
         ScannedList scanned(workspace_, ScannedList::Which::all);
         count = scanned.size();
         for (std::size_t i = 0; i < count; ++i) {
+            announceAfter(i, scanned);
             const auto site = scanned.next(i);
             const auto& [name, url, description] = site->texts;
             scanned.setImage(*site, siteImage);
-            status.setPanelText(2, name);
-            status.setPanelText(3, url);
+            status.setPanelTextSoon(2, name);
+            status.setPanelTextSoon(3, url);
             PB.setMaximum(count);
-            PB.setValue(i + 1);
-            const bool success = ScanURL(url);
+            PB.setValueSoon(i + 1);
+            const bool success = ScanURL(i, url);
             if (inetScan.quitting()) return; // the check was cut short
             scanned.setImage(*site, success ? siteImage : deadSiteImage);
             if (!success) {
@@ -122,12 +144,14 @@ void LinkScanner::scanSelected()
     PB.setMaximum(workspace_.shown.sites.size());
     {
         AppendFile log(logPath());
+        const ScopeExit drop([&] { inetScan.forgetExpected(); });
         ScannedList scanned(workspace_, ScannedList::Which::selected);
         for (std::size_t i = 0; i < scanned.size(); ++i) {
-            PB.setValue(i + 1);
+            PB.setValueSoon(i + 1);
+            announceAfter(i, scanned);
             const auto site = scanned.next(i);
             if (!site) continue;
-            const bool success = ScanURL(site->texts.url);
+            const bool success = ScanURL(i, site->texts.url);
             if (inetScan.quitting()) return;
             // Contract: only the current site shows a result, in the end that of the last selected row.
             scanned.setImageOfCurrent(*site, success ? siteImage : deadSiteImage);

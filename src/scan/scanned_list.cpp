@@ -44,7 +44,6 @@ bool ScannedList::isReadAgain() const { return workspace_.shown.sites.fillings()
 void ScannedList::index()
 {
     const RowTable& list = workspace_.shown.sites;
-    changes_ = list.changes();
     rowsById_.clear();
     rowsByUrl_.clear();
     const bool readAgain = isReadAgain();
@@ -53,6 +52,7 @@ void ScannedList::index()
         if (readAgain) rowsByUrl_.emplace(row.texts[urlColumn], number);
         rowsById_[row.id] = number++;
     }
+    changes_ = list.changes(); // now, because memory may run out before
 }
 
 std::optional<std::size_t> ScannedList::rowOf(RowTable::Id id)
@@ -83,11 +83,24 @@ std::vector<std::size_t> ScannedList::rowsOf(const ScannedTexts& texts)
 
 // ---- one site
 
+bool ScannedList::isWanted(const Site& site, std::optional<std::size_t> row) const
+{
+    return !selectedOnly_ || (row ? workspace_.lstInfo.isSelected(*row) : site.selected);
+}
+
+std::optional<std::wstring> ScannedList::addressToCome(std::size_t number)
+{
+    const Site& site = sites_[number];
+    const auto row = rowOf(site.id);
+    if (!isWanted(site, row)) return std::nullopt;
+    return std::wstring(row ? workspace_.shown.sites[*row].texts[urlColumn] : site.texts[urlColumn]);
+}
+
 std::optional<ScannedSite> ScannedList::next(std::size_t number)
 {
     const Site& site = sites_[number];
     const auto row = rowOf(site.id);
-    if (selectedOnly_ && !(row ? workspace_.lstInfo.isSelected(*row) : site.selected)) return std::nullopt;
+    if (!isWanted(site, row)) return std::nullopt;
     if (!isReadAgain()) rememberCurrent();
     if (row) return ScannedSite{site.id, textsAt(*row)};
     return ScannedSite{site.id,

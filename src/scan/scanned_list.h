@@ -43,6 +43,8 @@ class ScannedList {
     // The site with that number, from 0, to be checked now: as it is in the list or, if it has gone, as it
     // was at the beginning. None if only selected sites are wanted and it is not selected.
     std::optional<ScannedSite> next(std::size_t number);
+    // The address that `next` would return at this moment.
+    std::optional<std::wstring> addressToCome(std::size_t number);
 
     // Sets the picture of that site, if the list shows it.
     void setImage(const ScannedSite& site, int image);
@@ -62,6 +64,7 @@ class ScannedList {
     bool isReadAgain() const;
     void index();
     std::optional<std::size_t> rowOf(RowTable::Id id);
+    bool isWanted(const Site& site, std::optional<std::size_t> row) const;
     std::vector<std::size_t> rowsOf(const ScannedTexts& texts);
     ScannedTexts textsAt(std::size_t row) const;
 

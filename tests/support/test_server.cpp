@@ -3,6 +3,7 @@
 #include <winsock2.h>
 
 #include <ws2tcpip.h>
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <list>
@@ -17,6 +18,8 @@ namespace {
 constexpr std::uint64_t hugeBody = 100'000'000;
 constexpr std::uint64_t pauseEvery = 20'000;
 constexpr auto pause = std::chrono::milliseconds(5);
+constexpr int pollMilliseconds = 10;
+constexpr int idleMilliseconds = 100; // there may be many such connections
 constexpr auto trickleEvery = std::chrono::milliseconds(20);
 
 struct Reply {
@@ -46,12 +49,13 @@ std::string headerOf(const std::string& request, const std::string& name)
     return request.substr(start, request.find("\r\n", start) - start);
 }
 
-SOCKET boundSocket(sockaddr_in& address)
+// On 127.0.0.`host`; `port` 0 is one that is free.
+SOCKET boundSocket(sockaddr_in& address, unsigned host = 1, unsigned short port = 0)
 {
     const SOCKET made = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = 0;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK + host - 1);
+    address.sin_port = htons(port);
     int size = sizeof address;
     if (made == INVALID_SOCKET || bind(made, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
         getsockname(made, reinterpret_cast<sockaddr*>(&address), &size) != 0) {
@@ -64,14 +68,20 @@ SOCKET boundSocket(sockaddr_in& address)
 
 class TestServer::Server {
   public:
-    Server()
+    explicit Server(unsigned hosts)
     {
         WSADATA data{};
         WSAStartup(MAKEWORD(2, 2), &data);
-        listener_ = boundSocket(address_);
+        listeners_.push_back(boundSocket(address_));
+        for (unsigned host = 2; host <= hosts; ++host) {
+            sockaddr_in address{};
+            listeners_.push_back(boundSocket(address, host, port()));
+        }
         deaf_ = boundSocket(deafAddress_); // bound but not listening, so that nobody else gets the port
-        listen(listener_, SOMAXCONN);
-        threads_.emplace_back([this] { acceptAll(); });
+        for (const SOCKET listener : listeners_) {
+            listen(listener, SOMAXCONN);
+            acceptors_.emplace_back([this, listener] { acceptAll(listener); });
+        }
     }
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
@@ -82,14 +92,17 @@ class TestServer::Server {
             stopping_ = true;
         }
         changed.notify_all();
-        // A last connection wakes the thread that waits for one.
-        const SOCKET last = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-        connect(last, reinterpret_cast<const sockaddr*>(&address_), sizeof address_);
-        threads_.front().join();
-        threads_.pop_front();
+        for (unsigned host = 0; host < acceptors_.size(); ++host) {
+            // A last connection wakes the thread that waits for one.
+            sockaddr_in address = address_;
+            address.sin_addr.s_addr = htonl(INADDR_LOOPBACK + host);
+            const SOCKET last = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+            connect(last, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+            acceptors_[host].join();
+            closesocket(last);
+        }
         for (std::thread& thread : threads_) thread.join();
-        closesocket(last);
-        closesocket(listener_);
+        for (const SOCKET listener : listeners_) closesocket(listener);
         closesocket(deaf_);
         WSACleanup();
     }
@@ -108,12 +121,15 @@ class TestServer::Server {
     std::size_t lettings = 0;
     std::uint64_t bytesSent = 0;
     std::size_t hugeEnded = 0;
+    std::map<std::string, std::size_t> busy; // requests under way, by host
+    std::size_t mostAtOnce = 0;
+    std::size_t mostOfOneHost = 0;
 
   private:
-    void acceptAll()
+    void acceptAll(SOCKET listener)
     {
         while (true) {
-            const SOCKET accepted = accept(listener_, nullptr, nullptr);
+            const SOCKET accepted = accept(listener, nullptr, nullptr);
             const std::lock_guard lock(guard);
             if (stopping_ || accepted == INVALID_SOCKET) {
                 if (accepted != INVALID_SOCKET) closesocket(accepted);
@@ -129,7 +145,7 @@ class TestServer::Server {
         }
     }
     // Polls: not every system wakes a waiting call when its socket is shut down.
-    bool waitFor(SOCKET socket, short what)
+    bool waitFor(SOCKET socket, short what, int every = pollMilliseconds)
     {
         while (true) {
             {
@@ -137,7 +153,7 @@ class TestServer::Server {
                 if (stopping_) return false;
             }
             WSAPOLLFD poll{socket, what, 0};
-            const int ready = WSAPoll(&poll, 1, 10);
+            const int ready = WSAPoll(&poll, 1, every);
             if (ready != 0) return ready > 0;
         }
     }
@@ -171,14 +187,43 @@ class TestServer::Server {
             const std::size_t start = got.find(' ') + 1;
             const std::string path = got.substr(start, got.find(' ', start) - start);
             const std::string cookies = headerOf(got.substr(0, end), "Cookie");
+            const std::string host = headerOf(got.substr(0, end), "Host");
             got.erase(0, end + 4);
             {
                 const std::lock_guard lock(guard);
                 requests.push_back(path);
                 cookiesSent.push_back(cookies);
             }
-            if (!answer(socket, path.substr(0, path.find('?')), cookies)) return;
+            begin(host);
+            const bool goesOn = waits(socket, path);
+            // Before the answer, after which the client may send the next request at once.
+            finish(host);
+            if (!goesOn || !answer(socket, path.substr(0, path.find('?')), cookies)) return;
         }
+    }
+    void begin(const std::string& host)
+    {
+        const std::lock_guard lock(guard);
+        mostOfOneHost = std::max(mostOfOneHost, ++busy[host]);
+        std::size_t all = 0;
+        for (const auto& [name, count] : busy) all += count;
+        mostAtOnce = std::max(mostAtOnce, all);
+    }
+    void finish(const std::string& host)
+    {
+        const std::lock_guard lock(guard);
+        --busy[host];
+    }
+    // Does what comes before the answer. Returns whether there is to be one.
+    bool waits(SOCKET socket, const std::string& path)
+    {
+        const std::string what = path.substr(0, path.find('?'));
+        if (what == "/silent") return waitForEnd(socket);
+        if (what == "/held") return hold();
+        if (what != "/wait") return true;
+        std::unique_lock lock(guard);
+        const auto time = std::chrono::milliseconds(std::stoul(path.substr(what.size() + 1)));
+        return !changed.wait_for(lock, time, [this] { return stopping_; });
     }
     // Returns whether the connection can take another request.
     bool answer(SOCKET socket, const std::string& path, const std::string& cookies)
@@ -189,8 +234,6 @@ class TestServer::Server {
             setsockopt(socket, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&atOnce), sizeof atOnce);
             return false;
         }
-        if (path == "/silent") return waitForEnd(socket);
-        if (path == "/held") return hold() && sendAll(socket, bytesOf({200, "fine"}));
         if (path == "/trickle") return trickle(socket);
         if (path == "/huge") return sendHuge(socket);
         if (path == "/cut") {
@@ -211,7 +254,7 @@ class TestServer::Server {
     }
     Reply replyTo(const std::string& path)
     {
-        if (path == "/ok" || path == "/cookie") return {200, "fine"};
+        if (path == "/ok" || path == "/cookie" || path == "/held" || path == "/wait") return {200, "fine"};
         if (path == "/locked") return {401, "who are you?"};
         if (path == "/broken") return {500, "out of order"};
         if (path == "/moved") return {302, "elsewhere", "/ok"};
@@ -226,7 +269,7 @@ class TestServer::Server {
     bool waitForEnd(SOCKET socket)
     {
         char part[256];
-        while (receive(socket, part, sizeof part) > 0) {}
+        while (waitFor(socket, POLLRDNORM, idleMilliseconds) && recv(socket, part, sizeof part, 0) > 0) {}
         return false;
     }
     bool hold()
@@ -269,13 +312,14 @@ class TestServer::Server {
 
     sockaddr_in address_{};
     sockaddr_in deafAddress_{};
-    SOCKET listener_ = INVALID_SOCKET;
+    std::vector<SOCKET> listeners_; // the first one is that of address_
     SOCKET deaf_ = INVALID_SOCKET;
-    bool stopping_ = false; // guarded by `guard`, as are the members below
-    std::list<std::thread> threads_;
+    bool stopping_ = false;              // guarded by `guard`, as are the members below
+    std::vector<std::thread> acceptors_; // one for each listener
+    std::list<std::thread> threads_;     // one for each connection
 };
 
-TestServer::TestServer() : server_(std::make_unique<Server>()) {}
+TestServer::TestServer(unsigned hosts) : server_(std::make_unique<Server>(hosts)) {}
 TestServer::~TestServer() = default;
 
 std::wstring TestServer::root() const { return L"http://127.0.0.1:" + std::to_wstring(server_->port()); }
@@ -283,6 +327,11 @@ std::wstring TestServer::root() const { return L"http://127.0.0.1:" + std::to_ws
 std::wstring TestServer::addressByName(const std::wstring& path) const
 {
     return L"http://localhost:" + std::to_wstring(server_->port()) + path;
+}
+
+std::wstring TestServer::addressAt(unsigned host, const std::wstring& path) const
+{
+    return L"http://127.0.0." + std::to_wstring(host) + L":" + std::to_wstring(server_->port()) + path;
 }
 
 std::wstring TestServer::refusedAddress(const std::wstring& scheme, const std::wstring& path) const
@@ -345,6 +394,18 @@ std::uint64_t TestServer::bytesSent() const
 {
     const std::lock_guard lock(server_->guard);
     return server_->bytesSent;
+}
+
+std::size_t TestServer::mostAtOnce() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->mostAtOnce;
+}
+
+std::size_t TestServer::mostOfOneHost() const
+{
+    const std::lock_guard lock(server_->guard);
+    return server_->mostOfOneHost;
 }
 
 std::size_t TestServer::hugeEnded() const

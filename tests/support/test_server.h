@@ -19,13 +19,15 @@ namespace vandrel::test {
 //   /astray    302 to a port nobody listens on   /cut       half of the body it announces, then closes
 //   /huge      200 and 100 MB, or as much as the client takes
 //   /cookie    302 to itself with a cookie, and as /ok when that comes back
+//   /wait?20   answers as /ok after 20 milliseconds
 //   /locked    401 and asks for a name and a password, whatever is given
 //
 // Any other path answers as put() and redirect() say, or as /missing. Connections are kept open between
 // requests.
 class TestServer {
   public:
-    TestServer();
+    // Listens at 127.0.0.1, 127.0.0.2 and so on, up to 254 of them.
+    explicit TestServer(unsigned hosts = 1);
     TestServer(const TestServer&) = delete;
     TestServer& operator=(const TestServer&) = delete;
     ~TestServer();
@@ -35,6 +37,8 @@ class TestServer {
     std::wstring address(const std::wstring& path) const { return root() + path; }
     // The same page on what looks to a client like another host.
     std::wstring addressByName(const std::wstring& path) const;
+    // The same page at 127.0.0.`host`.
+    std::wstring addressAt(unsigned host, const std::wstring& path) const;
     // An address on this machine at which every connection is refused.
     std::wstring refusedAddress(const std::wstring& scheme = L"http", const std::wstring& path = L"/") const;
 
@@ -50,6 +54,10 @@ class TestServer {
     // What each request had after "Cookie:", or nothing.
     std::vector<std::string> cookies() const;
     std::size_t connections() const;
+    // How many requests, at most, have been waiting for their answers at the same time: in all, and at one
+    // host.
+    std::size_t mostAtOnce() const;
+    std::size_t mostOfOneHost() const;
     // How many requests are being held. letGo answers them, but none that comes later.
     std::size_t held() const;
     void letGo();

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace vandrel {
 namespace {
@@ -204,7 +205,8 @@ void ProgressBar::begin(std::size_t steps)
 
 void ProgressBar::setMaximum(std::size_t maximum)
 {
-    maximum_ = std::max<std::size_t>(maximum, 1);
+    const std::size_t before = std::exchange(maximum_, std::max<std::size_t>(maximum, 1));
+    if (maximum_ == before) return; // the native bar would be painted anew
     SendMessageW(handle(), PBM_SETRANGE32, 0, nativePosition(maximum_));
     shown_ = std::min(shown_, maximum_);
 }
@@ -212,6 +214,7 @@ void ProgressBar::setMaximum(std::size_t maximum)
 void ProgressBar::setValue(std::size_t value)
 {
     value_ = value;
+    behind_ = false;
     const std::size_t position = std::min(value, maximum_);
     if (position == shown_) return;
     const bool aHundredth = position < shown_ ||
@@ -222,6 +225,23 @@ void ProgressBar::setValue(std::size_t value)
     nextTime_ = now + progressMilliseconds;
     showPosition(nativePosition(position));
     UpdateWindow(handle());
+}
+
+void ProgressBar::setValueSoon(std::size_t value)
+{
+    value_ = value;
+    if (behind_ || std::min(value, maximum_) == shown_) return;
+    behind_ = true;
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+LRESULT ProgressBar::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if ((message == WM_PAINT || message == PBM_GETPOS) && std::exchange(behind_, false)) {
+        shown_ = std::min(value_, maximum_);
+        showPosition(nativePosition(shown_));
+    }
+    return Control::onMessage(message, wParam, lParam);
 }
 
 // A themed bar takes about a second to fill up to a higher position, and goes to a lower one at once: a short job

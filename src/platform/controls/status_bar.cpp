@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace vandrel {
 
@@ -21,8 +22,42 @@ void StatusBar::setPanelText(int panel, const std::wstring& text)
 {
     // The control counts characters in 16 bits, and no panel is wide enough for more.
     const std::wstring shown = text.substr(0, 0xFFFF);
+    waiting_[static_cast<std::size_t>(panel - 1)].reset();
     SendMessageW(handle(), SB_SETTEXTW, static_cast<WPARAM>(panel - 1),
                  reinterpret_cast<LPARAM>(shown.c_str()));
+}
+
+void StatusBar::setPanelTextSoon(int panel, std::wstring text)
+{
+    text.resize(std::min<std::size_t>(text.size(), 0xFFFF));
+    std::optional<std::wstring>& waiting = waiting_[static_cast<std::size_t>(panel - 1)];
+    const bool isFirst = !waiting;
+    waiting = std::move(text);
+    if (!isFirst) return;
+    const RECT area = panelArea(panel);
+    InvalidateRect(handle(), &area, FALSE);
+}
+
+void StatusBar::passTextsOn()
+{
+    for (std::size_t part = 0; part < waiting_.size(); ++part) {
+        // Taken out first: the bar may be painted within the call.
+        const auto text = std::exchange(waiting_[part], std::nullopt);
+        if (text) SendMessageW(handle(), SB_SETTEXTW, part, reinterpret_cast<LPARAM>(text->c_str()));
+    }
+}
+
+LRESULT StatusBar::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_PAINT:
+    case SB_GETTEXTW:
+    case SB_GETTEXTA:
+    case SB_GETTEXTLENGTHW:
+    case SB_GETTEXTLENGTHA: passTextsOn(); break;
+    default: break;
+    }
+    return Control::onMessage(message, wParam, lParam);
 }
 
 RECT StatusBar::panelArea(int panel) const

@@ -18,21 +18,28 @@ void TransferJob::tell(TransferState state) noexcept
 {
     {
         const std::lock_guard lock(guard_);
-        if (told_ == mostStates) return;
+        if (givenUp_ || told_ == mostStates) return;
         states_[told_++] = state;
     }
-    SetEvent(news_.get());
+    SetEvent(news_->get());
 }
 
 void TransferJob::finish(int error, std::string body) noexcept
 {
     {
         const std::lock_guard lock(guard_);
+        if (givenUp_) return;
         error_ = error;
         body_ = std::move(body);
         finished_ = true;
     }
-    SetEvent(news_.get());
+    SetEvent(news_->get());
+}
+
+void TransferJob::giveUp() noexcept
+{
+    const std::lock_guard lock(guard_);
+    if (!finished_) givenUp_ = true;
 }
 
 std::optional<TransferState> TransferJob::takeState() noexcept

@@ -74,10 +74,17 @@ void MessageLoop::rest()
     for (const RestEntry& entry : rests_) entry.action();
 }
 
-bool MessageLoop::dispatchPending()
+bool MessageLoop::dispatchPending() { return dispatchQueued(PM_REMOVE); }
+
+bool MessageLoop::dispatchAllButPainting()
+{
+    return dispatchQueued(PM_REMOVE | PM_QS_INPUT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE);
+}
+
+bool MessageLoop::dispatchQueued(UINT remove)
 {
     MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (PeekMessageW(&message, nullptr, 0, 0, remove)) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return false;

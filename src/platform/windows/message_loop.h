@@ -51,6 +51,8 @@ class MessageLoop {
     void run();
     // Dispatches messages until the queue is empty. False on WM_QUIT, which is posted again.
     bool dispatchPending();
+    // The same, but windows that have to be painted wait.
+    bool dispatchAllButPainting();
     // Dispatches paint messages and no others.
     void paintPending();
     // Does what each Rest wants, as run does after each message. For tests, which have a loop of their own.
@@ -58,6 +60,7 @@ class MessageLoop {
 
   private:
     void dispatch(MSG& message);
+    bool dispatchQueued(UINT remove);
 
     struct Entry {
         std::size_t id;

@@ -30,6 +30,7 @@ class MessageThrottle {
         : milliseconds_(milliseconds), next_(tickClock().now() + first)
     {}
 
+    ULONGLONG next() const { return next_; } // when the next turn is due, by tickClock
     bool due() const { return tickClock().now() >= next_; }
     // Runs `turn`; the longer it takes, the later the next one is due (see pauseAfter).
     template <typename Turn> void take(Turn turn)

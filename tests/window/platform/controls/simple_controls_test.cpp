@@ -256,6 +256,34 @@ TEST_F(ProgressBars, AreNotPaintedForEveryRowOfMany)
     EXPECT_EQ(position(), 1'000'000);
 }
 
+TEST_F(ProgressBars, FollowAtTheNextPaintingIfThatIsSoonEnough)
+{
+    bar.place(10, 10, 200, 20);
+    bar.begin(1000);
+    pump();
+    int paintings = 0;
+    const MessageWatch watch(bar.handle(), PBM_SETPOS, [&] { ++paintings; });
+    for (std::size_t value = 1; value <= 600; ++value) {
+        bar.setValueSoon(value);
+        ASSERT_EQ(bar.value(), value);
+    }
+    EXPECT_EQ(paintings, 0);
+    pump();
+    EXPECT_EQ(paintings, 1);
+    EXPECT_EQ(position(), 600);
+    bar.setValueSoon(1000);
+    EXPECT_EQ(position(), 1000) << "for whoever asks";
+}
+
+TEST_F(ProgressBars, AreNotPaintedForAMaximumThatStays)
+{
+    bar.place(10, 10, 200, 20);
+    bar.begin(1000);
+    pump();
+    bar.setMaximum(1000);
+    EXPECT_FALSE(GetUpdateRect(bar.handle(), nullptr, FALSE));
+}
+
 // Upwards a themed bar moves slowly, downwards at once.
 TEST_F(ProgressBars, ComeToEachPositionFromAbove)
 {

@@ -1,5 +1,7 @@
 #include "platform/controls/status_bar.h"
 
+#include "tests/support/answers.h"
+#include "tests/support/message_watch.h"
 #include "tests/support/test_window.h"
 
 #include <commctrl.h>
@@ -64,6 +66,36 @@ TEST_F(StatusBars, AVeryLongTextIsCutToWhatThePanelHolds)
         EXPECT_TRUE(text.starts_with(back));
         EXPECT_GE(back.size(), std::min<std::size_t>(length, 65'535U));
     }
+}
+
+TEST_F(StatusBars, ATextThatIsNotUrgentIsThereForWhoeverAsks)
+{
+    bar.setPanelTextSoon(2, L"A");
+    bar.setPanelTextSoon(2, L"B");
+    EXPECT_EQ(bar.panelText(2), L"B");
+    bar.setPanelTextSoon(2, L"C");
+    bar.setPanelText(2, L"D");
+    EXPECT_EQ(bar.panelText(2), L"D");
+    bar.setPanelTextSoon(3, std::wstring(100'000, L'x'));
+    EXPECT_EQ(bar.panelText(3).size(), 65'535U);
+}
+
+TEST_F(StatusBars, OfTextsThatAreNotUrgentTheLastIsPainted)
+{
+    window.show();
+    pump();
+    int texts = 0;
+    const MessageWatch watch(bar.handle(), SB_SETTEXTW, [&] { ++texts; });
+    for (int i = 0; i < 100; ++i) {
+        bar.setPanelTextSoon(1, L"one " + std::to_wstring(i));
+        bar.setPanelTextSoon(3, L"three " + std::to_wstring(i));
+    }
+    EXPECT_EQ(texts, 0);
+    pump();
+    EXPECT_EQ(texts, 2);
+    EXPECT_EQ(bar.panelText(1), L"one 99");
+    EXPECT_EQ(bar.panelText(3), L"three 99");
+    EXPECT_EQ(texts, 2) << "nothing was left for the question to do";
 }
 
 TEST_F(StatusBars, PanelsLieSideBySideWithinTheBar)

@@ -16,11 +16,13 @@ constexpr UINT probe = WM_APP + 1;
 class ProbeWindow : public TestWindow {
   public:
     int got = 0;
+    int painted = 0;
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (message == probe) ++got;
+        if (message == WM_PAINT) ++painted;
         return TestWindow::onMessage(message, wParam, lParam);
     }
 };
@@ -54,6 +56,23 @@ TEST_F(MessageLoops, DispatchesWhatIsWaitingAndNoMore)
     EXPECT_EQ(window.got, 2);
     EXPECT_TRUE(loop.dispatchPending());
     EXPECT_EQ(window.got, 2);
+}
+
+TEST_F(MessageLoops, DispatchesAllButPaintingIfSoWanted)
+{
+    window.show();
+    loop.dispatchPending();
+    window.painted = 0;
+    InvalidateRect(window.handle(), nullptr, TRUE);
+    post();
+    EXPECT_TRUE(loop.dispatchAllButPainting());
+    EXPECT_EQ(window.got, 1);
+    EXPECT_EQ(window.painted, 0);
+    EXPECT_TRUE(loop.dispatchPending());
+    EXPECT_EQ(window.painted, 1);
+    PostQuitMessage(0);
+    EXPECT_FALSE(loop.dispatchAllButPainting());
+    EXPECT_FALSE(loop.dispatchPending()) << "it stays for the loop outside";
 }
 
 TEST_F(MessageLoops, RunsUntilTheConditionHolds)
