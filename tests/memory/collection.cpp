@@ -2,6 +2,7 @@
 
 #include "tests/support/answers.h"
 
+#include <cstring>
 #include <filesystem>
 
 namespace vandrel::test {
@@ -42,12 +43,13 @@ void Collection::reset()
     folder.write(L"Archive.udb",
                  "Old page of long ago|http://old.example/|kept for its pictures|1/1/2001\r\n");
     folder.write(L"Empty.udb", "");
-    const std::string place = withServer ? std::string(server.begin(), server.end()) + "/ok?"
-                                         : "c:\\nowhere\\";
+    std::string place = withServer ? std::string(server.begin(), server.end()) + "/ok?" : "c:\\nowhere\\";
     std::string lines;
     for (const char* const letter : {"c", "a", "b"}) {
         lines += std::string("A site whose name is ") + letter + "|" + place + letter +
                  "|a description of this site|9/30/2002\r\n";
+        // Each is at a host of its own, so that a scan opens them at once.
+        if (withServer) ++place[place.find("127.0.0.") + std::strlen("127.0.0.")];
     }
     folder.write(L"Work and play.udb", lines);
     for (const wchar_t* const name : {L"First shortcut.url", L"Second shortcut.url"})

@@ -54,7 +54,7 @@ class Collection {
     TempFolder shortcuts{L"shortcuts"};
     TempFolder target{L"target"};
     Typed typed;
-    std::wstring server;     // "http://127.0.0.1:1234"
+    std::wstring server;     // "http://127.0.0.1:1234"; 127.0.0.2 and 127.0.0.3 are the same one
     bool withServer = false; // the sites answer
     bool escaped = false;    // an error left the program's message loop
     SettingsStore store;

@@ -222,7 +222,7 @@ class EveryAllocation : public testing::TestWithParam<std::size_t> {
         return true;
     }
 
-    TestServer server_;
+    TestServer server_{3};
 };
 
 TEST_P(EveryAllocation, MayFailAlone) { tryOrRun(How::once); }

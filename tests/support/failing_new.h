@@ -10,7 +10,7 @@ enum class How {
 };
 enum class Where {
     thisThread,
-    otherThreads, // of which there is one at most: the transfer's
+    otherThreads, // the transfers' alone
 };
 
 // Counts allocations from now on and makes the n-th fail; none when n is 0.
