@@ -24,6 +24,7 @@ constexpr Group groups[] = {
     {"search", vandrel::bench::searchRows},
     {"scan", vandrel::bench::scanRows},
     {"bookmarks", vandrel::bench::bookmarkRows},
+    {"scale", vandrel::bench::scaleRows},
     {"million-bookmarks", vandrel::bench::manyBookmarkRows, true},
 };
 

@@ -16,6 +16,8 @@ void makeSearchFiles();
 void searchRows();
 // Checking sites against a server of this machine.
 void scanRows();
+// Ten and a hundred times as many sites: a cost that grows faster than the work has a ratio above 1.
+void scaleRows();
 // The program as a process: start, idling, size.
 void programRows();
 

@@ -1,6 +1,7 @@
 #include "exchange_tool/standard_output.h"
 
 #include "bookmarks/letters.h"
+#include "platform/files/file_layer.h"
 
 #include <algorithm>
 #include <string>
@@ -25,15 +26,7 @@ bool writeToFile(HANDLE file, std::wstring_view text)
 {
     std::string bytes;
     while (!text.empty()) appendUtf8(bytes, takeLetter(text));
-    for (std::string_view rest = bytes; !rest.empty();) {
-        DWORD written = 0;
-        if (WriteFile(file, rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr) == 0 ||
-            written == 0) {
-            return false;
-        }
-        rest.remove_prefix(written);
-    }
-    return true;
+    return systemFiles().write(file, bytes.data(), static_cast<DWORD>(bytes.size()));
 }
 
 } // namespace
