@@ -70,11 +70,6 @@ frmMain::frmMain(Startup startup)
     icons_.showIn(handle(), dpi());
     workspace_.keepOnTop.window = handle();
     Toolbar1_.setButtonMenu(dropDownButton(commands()), dropDownRows(commands()));
-    lstCategory_.setAccessibleName(L"Categories");
-    lstInfo_.setAccessibleName(L"Sites");
-    Toolbar1_.setAccessibleName(L"Toolbar");
-    StatusBar1_.setAccessibleName(L"Status");
-    PB_.setAccessibleName(L"Progress");
     for (Control* const control : controls()) control->setFont({});
     StatusBar1_.dock();
     drawForDpi();
@@ -131,7 +126,10 @@ void frmMain::endSession()
 LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_TIMER: availability_.tmrClipboard_Timer(); return 0;
+    case WM_TIMER:
+        if (!std::exchange(named_, true)) nameForReaders();
+        availability_.tmrClipboard_Timer();
+        return 0;
     case WM_SIZE: Form_Resize(); return 0;
     case WM_GETMINMAXINFO: {
         auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
@@ -199,6 +197,17 @@ bool frmMain::takeSplitterKey(const MSG& message)
     if (message.wParam != VK_LEFT && message.wParam != VK_RIGHT) return false;
     moveSplitter(message.wParam == VK_LEFT ? Twips{} - splitterStep : splitterStep);
     return true;
+}
+
+// Once the window has been painted, as timers come last: loading the service takes longer than all else at the
+// start.
+void frmMain::nameForReaders()
+{
+    lstCategory_.setAccessibleName(L"Categories");
+    lstInfo_.setAccessibleName(L"Sites");
+    Toolbar1_.setAccessibleName(L"Toolbar");
+    StatusBar1_.setAccessibleName(L"Status");
+    PB_.setAccessibleName(L"Progress");
 }
 
 // Before a menu of the bar opens, and before the window closes: neither takes the keyboard from the box.

@@ -110,6 +110,7 @@ class frmMain : public Window, public Form {
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
     bool takeSplitterKey(const MSG& message);
+    void nameForReaders();
     void endLabelEditFor(WPARAM systemCommand);
     void setClosedWindowsAside();
     void deleteClosedWindows();
@@ -148,6 +149,7 @@ class frmMain : public Window, public Form {
     std::unique_ptr<frmSearch> frmSearch_;
     std::unique_ptr<frmAbout> frmAbout_;
     std::vector<std::unique_ptr<Dialog>> closedWindows_; // their controls may still be handling a message
+    bool named_ = false;                                 // for screen readers
     MessageLoop::Registration keys_;
     MessageLoop::Rest rest_;
 };

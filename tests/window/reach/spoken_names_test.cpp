@@ -118,6 +118,7 @@ class NamesToldToReaders : protected KeptNames, public ReachTest {};
 TEST_F(NamesToldToReaders, AreThoseOfListsAndBars)
 {
     const Names own{L"Categories", L"Progress", L"Sites", L"Status", L"Toolbar"};
+    SendMessageW(main->handle(), WM_TIMER, 1, 0); // they come with the first tick, after the first painting
     EXPECT_EQ(sorted(), own);
     in(Shown::search, [&](HWND window) {
         const HWND bar = FindWindowExW(window, nullptr, STATUSCLASSNAMEW, nullptr);
