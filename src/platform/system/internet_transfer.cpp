@@ -32,14 +32,16 @@ std::wstring InternetTransfer::open(Number number, const std::wstring& url, Body
 
 void InternetTransfer::wait(TransferJob& job)
 {
+    // Many answers may be there already, and the user should not have to wait for the last of them. First, so
+    // that what came of the address before is seen before another is opened.
+    if (pause_.due()) pause_.take([this] { runMessages(); });
     while (true) {
         lanes_.goOn(tickClock().now());
         // Asked before the states are taken, so that none reported before the end is missed.
         const bool ended = job.isFinished() || job.isGivenUp();
         tellStates(job);
-        // Many answers may be there already, and the user should not have to wait for the last of them.
-        if (pause_.due()) pause_.take([this] { runMessages(); });
         if (ended) return;
+        if (pause_.due()) pause_.take([this] { runMessages(); });
         waitForNews();
     }
 }
