@@ -153,8 +153,8 @@ void backupRow(frmMain& window, const std::vector<fs::path>& files, const fs::pa
             CopyFileW(file.c_str(), (plain / file.filename()).c_str(), FALSE);
         }
     });
-    print(
-        {"backup of the 50 categories over an earlier one", "copying the same files", ours, floor, "ms", 1.3});
+    print({"backup of the 50 categories over an earlier one", "copying the same files", ours, floor, "ms",
+           1.3});
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "benchmarks/category_click.h"
 #include "benchmarks/measure.h"
 #include "benchmarks/plain_files.h"
 #include "benchmarks/rows.h"
@@ -19,24 +20,13 @@ struct Times {
     double sort;
 };
 
-void click(Workspace& workspace, const wchar_t* title)
-{
-    ListView& categories = workspace.lstCategory;
-    for (std::size_t row = 0; row < categories.count(); ++row) {
-        if (categories.text(row) != title) continue;
-        categories.select(row);
-        categories.ItemClick(row);
-    }
-    UpdateWindow(workspace.lstInfo.handle());
-}
-
 Times timesOf(frmMain& window, const std::wstring& folder, std::size_t sites, int runs)
 {
     Workspace& workspace = window.workspace();
-    click(workspace, L"Empty");
+    clickCategory(workspace, L"Empty");
     writeFile((folder + L"\\Large.udb").c_str(), generatedSites(sites));
-    const auto leave = [&] { click(workspace, L"Empty"); };
-    const auto open = [&] { click(workspace, L"Large"); };
+    const auto leave = [&] { clickCategory(workspace, L"Empty"); };
+    const auto open = [&] { clickCategory(workspace, L"Large"); };
     Times times{};
     times.open = timed(open, leave, runs);
     times.save = timed([&] { SaveItems(workspace); }, [] {}, runs);
@@ -88,7 +78,7 @@ void scaleRows()
     const Times large = timesOf(window, folder, 1'000'000, 3);
     printScale(middle, small, "100,000", "10,000");
     printScale(large, middle, "1,000,000", "100,000");
-    click(window.workspace(), L"Empty");
+    clickCategory(window.workspace(), L"Empty");
 }
 
 } // namespace vandrel::bench

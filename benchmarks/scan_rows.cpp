@@ -1,3 +1,4 @@
+#include "benchmarks/category_click.h"
 #include "benchmarks/measure.h"
 #include "benchmarks/plain_files.h"
 #include "benchmarks/rows.h"
@@ -82,16 +83,6 @@ void makeMixedCategory(const test::TestServer& server)
     makeCategory(L"Mixed", lines);
 }
 
-void click(Workspace& workspace, const wchar_t* title)
-{
-    ListView& categories = workspace.lstCategory;
-    for (std::size_t row = 0; row < categories.count(); ++row) {
-        if (categories.text(row) != title) continue;
-        categories.select(row);
-        categories.ItemClick(row);
-    }
-}
-
 void waitingRow(frmMain& window)
 {
     if (!countsProcessorTime()) {
@@ -99,7 +90,7 @@ void waitingRow(frmMain& window)
         return;
     }
     window.workspace().inetScan.setRequestTimeout(waitingMilliseconds);
-    click(window.workspace(), L"Silent");
+    clickCategory(window.workspace(), L"Silent");
     const double before = processorTime();
     window.run(mnuScanAllURLs);
     const double waiting = processorTime() - before;
@@ -130,7 +121,7 @@ void rateRow(frmMain& window, const std::wstring& url)
            timed(
                openAll, [] {}, runs),
            floor, "ms", 1.5});
-    click(window.workspace(), L"Quick");
+    clickCategory(window.workspace(), L"Quick");
     const double ours = timed([&] { window.run(mnuScanAllURLs); }, [] {}, runs);
     print({"scanning 500 sites that answer at once", "500 bare InternetOpenUrl", ours, floor, "ms", 1.2});
 }
@@ -149,10 +140,10 @@ void silentRow(frmMain& window)
     const test::TestServer hosts(mixedSites); // only now: its threads take memory
     makeMixedCategory(hosts);
     const auto scan = [&] { window.run(mnuScanAllURLs); };
-    click(window.workspace(), L"Silent");
+    clickCategory(window.workspace(), L"Silent");
     const double one = timed(
         scan, [] {}, runs);
-    click(window.workspace(), L"Mixed");
+    clickCategory(window.workspace(), L"Mixed");
     const double ours = timed(
         scan, [] {}, runs);
     window.workspace().inetScan.setRequestTimeout(InternetTransfer::usualSeconds * 1000);

@@ -1,3 +1,4 @@
+#include "benchmarks/category_click.h"
 #include "benchmarks/measure.h"
 #include "benchmarks/plain_files.h"
 #include "benchmarks/rows.h"
@@ -37,18 +38,8 @@ class Bench {
     Workspace& workspace() { return window_.workspace(); }
     frmMain& window() { return window_; }
 
-    void click(const wchar_t* title)
-    {
-        ListView& categories = workspace().lstCategory;
-        for (std::size_t row = 0; row < categories.count(); ++row) {
-            if (categories.text(row) != title) continue;
-            categories.select(row);
-            categories.ItemClick(row);
-        }
-        UpdateWindow(sites().handle());
-    }
-    void clickLarge() { click(L"Large"); }
-    void clickEmpty() { click(L"Empty"); }
+    void clickLarge() { clickCategory(workspace(), L"Large"); }
+    void clickEmpty() { clickCategory(workspace(), L"Empty"); }
 
   private:
     frmMain window_;

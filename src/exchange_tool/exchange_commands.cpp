@@ -5,6 +5,7 @@
 #include "exchange_tool/folder_check.h"
 #include "platform/base/system_error.h"
 #include "platform/files/folder.h"
+#include "platform/files/full_path.h"
 #include "update/version_report.h"
 
 #include <windows.h>
@@ -17,14 +18,6 @@ namespace {
 using What = ExchangeRequest::What;
 
 constexpr const wchar_t* lineEnd = L"\r\n";
-
-// As the user meant it: relative to the current directory.
-std::wstring fullPath(const std::wstring& path)
-{
-    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0'); // with room for the NUL
-    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return full.empty() ? path : full;
-}
 
 void write(const std::function<bool(std::wstring_view)>& stream, std::wstring_view text)
 {

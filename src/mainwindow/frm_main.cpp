@@ -228,19 +228,27 @@ void frmMain::giveFocusBack()
     SetFocus(usable ? last : lstCategory_.handle());
 }
 
-// Makes room for a new window. Not while a search runs: its window must outlive it.
+// Not while a search runs: its window must outlive it.
+bool frmMain::searchIsOver() const
+{
+    return frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching();
+}
+
+bool frmMain::aboutIsOver() const { return frmAbout_ && frmAbout_->unloaded(); }
+
+// Makes room for a new window.
 void frmMain::setClosedWindowsAside()
 {
     closedWindows_.reserve(closedWindows_.size() + 2);
-    if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching())
-        closedWindows_.push_back(std::move(frmSearch_));
-    if (frmAbout_ && frmAbout_->unloaded()) closedWindows_.push_back(std::move(frmAbout_));
+    if (searchIsOver()) closedWindows_.push_back(std::move(frmSearch_));
+    if (aboutIsOver()) closedWindows_.push_back(std::move(frmAbout_));
 }
 
+// Takes no memory, so it cannot fail.
 void frmMain::deleteClosedWindows()
 {
-    if (frmSearch_ && frmSearch_->unloaded() && !frmSearch_->searching()) frmSearch_.reset();
-    if (frmAbout_ && frmAbout_->unloaded()) frmAbout_.reset();
+    if (searchIsOver()) frmSearch_.reset();
+    if (aboutIsOver()) frmAbout_.reset();
     closedWindows_.clear();
 }
 

@@ -112,6 +112,8 @@ class frmMain : public Window, public Form {
     bool takeSplitterKey(const MSG& message);
     void nameForReaders();
     void endLabelEditFor(WPARAM systemCommand);
+    bool searchIsOver() const;
+    bool aboutIsOver() const;
     void setClosedWindowsAside();
     void deleteClosedWindows();
     void giveFocusBack();

@@ -24,12 +24,7 @@ class BookmarkExport : public testing::Test {
     }
     std::wstring failure(const std::wstring& file, FileLayer& files = systemFiles())
     {
-        try {
-            exportBookmarks(folder.path(), file, files, progress);
-        } catch (const RuntimeError& error) {
-            return error.description();
-        }
-        return L"no error";
+        return errorTextOf([&] { exportBookmarks(folder.path(), file, files, progress); });
     }
 
     TempFolder folder{L"categories"};

@@ -28,12 +28,7 @@ class BookmarkImport : public testing::Test {
     // The error's text.
     std::wstring failure(FileLayer& files = systemFiles())
     {
-        try {
-            import(files);
-        } catch (const RuntimeError& error) {
-            return error.description();
-        }
-        return L"no error";
+        return errorTextOf([&] { import(files); });
     }
 
     TempFolder source{L"page"};

@@ -1,6 +1,7 @@
 #include "platform/controls/folder_list.h"
 
 #include "platform/files/folder.h"
+#include "platform/files/full_path.h"
 
 #include <commctrl.h>
 
@@ -14,15 +15,6 @@ constexpr Twips gap{60};
 constexpr std::array folderPictures{L"folder", L"folder-open"};
 constexpr int closedPicture = 0;
 constexpr int openPicture = 1;
-
-std::wstring fullPath(const std::wstring& path)
-{
-    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    if (size == 0) return path;
-    std::wstring full(size, L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
-    return full;
-}
 
 // The part of a full path that is not a folder name: "C:\" or "\\server\share\".
 std::size_t rootLength(const std::wstring& path)

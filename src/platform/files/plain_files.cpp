@@ -1,3 +1,4 @@
+#include "platform/base/current_directory.h"
 #include "platform/base/system_error.h"
 #include "platform/files/file_layer.h"
 #include "platform/files/file_steps.h"
@@ -9,8 +10,7 @@ namespace {
 std::wstring pathOf(const std::wstring& name)
 {
     if (name.find_first_of(L"\\/:") != std::wstring::npos) return extendedPath(name);
-    std::wstring directory(GetCurrentDirectoryW(0, nullptr), L'\0'); // with room for the NUL
-    directory.resize(GetCurrentDirectoryW(static_cast<DWORD>(directory.size()), directory.data()));
+    const std::wstring directory = currentDirectory();
     return directory.empty() ? name : extendedPath(directory + L"\\" + name);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/base/system_error.h"
 #include "platform/files/file_layer.h"
 #include "platform/files/file_steps.h"
+#include "platform/files/full_path.h"
 #include "platform/files/left_behind.h"
 #include "platform/files/save_in_place.h"
 
@@ -77,13 +78,6 @@ bool replaceWithRetries(FileLayer& files, const std::wstring& sibling, const std
     return false;
 }
 
-std::wstring fullPath(const std::wstring& path)
-{
-    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0'); // with room for the NUL
-    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return extendedPath(full);
-}
-
 bool replaceBySibling(FileLayer& files, const std::wstring& target, const std::wstring& sibling,
                       const WriteContents& contents)
 {
@@ -141,8 +135,8 @@ bool isSameFile(const std::wstring& one, const std::wstring& other, FileLayer& f
     if (first && second) return *first == *second;
     if (!fileExists(one) || !fileExists(other)) return false;
     // A drive that does not number its files: what is left are their names.
-    const std::wstring firstPath = fullPath(one);
-    const std::wstring secondPath = fullPath(other);
+    const std::wstring firstPath = extendedPath(fullPath(one));
+    const std::wstring secondPath = extendedPath(fullPath(other));
     return CompareStringOrdinal(firstPath.c_str(), -1, secondPath.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 

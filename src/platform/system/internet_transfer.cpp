@@ -34,14 +34,14 @@ void InternetTransfer::wait(TransferJob& job)
 {
     // Many answers may be there already, and the user should not have to wait for the last of them. First, so
     // that what came of the address before is seen before another is opened.
-    if (pause_.due()) pause_.take([this] { runMessages(); });
+    runMessagesIfDue();
     while (true) {
         lanes_.goOn(tickClock().now());
         // Asked before the states are taken, so that none reported before the end is missed.
         const bool ended = job.isFinished() || job.isGivenUp();
         tellStates(job);
         if (ended) return;
-        if (pause_.due()) pause_.take([this] { runMessages(); });
+        runMessagesIfDue();
         waitForNews();
     }
 }
@@ -58,6 +58,11 @@ void InternetTransfer::waitForNews()
     if (reason != WAIT_OBJECT_0 + 1) return;
     if (HIWORD(GetQueueStatus(QS_INPUT)) != 0) runMessages();
     else if (!MessageLoop::current().dispatchAllButPainting()) quit();
+}
+
+void InternetTransfer::runMessagesIfDue()
+{
+    if (pause_.due()) pause_.take([this] { runMessages(); });
 }
 
 void InternetTransfer::runMessages()

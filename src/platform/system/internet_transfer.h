@@ -58,6 +58,7 @@ class InternetTransfer {
     std::wstring open(Number number, const std::wstring& url, Body body);
     void wait(TransferJob& job);
     void waitForNews();
+    void runMessagesIfDue();
     void runMessages();
     [[noreturn]] void quit();
     void tellStates(TransferJob& job) const;

@@ -38,7 +38,7 @@ class Sorter {
                 differences |= e->key ^ first->key;
             }
             if (differences != 0) return split(first, last, depth, differences);
-            if (!goesOn(first, last, depth)) return;
+            if (!settle(first, last, depth)) return;
             depth += SortKey::units;
         }
     }
@@ -56,13 +56,13 @@ class Sorter {
         while (first != last) {
             Entry* const end = std::find_if(first + 1, last,
                                             [&](const Entry& e) { return e.key != first->key; });
-            if (end - first > 1 && goesOn(first, end, depth)) sort(first, end, depth + SortKey::units);
+            if (end - first > 1 && settle(first, end, depth)) sort(first, end, depth + SortKey::units);
             first = end;
         }
     }
 
-    // Whether entries with the same key have to be sorted by what follows it.
-    bool goesOn(Entry* first, Entry* last, std::size_t depth) const
+    // Sorts entries with the same key if they may differ within it. Returns whether what follows it decides.
+    bool settle(Entry* first, Entry* last, std::size_t depth) const
     {
         const std::uint64_t key = first->key ^ flipped_;
         if (!SortKey::inexact(key)) return !SortKey::ended(key);

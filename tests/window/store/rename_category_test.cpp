@@ -37,6 +37,17 @@ class CategoryRename : public StoreTest {
         SendMessageW(edit, EM_SETSEL, 0, -1);
         SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
     }
+    // Opens a menu, which is closed at once. Returns whether the label was still being edited when it opened;
+    // true too if none did.
+    bool editsWhileOpen(const std::function<void()>& openMenu)
+    {
+        const MenuKeys closeIt(main->handle(), {VK_ESCAPE, VK_ESCAPE});
+        bool edits = true;
+        const MessageWatch opening(main->handle(), WM_ENTERMENULOOP,
+                                   [&] { edits = lstCategory().editingLabel(); });
+        openMenu();
+        return edits;
+    }
     // As Enter does.
     void expectTaken()
     {
@@ -204,12 +215,7 @@ TEST_F(CategoryRename, AMenuOfTheBarTakesTheTitleBeforeItOpens)
 {
     startThere();
     type(L"New");
-    const MenuKeys closeIt(main->handle(), {VK_ESCAPE, VK_ESCAPE});
-    bool editedInTheMenu = true;
-    const MessageWatch opening(main->handle(), WM_ENTERMENULOOP,
-                               [&] { editedInTheMenu = lstCategory().editingLabel(); });
-    SendMessageW(main->handle(), WM_SYSCOMMAND, SC_KEYMENU, L'v');
-    EXPECT_FALSE(editedInTheMenu);
+    EXPECT_FALSE(editsWhileOpen([this] { SendMessageW(main->handle(), WM_SYSCOMMAND, SC_KEYMENU, L'v'); }));
     expectTaken();
 }
 
@@ -217,15 +223,12 @@ TEST_F(CategoryRename, TheMenuOfTheToolBarTakesTheTitleBeforeItOpens)
 {
     startThere();
     type(L"New");
-    const MenuKeys closeIt(main->handle(), {VK_ESCAPE, VK_ESCAPE});
-    bool editedInTheMenu = true;
-    const MessageWatch opening(main->handle(), WM_ENTERMENULOOP,
-                               [&] { editedInTheMenu = lstCategory().editingLabel(); });
-    RECT button{};
-    const HWND bar = main->toolBar().handle();
-    SendMessageW(bar, TB_GETRECT, 10, reinterpret_cast<LPARAM>(&button));
-    clickAt(bar, {button.right - 4, (button.top + button.bottom) / 2});
-    EXPECT_FALSE(editedInTheMenu);
+    EXPECT_FALSE(editsWhileOpen([this] {
+        RECT button{};
+        const HWND bar = main->toolBar().handle();
+        SendMessageW(bar, TB_GETRECT, 10, reinterpret_cast<LPARAM>(&button));
+        clickAt(bar, {button.right - 4, (button.top + button.bottom) / 2});
+    }));
     expectTaken();
 }
 
