@@ -76,7 +76,7 @@ class Page {
         page.clear();
         return written;
     }
-    void add(const RowTable::Texts& texts, BookmarkWriter& page)
+    void add(const RowTexts& texts, BookmarkWriter& page)
     {
         const std::wstring_view date = texts[dateColumn];
         const auto added = date.empty() ? std::nullopt : days_.noonOf(std::wstring(date));

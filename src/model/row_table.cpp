@@ -66,31 +66,26 @@ std::optional<std::size_t> RowTable::lastMarked(std::size_t before) const
     return std::nullopt;
 }
 
-std::wstring_view RowTable::keepText(std::wstring text)
+RowTexts RowTable::keep(const Texts& texts)
 {
     // A forward_list never moves its elements, so the views stay valid.
-    return text.empty() ? std::wstring_view{} : std::wstring_view(kept_.emplace_front(std::move(text)));
+    std::wstring& line = kept_.emplace_front(RowTexts::lengthOf(texts), L'\0');
+    return RowTexts::written(texts, line.data());
 }
 
-void RowTable::setText(std::size_t row, std::size_t column, std::wstring text)
+void RowTable::setText(std::size_t row, std::size_t column, std::wstring_view text)
 {
-    useText(row, column, keepText(std::move(text)));
+    Texts texts = rows_[row].texts.views();
+    texts[column] = text;
+    setTexts(row, texts);
 }
 
-void RowTable::useText(std::size_t row, std::size_t column, std::wstring_view kept)
-{
-    rows_[row].texts[column] = kept;
-    if (column == sortKey_) inOrder_ = std::min(inOrder_, row);
-    tellOf(row);
-}
+void RowTable::setTexts(std::size_t row, const Texts& texts) { useTexts(row, keep(texts)); }
 
-void RowTable::setTexts(std::size_t row, NewTexts texts)
+void RowTable::useTexts(std::size_t row, const RowTexts& kept)
 {
-    Texts kept;
-    for (std::size_t column = 0; column < maxColumns; ++column)
-        kept[column] = keepText(std::move(texts[column]));
+    if (kept[sortKey_] != rows_[row].texts[sortKey_]) inOrder_ = std::min(inOrder_, row);
     rows_[row].texts = kept;
-    inOrder_ = std::min(inOrder_, row);
     tellOf(row);
 }
 
@@ -172,18 +167,15 @@ void RowTable::append(Block&& block)
 
 // ---- rows come and go
 
-RowTable::Row RowTable::keptRow(NewTexts texts, int image)
+RowTable::Row RowTable::keptRow(const Texts& texts, int image)
 {
-    Row row{{}, static_cast<std::uint8_t>(image), false, false, ++lastId_};
-    for (std::size_t column = 0; column < maxColumns; ++column)
-        row.texts[column] = keepText(std::move(texts[column]));
-    return row;
+    return {keep(texts), static_cast<std::uint8_t>(image), false, false, ++lastId_};
 }
 
-std::size_t RowTable::add(NewTexts texts, int image)
+std::size_t RowTable::add(const Texts& texts, int image)
 {
     const Change change(*this, RowChange::moved);
-    const Row row = keptRow(std::move(texts), image);
+    const Row row = keptRow(texts, image);
     auto place = rows_.end();
     if (sorted_) {
         // After its equals, where a stable sort would put it.
@@ -198,17 +190,13 @@ std::size_t RowTable::add(NewTexts texts, int image)
 
 void RowTable::addCopies(std::span<const Row> rows)
 {
-    for (const Row& row : rows) {
-        NewTexts texts;
-        std::ranges::copy(row.texts, texts.begin());
-        add(std::move(texts), row.image);
-    }
+    for (const Row& row : rows) add(row.texts.views(), row.image);
 }
 
-void RowTable::insert(std::size_t row, NewTexts texts, int image)
+void RowTable::insert(std::size_t row, const Texts& texts, int image)
 {
     const Change change(*this, RowChange::moved);
-    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row), keptRow(std::move(texts), image));
+    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row), keptRow(texts, image));
     inOrder_ = std::min(inOrder_, row);
 }
 

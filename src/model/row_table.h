@@ -1,8 +1,8 @@
 #pragma once
 
+#include "model/row_texts.h"
 #include "platform/controls/row_source.h"
 
-#include <array>
 #include <forward_list>
 #include <memory>
 #include <span>
@@ -14,19 +14,18 @@ namespace vandrel {
 
 // The rows of a list (sites, hits or the titles of categories) in the order in which they are shown.
 //
-// Texts are views into the blocks that filled the table or into texts kept one by one. Both live until the
+// Texts are views into the blocks that filled the table or into lines kept one by one. Both live until the
 // rows are cleared, so 100,000 rows cost one block and not 400,000 strings.
 //
 // A change that runs out of memory leaves the rows as they were.
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nothing derives from it
 class RowTable final : public RowSource {
   public:
-    static constexpr std::size_t maxColumns = 4;
-    using Texts = std::array<std::wstring_view, maxColumns>;
-    using NewTexts = std::array<std::wstring, maxColumns>;
+    static constexpr std::size_t maxColumns = RowTexts::count;
+    using Texts = RowTexts::Views;
 
     struct Row {
-        Texts texts;
+        RowTexts texts;
         std::uint8_t image = 1; // from 1, as in the image list
         bool marked = false;    // selected, while rows change places
         bool current = false;
@@ -62,11 +61,11 @@ class RowTable final : public RowSource {
     // Changes whenever the table is filled or cleared.
     unsigned fillings() const { return fillings_; }
 
-    void setText(std::size_t row, std::size_t column, std::wstring text);
+    void setText(std::size_t row, std::size_t column, std::wstring_view text);
+    void setTexts(std::size_t row, const Texts& texts); // all, or none if memory runs out
     // The same in two steps: the first may run out of memory, the second cannot fail.
-    std::wstring_view keepText(std::wstring text);
-    void useText(std::size_t row, std::size_t column, std::wstring_view kept);
-    void setTexts(std::size_t row, NewTexts texts); // all, or none if memory runs out
+    RowTexts keep(const Texts& texts);
+    void useTexts(std::size_t row, const RowTexts& kept);
     void setImage(std::size_t row, int image);
 
     void clear();
@@ -80,11 +79,11 @@ class RowTable final : public RowSource {
     // The same; an empty table takes the rows as they are, without a copy.
     void append(Block&& block);
     // Adds a row: at the end or, while sorted, in its place. Returns its number.
-    std::size_t add(NewTexts texts, int image);
+    std::size_t add(const Texts& texts, int image);
     // Adds a copy of each row, as add does.
     void addCopies(std::span<const Row> rows);
     // Inserts a row at that number, whatever the sort order.
-    void insert(std::size_t row, NewTexts texts, int image);
+    void insert(std::size_t row, const Texts& texts, int image);
     void remove(std::size_t row);
     // Removes every marked row and returns how many there were. A list view marks what is selected in it when
     // the change begins.
@@ -111,7 +110,7 @@ class RowTable final : public RowSource {
     void arrange(bool on, std::size_t key, SortOrder order);
     void sort();
     void reverse();
-    Row keptRow(NewTexts texts, int image);
+    Row keptRow(const Texts& texts, int image);
     void tellOf(std::size_t row) const;
 
     std::vector<Row> rows_;

@@ -17,7 +17,7 @@ struct Site {
 
 inline Site siteAt(const RowTable& sites, std::size_t row)
 {
-    const RowTable::Texts& texts = sites[row].texts;
+    const RowTexts& texts = sites[row].texts;
     return {std::wstring(texts[nameColumn]), std::wstring(texts[urlColumn]),
             std::wstring(texts[descriptionColumn]), std::wstring(texts[dateColumn])};
 }

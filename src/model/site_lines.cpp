@@ -40,25 +40,34 @@ std::wstring_view SiteLines::next()
     }
 }
 
+// A whole line where there is one, else a field.
+std::wstring_view SiteLines::piece() const
+{
+    const RowTexts& texts = rows_.front().texts;
+    const std::wstring_view line = field_ == 0 ? texts.line() : std::wstring_view();
+    return line.empty() ? texts[field_] : line;
+}
+
+void SiteLines::passPiece()
+{
+    const bool wholeLine = field_ == 0 && !rows_.front().texts.line().empty();
+    const bool lineEnds = wholeLine || field_ + 1 == RowTable::maxColumns;
+    field_ = lineEnds ? 0 : field_ + 1;
+    separator_ = lineEnds ? lineEnd : fieldEnd;
+    if (lineEnds) rows_ = rows_.subspan(1);
+}
+
 std::wstring_view SiteLines::takeRun()
 {
     // The texts of sorted rows are scattered in memory.
-    if (rows_.size() > rowsAhead) prefetchText(rows_[rowsAhead].texts.front());
-    std::wstring_view run = rows_.front().texts[field_];
-    while (true) {
-        ++field_;
-        const bool lineEnds = field_ == RowTable::maxColumns;
-        if (lineEnds) {
-            field_ = 0;
-            rows_ = rows_.subspan(1);
-        }
-        const std::wstring_view separator = lineEnds ? lineEnd : fieldEnd;
-        if (rows_.empty() || !continues(run, separator, rows_.front().texts[field_])) {
-            separator_ = separator;
-            return run;
-        }
-        run = {run.data(), run.size() + separator.size() + rows_.front().texts[field_].size()};
+    if (rows_.size() > rowsAhead) prefetchText(rows_[rowsAhead].texts[0]);
+    std::wstring_view run = piece();
+    passPiece();
+    while (!rows_.empty() && continues(run, separator_, piece())) {
+        run = {run.data(), run.size() + separator_.size() + piece().size()};
+        passPiece();
     }
+    return run;
 }
 
 } // namespace vandrel

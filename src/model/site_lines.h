@@ -8,8 +8,8 @@
 namespace vandrel {
 
 // The text of a category file, line ends included, piece by piece. What is contiguous in memory is one
-// piece, separators included: sites read from a file and still in its order are taken as a whole, not field
-// by field. The pieces are views of the rows' texts, which must not change meanwhile.
+// piece, separators included: a site whose fields are all there, and sites read from a file that are still in
+// its order. The pieces are views of the rows' texts, which must not change meanwhile.
 class SiteLines {
   public:
     explicit SiteLines(std::span<const RowTable::Row> rows) : rows_(rows) {}
@@ -18,6 +18,8 @@ class SiteLines {
     std::wstring_view next();
 
   private:
+    std::wstring_view piece() const;
+    void passPiece();
     std::wstring_view takeRun();
 
     std::span<const RowTable::Row> rows_;

@@ -136,8 +136,7 @@ std::size_t frmSearch::searchBytes(const Remembered& category, Search& search, c
         const bool due = throttle_.due();
         const auto site = due ? sites.next() : sites.nextCandidate();
         if (!site) continue;
-        const SiteTexts texts = search.hits.decode(*site, letters);
-        if (search.matcher->matches(texts)) search.hits.addDecoded(texts);
+        if (search.matcher->matches(search.hits.decode(*site, letters))) search.hits.addDecoded();
         if (!due || sites.sites() % sitesBetweenTurns != 0) continue;
         takeTurn(category, search, sites.sites(), !std::exchange(followed, true));
         if (ended()) break;
@@ -154,7 +153,8 @@ std::size_t frmSearch::searchText(const Remembered& category, Search& search)
     sequence.setBlock(read.text);
     bool followed = false;
     for (std::size_t done = 0; done < sites.size(); ++done) {
-        if (sequence.matches(sites[done].texts)) search.hits.add(sites[done].texts);
+        const SiteTexts texts = sites[done].texts.views();
+        if (sequence.matches(texts)) search.hits.add(texts);
         if ((done + 1) % sitesBetweenTurns != 0 || !throttle_.due()) continue;
         takeTurn(category, search, done + 1, !std::exchange(followed, true));
         if (ended()) break;

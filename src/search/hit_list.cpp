@@ -1,6 +1,7 @@
 #include "search/hit_list.h"
 
 #include "model/site_columns.h"
+#include "model/site_record.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,45 +26,51 @@ wchar_t* HitList::room(std::size_t units)
     return free_;
 }
 
-std::wstring_view HitList::copy(std::wstring_view text)
-{
-    wchar_t* const begin = room(text.size());
-    free_ = std::ranges::copy(text, begin).out;
-    freeUnits_ -= text.size();
-    return {begin, text.size()};
-}
+void HitList::setCategory(std::wstring_view title) { category_ = title; }
 
-void HitList::setCategory(std::wstring_view title) { category_ = copy(title); }
+void HitList::addLine(const RowTexts& line)
+{
+    rows_.push_back({line});
+    const std::size_t units = RowTexts::lengthOf(line.views());
+    free_ += units;
+    freeUnits_ -= units;
+}
 
 void HitList::add(const SiteTexts& site)
 {
-    rows_.push_back(
-        {{copy(site[nameColumn]), copy(site[urlColumn]), category_, copy(site[descriptionColumn])}});
+    const RowTexts::Views texts{site[nameColumn], site[urlColumn], category_, site[descriptionColumn]};
+    addLine(RowTexts::written(texts, room(RowTexts::lengthOf(texts))));
 }
 
 SiteTexts HitList::decode(const ByteSearch::Site& site, const CodePageLetters& letters)
 {
-    wchar_t* end = room(site.name.size() + site.url.size() + site.description.size());
+    const std::size_t units = site.name.size() + site.url.size() + category_.size() + site.description.size();
+    wchar_t* end = room(units + RowTexts::count - 1);
     const auto decoded = [&](std::string_view bytes) {
-        wchar_t* const begin = std::exchange(end, end + bytes.size());
-        decodeSingleBytes(bytes, begin, letters);
-        return std::wstring_view(begin, bytes.size());
+        decodeSingleBytes(bytes, end, letters);
+        return std::wstring_view(std::exchange(end, end + bytes.size()), bytes.size());
     };
+    const auto copied = [&](std::wstring_view text) {
+        std::ranges::copy(text, end);
+        return std::wstring_view(std::exchange(end, end + text.size()), text.size());
+    };
+    RowTexts::Views line;
+    line[0] = decoded(site.name);
+    *end++ = fieldSeparator;
+    line[1] = decoded(site.url);
+    *end++ = fieldSeparator;
+    line[2] = copied(category_);
+    *end++ = fieldSeparator;
+    line[3] = decoded(site.description);
+    decoded_ = RowTexts::ofLine(line);
     SiteTexts texts;
-    texts[nameColumn] = decoded(site.name);
-    texts[urlColumn] = decoded(site.url);
-    texts[descriptionColumn] = decoded(site.description);
+    texts[nameColumn] = line[0];
+    texts[urlColumn] = line[1];
+    texts[descriptionColumn] = line[3];
     return texts;
 }
 
-void HitList::addDecoded(const SiteTexts& site)
-{
-    rows_.push_back({{site[nameColumn], site[urlColumn], category_, site[descriptionColumn]}});
-    const std::size_t units = site[nameColumn].size() + site[urlColumn].size() +
-                              site[descriptionColumn].size();
-    free_ += units;
-    freeUnits_ -= units;
-}
+void HitList::addDecoded() { addLine(decoded_); }
 
 RowTable::Block HitList::take() { return {texts_, std::exchange(rows_, {})}; }
 

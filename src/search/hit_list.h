@@ -6,6 +6,7 @@
 #include "search/site_match.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,7 +26,7 @@ class HitList {
     // In two steps for a site that was not decoded yet: its texts but for the date, until the next call of
     // any function, and the hit that it proves to be.
     SiteTexts decode(const ByteSearch::Site& site, const CodePageLetters& letters);
-    void addDecoded(const SiteTexts& site);
+    void addDecoded();
 
     bool empty() const { return rows_.empty(); }
     // Takes the hits out. They share the memory of their texts with those that follow.
@@ -36,12 +37,13 @@ class HitList {
         std::vector<std::unique_ptr<wchar_t[]>> pieces;
     };
     wchar_t* room(std::size_t units);
-    std::wstring_view copy(std::wstring_view text);
+    void addLine(const RowTexts& line);
 
     std::shared_ptr<Texts> texts_;
     wchar_t* free_ = nullptr; // of the last piece
     std::size_t freeUnits_ = 0;
-    std::wstring_view category_;
+    std::wstring category_;
+    RowTexts decoded_;
     std::vector<RowTable::Row> rows_;
 };
 

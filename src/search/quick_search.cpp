@@ -60,7 +60,7 @@ void Search(Workspace& workspace, const std::wstring& strTerm, const std::int16_
     const SiteMatcher matcher(strTerm, SearchMode, SearchSection::all, platformFolding());
     // Contract: no wrap-around at the end of the list.
     for (auto row = static_cast<std::size_t>(StartAt - 1); row < sites.size(); ++row) {
-        if (!matcher.matches(sites[row].texts)) continue;
+        if (!matcher.matches(sites[row].texts.views())) continue;
         workspace.lstInfo.select(row);
         return;
     }

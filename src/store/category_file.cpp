@@ -25,7 +25,7 @@ std::vector<RowTable::Row> sitesOf(std::wstring_view text)
     rows.reserve(text.size() / charactersOfASite + 1);
     SiteRecordReader reader(text);
     while (const auto site = reader.next()) {
-        rows.push_back({{site->name, site->url, site->description, site->date}, siteImage});
+        rows.push_back({RowTexts::ofLine({site->name, site->url, site->description, site->date}), siteImage});
     }
     return rows;
 }

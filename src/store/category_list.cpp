@@ -56,7 +56,8 @@ void listCategories(Workspace& workspace)
     rows.reserve(lengths.size());
     std::size_t start = 0;
     for (const std::size_t length : lengths) {
-        rows.push_back({{std::wstring_view(*titles).substr(start, length)}, closedFolderImage});
+        const std::wstring_view title = std::wstring_view(*titles).substr(start, length);
+        rows.push_back({RowTexts::ofLine({title}), closedFolderImage});
         start += length;
     }
     workspace.categories.fill(titles, std::move(rows));

@@ -57,11 +57,11 @@ bool CategoryRename::lstCategory_AfterLabelEdit(const std::wstring& newText)
     }
     RowTable& categories = workspace_.categories;
     // Before the rename, so that showing the new title cannot fail.
-    const std::wstring_view kept = categories.keepText(newText);
+    const RowTexts kept = categories.keep({newText});
     const std::wstring extension(categoryExtension);
     // Contract: both names are relative to the current directory, and "Move To" is not rebuilt.
     renameFile(oldTitle_ + extension, newText + extension);
-    if (const auto row = categories.rowOf(category_)) categories.useText(*row, 0, kept);
+    if (const auto row = categories.rowOf(category_)) categories.useTexts(*row, kept);
     return true;
 }
 

@@ -1,6 +1,5 @@
 #include "store/site_move.h"
 
-#include "model/site_columns.h"
 #include "platform/base/runtime_error.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/menu.h"
@@ -67,7 +66,7 @@ void moveOnDisk(const Workspace& workspace, std::size_t site, const std::wstring
     std::vector<RowTable::Row> left(all.begin(), all.end());
     RowTable::Row moved = left[site];
     // Contract: the date is not carried over.
-    moved.texts[dateColumn] = {};
+    moved.texts.clearLast();
     moved.image = siteImage;
     left.erase(left.begin() + static_cast<std::ptrdiff_t>(site));
 

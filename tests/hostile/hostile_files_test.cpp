@@ -53,7 +53,7 @@ class HostileFiles : public testing::Test {
         std::vector<RowTable::Row> rows;
         SiteRecordReader reader(text);
         while (const auto site = reader.next())
-            rows.push_back({{site->name, site->url, site->description, site->date}});
+            rows.push_back({RowTexts::ofLine({site->name, site->url, site->description, site->date})});
         const auto compose = [&](AnsiTextWriter& file) {
             SiteLines lines(rows);
             std::wstring_view piece = lines.next();

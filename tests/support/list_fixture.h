@@ -1,21 +1,19 @@
 #pragma once
 
-#include "model/row_table.h"
 #include "platform/controls/list_view.h"
 #include "tests/support/input.h"
+#include "tests/support/row_block.h"
 #include "tests/support/test_window.h"
 #include "tests/support/wine.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace vandrel::test {
 
-using Strings = std::array<std::wstring, RowTable::maxColumns>;
 using Names = std::vector<std::wstring>;
 using RowNumbers = std::vector<std::size_t>;
 
@@ -104,18 +102,8 @@ inline POINT emptySpace(const ListView& list)
 
 inline void fillRows(RowTable& list, const std::vector<Strings>& texts)
 {
-    auto block = std::make_shared<std::wstring>();
-    for (const Strings& row : texts)
-        for (const std::wstring& text : row) *block += text;
-    std::vector<RowTable::Row> rows(texts.size());
-    std::wstring_view rest = *block;
-    for (std::size_t row = 0; row < texts.size(); ++row) {
-        for (std::size_t column = 0; column < RowTable::maxColumns; ++column) {
-            rows[row].texts[column] = rest.substr(0, texts[row][column].size());
-            rest.remove_prefix(texts[row][column].size());
-        }
-    }
-    list.fill(std::move(block), std::move(rows));
+    RowBlock block(texts);
+    list.fill(std::move(block.text), std::move(block.rows));
 }
 
 // A list with rows of its own.

@@ -34,7 +34,7 @@ RowTable loaded(const std::wstring& text)
     std::vector<RowTable::Row> rows;
     SiteRecordReader reader(*block);
     while (const auto site = reader.next())
-        rows.push_back({{site->name, site->url, site->description, site->date}});
+        rows.push_back({RowTexts::ofLine({site->name, site->url, site->description, site->date})});
     RowTable list;
     list.fill(block, std::move(rows));
     return list;

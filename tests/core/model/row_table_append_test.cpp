@@ -7,26 +7,17 @@
 namespace vandrel {
 namespace {
 
-// Rows that are views into a text of their own.
-struct Batch {
-    explicit Batch(const Names& names)
-    {
-        for (const std::wstring& name : names) *text += name;
-        std::wstring_view rest = *text;
-        for (const std::wstring& name : names) {
-            rows.push_back({{rest.substr(0, name.size())}});
-            rest.remove_prefix(name.size());
-        }
-    }
-
-    std::shared_ptr<std::wstring> text = std::make_shared<std::wstring>();
-    std::vector<RowTable::Row> rows;
-};
+RowBlock batchOf(const Names& names)
+{
+    std::vector<Strings> lines;
+    for (const std::wstring& name : names) lines.push_back({name});
+    return RowBlock(lines);
+}
 
 TEST(AppendedRows, GoToTheEndInTheirOrder)
 {
     RowTable list = filled({{L"m"}, {L"k"}});
-    const Batch batch({L"z", L"a"});
+    const RowBlock batch = batchOf({L"z", L"a"});
     list.append(batch.text, batch.rows);
     EXPECT_EQ(names(list), (Names{L"m", L"k", L"z", L"a"}));
     list.append(nullptr, {});
@@ -37,7 +28,7 @@ TEST(AppendedRows, GoToTheEndOfASortedListUntilItIsSortedAgain)
 {
     RowTable list = filled({{L"m"}, {L"k"}});
     list.sortBy(nameColumn, SortOrder::ascending);
-    const Batch batch({L"z", L"a"});
+    const RowBlock batch = batchOf({L"z", L"a"});
     list.append(batch.text, batch.rows);
     EXPECT_EQ(names(list), (Names{L"k", L"m", L"z", L"a"}));
     EXPECT_TRUE(list.sorted());
@@ -48,8 +39,8 @@ TEST(AppendedRows, GoToTheEndOfASortedListUntilItIsSortedAgain)
 TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
 {
     RowTable list;
-    std::optional<Batch> first(Names{L"one"});
-    std::optional<Batch> second(Names{L"two"});
+    std::optional<RowBlock> first(batchOf({L"one"}));
+    std::optional<RowBlock> second(batchOf({L"two"}));
     const std::weak_ptr<const std::wstring> firstText = first->text;
     const std::weak_ptr<const std::wstring> secondText = second->text;
     list.append(first->text, first->rows);
@@ -65,7 +56,7 @@ TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
 TEST(AppendedRows, AreTakenAsTheyAreByAnEmptyTable)
 {
     RowTable list;
-    Batch batch({L"z", L"a"});
+    const RowBlock batch = batchOf({L"z", L"a"});
     list.append({batch.text, batch.rows});
     list.append({batch.text, batch.rows});
     EXPECT_EQ(names(list), (Names{L"z", L"a", L"z", L"a"}));
@@ -79,7 +70,7 @@ TEST(TableFillings, AreCountedAndNothingElseIs)
 {
     RowTable list;
     const unsigned empty = list.fillings();
-    const Batch batch({L"a"});
+    const RowBlock batch = batchOf({L"a"});
     list.add({L"by hand"}, 1);
     list.append(batch.text, batch.rows);
     list.sortBy(nameColumn, SortOrder::descending);

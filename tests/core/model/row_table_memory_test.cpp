@@ -53,7 +53,7 @@ void expectAllOrNothing(const std::function<void(RowTable&)>& change)
         }
         failed = failing_new::failed();
         list.sortBy(urlColumn, SortOrder::ascending);
-        list.add(site(L"d", L"0"), 1);
+        list.add(RowBlock::viewsOf(site(L"d", L"0")), 1);
         const Names urls = column(list, urlColumn);
         EXPECT_TRUE(std::ranges::is_sorted(urls)) << n;
         EXPECT_EQ(urls.front(), longText(L"0")) << n;
@@ -64,29 +64,23 @@ void expectAllOrNothing(const std::function<void(RowTable&)>& change)
 TEST(RowTableMemory, FillsOrLeavesTheListAsItWas)
 {
     expectAllOrNothing([](RowTable& list) {
-        auto block = std::make_shared<const std::wstring>(longText(L"x"));
-        std::vector<RowTable::Row> rows(1);
-        rows[0].texts[0] = *block;
-        rows[0].texts[1] = *block;
-        list.fill(std::move(block), std::move(rows));
+        RowBlock block({site(L"x", L"x")});
+        list.fill(std::move(block.text), std::move(block.rows));
     });
 }
 
 TEST(RowTableMemory, AppendsOrLeavesTheListAsItWas)
 {
     expectAllOrNothing([](RowTable& list) {
-        auto block = std::make_shared<const std::wstring>(longText(L"x"));
-        RowTable::Row row;
-        row.texts[0] = *block;
-        row.texts[1] = *block;
-        list.append(std::move(block), {&row, 1});
+        RowBlock block({site(L"x", L"x")});
+        list.append(std::move(block.text), block.rows);
     });
 }
 
 TEST(RowTableMemory, AddsOrLeavesTheListAsItWas)
 {
-    expectAllOrNothing([](RowTable& list) { list.add(site(L"e", L"4"), 1); });
-    expectAllOrNothing([](RowTable& list) { list.insert(1, site(L"e", L"4"), 1); });
+    expectAllOrNothing([](RowTable& list) { list.add(RowBlock::viewsOf(site(L"e", L"4")), 1); });
+    expectAllOrNothing([](RowTable& list) { list.insert(1, RowBlock::viewsOf(site(L"e", L"4")), 1); });
 }
 
 TEST(RowTableMemory, ChangesATextOrLeavesTheListAsItWas)
@@ -128,7 +122,7 @@ TEST(RowTableMemory, AnAddThatFailedDoesNotCountAsARowInOrder)
         list.sortBy(urlColumn, SortOrder::ascending);
         failing_new::arm(n, failing_new::How::once, failing_new::Where::thisThread);
         try {
-            list.add(site(L"b", L"6"), 1);
+            list.add(RowBlock::viewsOf(site(L"b", L"6")), 1);
         } catch (const std::bad_alloc&) {
             EXPECT_EQ(list.size(), 1U);
         }

@@ -188,7 +188,7 @@ TEST(RowTableSorting, AgreeWithAStableSortThroughAnyChanges)
             const std::size_t row = random() % (model.size() + 1);
             const Strings inserted = randomRow();
             model.insert(model.begin() + static_cast<std::ptrdiff_t>(row), inserted);
-            list.insert(row, inserted, 1);
+            list.insert(row, RowBlock::viewsOf(inserted), 1);
             list.setSorted(list.sorted());
             break;
         }
@@ -199,7 +199,7 @@ TEST(RowTableSorting, AgreeWithAStableSortThroughAnyChanges)
             }
             list.removeMarked();
             break;
-        default: list.add(model.emplace_back(randomRow()), 1);
+        default: list.add(RowBlock::viewsOf(model.emplace_back(randomRow())), 1);
         }
         if (list.sorted()) sortModel();
         for (std::size_t number = 0; number < RowTable::maxColumns; ++number) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <random>
 #include <string>
 
@@ -19,11 +20,18 @@ Rows rowsOf(std::wstring_view text)
     Rows rows;
     SiteRecordReader reader(text);
     while (const auto site = reader.next()) {
-        RowTable::Row row;
-        row.texts = {site->name, site->url, site->description, site->date};
-        rows.push_back(row);
+        rows.push_back({RowTexts::ofLine({site->name, site->url, site->description, site->date})});
     }
     return rows;
+}
+
+// Gives the row another text, as an edit does. Its texts are in `kept` from then on.
+void edit(RowTable::Row& row, std::size_t field, const wchar_t* text, std::deque<std::wstring>& kept)
+{
+    RowTexts::Views texts = row.texts.views();
+    texts[field] = text;
+    std::wstring& line = kept.emplace_back(RowTexts::lengthOf(texts), L'\0');
+    row.texts = RowTexts::written(texts, line.data());
 }
 
 Pieces linesOf(const Rows& rows)
@@ -47,7 +55,7 @@ std::wstring fieldByField(const Rows& rows)
 {
     std::wstring text;
     for (const RowTable::Row& row : rows) {
-        for (std::size_t field = 0; field < row.texts.size(); ++field) {
+        for (std::size_t field = 0; field < RowTexts::count; ++field) {
             if (field > 0) text += L'|';
             text += row.texts[field];
         }
@@ -73,12 +81,13 @@ TEST(SiteLines, OfASiteThatHasLeftItsPlaceAreItsOwn)
               (Pieces{L"b||| ", L"\r\n", L"a|http://a/|first|1/1/2001", L"\r\n", L"c|http://c/||", L"\r\n"}));
 }
 
-TEST(SiteLines, AnEditedFieldStandsBetweenWhatIsLeftOfItsLine)
+TEST(SiteLines, OfAnEditedSiteAreItsOwn)
 {
     Rows rows = rowsOf(file);
-    const std::wstring edited = L"other";
-    rows[0].texts[2] = edited;
-    EXPECT_EQ(joined(linesOf(rows)), L"a|http://a/|other|1/1/2001\r\nb||| \r\nc|http://c/||\r\n");
+    std::deque<std::wstring> kept;
+    edit(rows[0], 2, L"other", kept);
+    EXPECT_EQ(linesOf(rows),
+              (Pieces{L"a|http://a/|other|1/1/2001", L"\r\n", L"b||| \r\nc|http://c/||", L"\r\n"}));
 }
 
 TEST(SiteLines, WhatTheLineHeldBesideTheFieldsIsNotTaken)
@@ -91,13 +100,12 @@ TEST(SiteLines, WhatTheLineHeldBesideTheFieldsIsNotTaken)
               L"short|http://a/||\r\nlong|2|3|4\r\nalone|2|3|4\r\nnext|2||\r\nend|without|an|end\r\n");
 }
 
-TEST(SiteLines, FieldsThatMerelyAdjoinAreNotMistakenForAFile)
+TEST(SiteLines, SitesThatMerelyAdjoinAreNotMistakenForAFile)
 {
-    const std::wstring other = L"abcdefgh";
-    RowTable::Row row;
-    for (std::size_t field = 0; field < row.texts.size(); ++field)
-        row.texts[field] = std::wstring_view(other).substr(2 * field, 1);
-    EXPECT_EQ(joined(linesOf({row, row})), L"a|c|e|g\r\na|c|e|g\r\n");
+    const std::wstring memory = L"a|b|c|d--a|b|c|d";
+    const Rows first = rowsOf(std::wstring_view(memory).substr(0, 7));
+    const Rows second = rowsOf(std::wstring_view(memory).substr(9));
+    EXPECT_EQ(joined(linesOf({first[0], second[0]})), L"a|b|c|d\r\na|b|c|d\r\n");
 }
 
 TEST(SiteLines, AreTheSameAsFieldByFieldAfterAnyChanges)
@@ -114,12 +122,12 @@ TEST(SiteLines, AreTheSameAsFieldByFieldAfterAnyChanges)
             else text += letters[below(letters.size())];
         }
         Rows rows = rowsOf(text);
-        const std::wstring typed = L"typed|by hand";
+        std::deque<std::wstring> kept;
         for (std::size_t change = below(4); change > 0 && !rows.empty(); --change) {
             const std::size_t row = below(rows.size());
             switch (below(3)) {
             case 0: rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(row)); break;
-            case 1: rows[row].texts[below(4)] = typed; break;
+            case 1: edit(rows[row], below(4), L"typed|by hand", kept); break;
             default: std::swap(rows[row], rows[below(rows.size())]);
             }
         }

@@ -113,7 +113,7 @@ TEST_F(Hits, WithoutAnyTextAreRowsAllTheSame)
     empty.add({});
     const RowTable::Block block = empty.take();
     ASSERT_EQ(block.rows.size(), 2U);
-    for (const std::wstring_view text : block.rows[1].texts) EXPECT_TRUE(text.empty());
+    for (const std::wstring_view text : block.rows[1].texts.views()) EXPECT_TRUE(text.empty());
 }
 
 TEST_F(Hits, AreDecodedWhereASiteIsOnlyBytes)
@@ -125,7 +125,9 @@ TEST_F(Hits, AreDecodedWhereASiteIsOnlyBytes)
         hits.decode(noHit, letters);
         const SiteTexts texts = hits.decode(hit, letters);
         EXPECT_EQ(texts[0], L"Caf\u00E9");
-        hits.addDecoded(texts);
+        EXPECT_EQ(texts[1], L"http://caf\u00E9/");
+        EXPECT_EQ(texts[2], L"10 \u20AC");
+        hits.addDecoded();
     }
     const RowTable::Block block = hits.take();
     ASSERT_EQ(block.rows.size(), 2U);

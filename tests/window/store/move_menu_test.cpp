@@ -113,7 +113,8 @@ TEST_F(MoveToSubmenu, HoldsAThousandCategories)
     const auto name = std::make_shared<const std::wstring>(1000, L'x');
     std::vector<RowTable::Row> rows;
     for (std::size_t length = 1; length <= 1000; ++length) {
-        rows.push_back({{std::wstring_view(*name).substr(0, length % 200)}, closedFolderImage});
+        rows.push_back(
+            {RowTexts::ofLine({std::wstring_view(*name).substr(0, length % 200)}), closedFolderImage});
     }
     categoryRows().fill(name, std::move(rows));
     DoMoveMenus(workspace());

@@ -74,11 +74,8 @@ TEST_F(ListFill, AnnouncesNothing)
 TEST_F(ListFill, TheCallerMayDropTheBlock)
 {
     {
-        auto block = std::make_shared<std::wstring>(L"NewsWork");
-        std::vector<RowTable::Row> rows(2);
-        rows[0].texts[0] = std::wstring_view(*block).substr(0, 4);
-        rows[1].texts[0] = std::wstring_view(*block).substr(4);
-        sites.rows.fill(std::move(block), std::move(rows));
+        RowBlock block({{L"News"}, {L"Work"}});
+        sites.rows.fill(std::move(block.text), std::move(block.rows));
     }
     EXPECT_EQ(shownColumn(sites), (Names{L"News", L"Work"}));
 }

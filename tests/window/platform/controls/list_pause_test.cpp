@@ -9,10 +9,8 @@ class ListPauses : public ListTest {
     // Appends a row, as a search adds its hits.
     void appendRow(const std::wstring& name)
     {
-        const auto block = std::make_shared<std::wstring>(name);
-        std::vector<RowTable::Row> rows(1);
-        rows[0].texts[0] = *block;
-        sites.rows.append(block, rows);
+        const RowBlock block({{name}});
+        sites.rows.append(block.text, block.rows);
     }
 };
 
