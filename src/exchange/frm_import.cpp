@@ -23,6 +23,8 @@
 namespace vandrel {
 namespace {
 
+constexpr ULONGLONG betweenTurns = 300; // milliseconds
+
 enum ControlId { idDrive = 101, idFolders, idFiles, idImportAll };
 
 // The system's reading functions take an unreadable file to be empty.
@@ -184,8 +186,9 @@ bool frmImport::importEvery()
         MessageLoop::current().dispatchPending(); // what was pressed meanwhile was meant for a busy dialog
         setBusy(all, false);
     });
-    prgImport_.setMaximum(filImport_.count());
-    MessageThrottle throttle;
+    prgImport_.begin(filImport_.count());
+    // Each turn paints a list whose rows have all moved, which takes longer than importing some files.
+    MessageThrottle throttle(betweenTurns);
     std::optional<ListPause> unseen(std::in_place, workspace_.lstInfo);
     for (std::size_t file = 0; file < filImport_.count(); ++file) {
         takeShortcut(filImport_.text(file));

@@ -110,7 +110,7 @@ void LinkScanner::scanAll()
             status.setPanelTextSoon(2, name);
             status.setPanelTextSoon(3, url);
             PB.setMaximum(count);
-            PB.setValueSoon(i + 1);
+            PB.setValue(i + 1);
             const bool success = ScanURL(i, url);
             if (inetScan.quitting()) return; // the check was cut short
             scanned.setImage(*site, success ? siteImage : deadSiteImage);
@@ -147,7 +147,7 @@ void LinkScanner::scanSelected()
         const ScopeExit drop([&] { inetScan.forgetExpected(); });
         ScannedList scanned(workspace_, ScannedList::Which::selected);
         for (std::size_t i = 0; i < scanned.size(); ++i) {
-            PB.setValueSoon(i + 1);
+            PB.setValue(i + 1);
             announceAfter(i, scanned);
             const auto site = scanned.next(i);
             if (!site) continue;

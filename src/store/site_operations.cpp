@@ -98,8 +98,7 @@ void RemoveURL(Workspace& workspace)
         const ScopeExit hide([&PB] { PB.setVisible(false); });
         workspace.shown.unsaved = true;
         // Contract: the bar runs over every row, not only the selected ones.
-        for (std::size_t row = 1; row < sites.size(); ++row) PB.setValueSoon(row);
-        PB.setValue(sites.size());
+        for (std::size_t row = 1; row <= sites.size(); ++row) PB.setValue(row);
         sites.removeMarked(); // the list marks what is selected before rows go
     }
     workspace.StatusBar1.setPanelText(1, L"Remove successful.");

@@ -199,7 +199,9 @@ ProgressBar::ProgressBar(HWND parent) : Control(parent, PROGRESS_CLASSW, 0, 0, -
 void ProgressBar::begin(std::size_t steps)
 {
     setMaximum(steps);
-    setValue(0);
+    value_ = 0;
+    if (behind_ || shown_ != 0) showValue();
+    nextTime_ = 0;
     setVisible(true);
 }
 
@@ -214,34 +216,28 @@ void ProgressBar::setMaximum(std::size_t maximum)
 void ProgressBar::setValue(std::size_t value)
 {
     value_ = value;
-    behind_ = false;
-    const std::size_t position = std::min(value, maximum_);
-    if (position == shown_) return;
-    const bool aHundredth = position < shown_ ||
-                            position - shown_ >= std::max<std::size_t>(maximum_ / 100, 1);
+    if (!behind_ && std::min(value, maximum_) == shown_) return;
     const ULONGLONG now = tickClock().now();
-    if (!aHundredth && position != maximum_ && now < nextTime_) return;
-    shown_ = position;
+    if (now < nextTime_ && value < maximum_) {
+        if (!std::exchange(behind_, true)) InvalidateRect(handle(), nullptr, FALSE);
+        return;
+    }
     nextTime_ = now + progressMilliseconds;
-    showPosition(nativePosition(position));
+    showValue();
     UpdateWindow(handle());
-}
-
-void ProgressBar::setValueSoon(std::size_t value)
-{
-    value_ = value;
-    if (behind_ || std::min(value, maximum_) == shown_) return;
-    behind_ = true;
-    InvalidateRect(handle(), nullptr, FALSE);
 }
 
 LRESULT ProgressBar::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if ((message == WM_PAINT || message == PBM_GETPOS) && std::exchange(behind_, false)) {
-        shown_ = std::min(value_, maximum_);
-        showPosition(nativePosition(shown_));
-    }
+    if (behind_ && (message == WM_PAINT || message == PBM_GETPOS)) showValue();
     return Control::onMessage(message, wParam, lParam);
+}
+
+void ProgressBar::showValue()
+{
+    behind_ = false;
+    shown_ = std::min(value_, maximum_);
+    showPosition(nativePosition(shown_));
 }
 
 // A themed bar takes about a second to fill up to a higher position, and goes to a lower one at once: a short job

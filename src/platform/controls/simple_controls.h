@@ -120,25 +120,23 @@ class ProgressBar : public Control {
     void begin(std::size_t steps);
     void setMaximum(std::size_t maximum);
     std::size_t maximum() const { return maximum_; }
-    // Repaints at once if the value went down, went up by a hundredth or reached the maximum, and otherwise
-    // at most every tenth of a second.
+    // Paints the bar at once if it was not painted for a tenth of a second, or if the work is done. Otherwise
+    // the native bar gets the value when it is painted or asked for it.
     void setValue(std::size_t value);
-    // Leaves the painting to the message loop, for work that runs it often enough. The native bar gets the
-    // value only when it is painted or asked for it.
-    void setValueSoon(std::size_t value);
     std::size_t value() const { return value_; }
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    void showValue();
     void showPosition(int position);
 
     std::size_t maximum_ = 0; // at least 1 once the native bar knows it
     std::size_t value_ = 0;
     std::size_t shown_ = 0;  // the value that the native bar shows
-    ULONGLONG nextTime_ = 0; // from then on smaller steps are shown too
-    bool behind_ = false;    // the value is to be shown when the bar is painted
+    ULONGLONG nextTime_ = 0; // from then on the value is shown at once
+    bool behind_ = false;    // it is to be shown when the bar is painted
 };
 
 } // namespace vandrel

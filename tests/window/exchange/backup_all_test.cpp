@@ -124,7 +124,9 @@ TEST_F(BackupAllTest, TheBarShowsEachCategoryBeforeItIsCopied)
     startWithThree();
     std::vector<std::size_t> values;
     std::vector<std::size_t> copies;
+    TestClock clock;
     const MessageWatch watch(workspace().PB.handle(), PBM_SETPOS, [&] {
+        clock.pass(100); // long enough for each to be shown
         values.push_back(workspace().PB.value());
         copies.push_back(target.names().size());
         EXPECT_TRUE(barIsVisible());

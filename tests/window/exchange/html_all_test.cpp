@@ -1,5 +1,6 @@
 #include "tests/support/html_test.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/test_clock.h"
 
 namespace vandrel::test {
 namespace {
@@ -240,7 +241,9 @@ TEST_F(HtmlAllTest, TheBarAdvancesWithEachCategoryAndDisappearsAfterTheQuestion)
     workspace().PB.setMaximum(77);
     std::vector<std::size_t> values;
     bool visible = true;
+    TestClock clock;
     const MessageWatch watch(workspace().PB.handle(), PBM_SETPOS, [&] {
+        clock.pass(100); // long enough for each to be shown
         values.push_back(workspace().PB.value());
         visible = visible && barIsVisible();
         EXPECT_EQ(workspace().PB.maximum(), 3U);

@@ -1,5 +1,6 @@
 #include "tests/support/import_test.h"
 #include "tests/support/message_watch.h"
+#include "tests/support/test_clock.h"
 
 namespace vandrel::test {
 namespace {
@@ -16,9 +17,11 @@ class ImportOfAllFiles : public ImportTest {
     std::vector<std::size_t> recordsAfterEachFile()
     {
         std::vector<std::size_t> records;
+        TestClock clock;
         open(
             [&](const ImportDialog& dialog) {
                 const MessageWatch watch(dialog.progressBar(), PBM_SETPOS, [&] {
+                    clock.pass(100); // long enough for each to be shown
                     records.push_back(static_cast<std::size_t>(std::ranges::count(saved(), '\n')));
                 });
                 dialog.press(importer::importAll);
