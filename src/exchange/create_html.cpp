@@ -20,14 +20,21 @@
 #include "store/category_list.h"
 #include "store/category_selection.h"
 
+#include <algorithm>
 #include <new>
 #include <numeric>
 #include <span>
+#include <vector>
 
 namespace vandrel {
 namespace {
 
-// The bytes of the page; a category is encoded as soon as it is complete.
+// In milliseconds. Showing a category takes longer than adding some to the page, and of a page that is done
+// in a moment nobody sees one.
+constexpr ULONGLONG firstTurn = 300;
+
+// The bytes of the page; a category is encoded as soon as it is complete. They are in parts: one text would
+// be copied again and again as it grows, and copying into new memory takes longer than making the rows.
 class PageBytes {
   public:
     explicit PageBytes(const OptionsState& options) : page_(options) {}
@@ -37,24 +44,35 @@ class PageBytes {
     void addSite(const BasicSiteRecord<char>& site)
     {
         if (!page_.text().empty()) encode();
-        appendSiteRow(bytes_, site.name, site.url, site.description);
+        std::string& row = room(site.name.size() + 2 * site.url.size() + site.description.size() +
+                                siteRowMarkup);
+        appendSiteRow(row, site.name, site.url, site.description);
     }
     void encode()
     {
-        encodeAnsi(page_.text(), bytes_);
+        encodeAnsi(page_.text(), room(page_.text().size()));
         page_.clear();
     }
-    // All of it, as one record.
-    const std::string& end()
+    void end()
     {
         page_.end(makersSite);
         encode();
-        return bytes_ += "\r\n";
+        room(2) += "\r\n"; // all of it is one record
     }
+    bool writeTo(const WritePart& write) const { return std::ranges::all_of(parts_, write); }
 
   private:
+    // The end of the bytes, where so many can be added without moving the others.
+    std::string& room(std::size_t bytes)
+    {
+        constexpr std::size_t partBytes = 1U << 20;
+        if (parts_.empty() || parts_.back().capacity() - parts_.back().size() < bytes)
+            parts_.emplace_back().reserve(std::max(bytes, partBytes));
+        return parts_.back();
+    }
+
     HtmlPage page_;
-    std::string bytes_;
+    std::vector<std::string> parts_;
 };
 
 void addSites(std::span<const RowTable::Row> sites, HtmlPage& page)
@@ -118,7 +136,7 @@ void addDecoded(const Workspace& workspace, const std::wstring& title, PageBytes
 // The window follows now and then, for the user to see the progress.
 void addCategories(Workspace& workspace, PageBytes& bytes)
 {
-    MessageThrottle throttle;
+    MessageThrottle throttle(MessageThrottle::usualMilliseconds, firstTurn);
     const bool asBytes = ansiBytesStay();
     CategoryBytes file;
     for (std::size_t category = 0; category < workspace.categories.size(); ++category) {
@@ -168,7 +186,8 @@ void writePage(Workspace& workspace, bool AllCat, const std::wstring& path)
     // Contract: a single category gets no title row.
     if (!AllCat) addShownSites(workspace, bytes.page());
     else if (!workspace.categories.empty()) addEveryCategory(workspace, bytes);
-    writeFile(path, bytes.end());
+    bytes.end();
+    writeFile(path, [&](const WritePart& write) { return bytes.writeTo(write); });
     if (askYesNo(workspace.window, L"Output successful! Open file?", L"Success!", BoxIcon::question))
         shellOpen(workspace.window, path);
     workspace.PB.setVisible(false);

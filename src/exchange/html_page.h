@@ -7,6 +7,8 @@
 
 namespace vandrel {
 
+inline constexpr std::size_t siteRowMarkup = 53; // units of a site's row without its texts
+
 // Adds the row of a site to a page, in letters or in the bytes of a code page that contains ASCII. Nothing is
 // escaped: a description may hold markup of its own.
 template <typename Unit>

@@ -100,9 +100,10 @@ using WriteContents = std::function<bool(const WritePart& write)>;
 void replaceFile(const std::wstring& path, const WriteContents& contents, FileLayer& files = systemFiles());
 void replaceFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
-// Empties the file and writes `bytes` to it; a failure leaves it partly written. For files that can be
+// Empties the file and writes the contents to it; a failure leaves it partly written. For files that can be
 // generated again, under names that the user typed: the system trims these as it does for every program.
 // Throws RuntimeError.
+void writeFile(const std::wstring& path, const WriteContents& contents, FileLayer& files = systemFiles());
 void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files = systemFiles());
 
 // Replaces `to` with a copy of `from`, all or nothing as in replaceFile, but never in place. Throws

@@ -18,10 +18,15 @@ std::wstring pathOf(const std::wstring& name)
 
 void writeFile(const std::wstring& path, std::string_view bytes, FileLayer& files)
 {
+    writeFile(path, WriteContents([&](const WritePart& write) { return write(bytes); }), files);
+}
+
+void writeFile(const std::wstring& path, const WriteContents& contents, FileLayer& files)
+{
     requireReplaceable(path);
     const HANDLE file = files.createForWriting(path);
     if (file == INVALID_HANDLE_VALUE) raiseLastError();
-    const bool written = writeBytes(files, file, bytes);
+    const bool written = contents([&](std::string_view bytes) { return writeBytes(files, file, bytes); });
     const DWORD reason = GetLastError();
     const bool closed = files.close(file);
     if (!written) throw runtimeErrorOf(reason);

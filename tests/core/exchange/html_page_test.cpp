@@ -124,5 +124,12 @@ TEST(HtmlPage, WhatHasBeenTakenIsNotReturnedAgain)
     EXPECT_EQ(pieces, whole.text());
 }
 
+TEST(SiteRow, HasAsMuchMarkupAsItSays)
+{
+    std::string page;
+    appendSiteRow<char>(page, "", "", "");
+    EXPECT_EQ(page.size(), siteRowMarkup);
+}
+
 } // namespace
 } // namespace vandrel

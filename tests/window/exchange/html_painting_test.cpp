@@ -17,13 +17,24 @@ class HtmlPaintingTest : public HtmlTest {
         start();
         clickCategory(L"C1");
     }
-    // Calls `act` at each category, and lets enough time pass for the window to be painted.
-    MessageWatch atEachCategory(std::function<void()> act)
+    // Calls `act` at each category, and lets so much time pass; as a rule enough for the window to be painted.
+    MessageWatch atEachCategory(std::function<void()> act, ULONGLONG milliseconds = 300)
     {
-        return {workspace().PB.handle(), PBM_SETPOS, [this, act = std::move(act)] {
+        return {workspace().PB.handle(), PBM_SETPOS, [this, milliseconds, act = std::move(act)] {
                     act();
-                    clock.pass(MessageThrottle::usualMilliseconds);
+                    clock.pass(milliseconds);
                 }};
+    }
+    using Captions = std::vector<std::wstring>;
+    // What the window shows when it comes to each of four categories, if each takes so long.
+    Captions captionsAtEachCategory(ULONGLONG milliseconds)
+    {
+        startWith(4);
+        Captions captions;
+        const auto watch = atEachCategory([&] { captions.push_back(windowText(main->handle())); },
+                                          milliseconds);
+        pageOf(mnuAllCats);
+        return captions;
     }
     static bool questionIsOpen() { return FindWindowW(L"#32770", html::questionTitle) != nullptr; }
 
@@ -51,6 +62,18 @@ TEST_F(HtmlPaintingTest, WhatIsPaintedIsTheCategoryThatWasJustRead)
     pageOf(mnuAllCats);
     ASSERT_FALSE(counts.empty());
     EXPECT_EQ(counts, std::vector<LRESULT>(counts.size(), 1));
+}
+
+TEST_F(HtmlPaintingTest, TheWindowDoesNotFollowForAPageThatIsDoneInAMoment)
+{
+    EXPECT_EQ(captionsAtEachCategory(74),
+              (Captions{L"Vandrel - C1", L"Vandrel - C1", L"Vandrel - C1", L"Vandrel - C1"}));
+}
+
+TEST_F(HtmlPaintingTest, TheWindowFollowsOnceAPageTakesLonger)
+{
+    EXPECT_EQ(captionsAtEachCategory(100),
+              (Captions{L"Vandrel - C1", L"Vandrel - C1", L"Vandrel - C1", L"Vandrel - C3"}));
 }
 
 TEST_F(HtmlPaintingTest, NoKeyClickOrCommandIsTakenMeanwhile)
