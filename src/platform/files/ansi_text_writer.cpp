@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::size_t usualRoom = 256U << 10;
 constexpr std::size_t unitsAtOnce = 64U << 10;
+constexpr std::size_t gatheredUnits = 16U << 10;
 
 // The end of a part that can be encoded on its own: after an ASCII character, because units outside ASCII
 // may belong together.
@@ -25,14 +26,29 @@ std::size_t endOfPart(std::wstring_view text)
 
 } // namespace
 
-AnsiTextWriter::AnsiTextWriter(const WritePart& write) : write_(write) { makeRoom(usualRoom); }
+AnsiTextWriter::AnsiTextWriter(const WritePart& write)
+    : write_(write), gathered_(std::make_unique_for_overwrite<wchar_t[]>(gatheredUnits))
+{
+    makeRoom(usualRoom);
+}
 
 bool AnsiTextWriter::add(std::wstring_view piece)
 {
-    if (piece.empty()) return good_;
+    if (piece.empty() || gather(piece)) return good_;
     encode(waiting_, piece.front());
-    waiting_ = piece;
+    waiting_ = {};
+    if (!gather(piece)) waiting_ = piece;
     return good_;
+}
+
+// False if it is too long to be gathered with those before.
+bool AnsiTextWriter::gather(std::wstring_view piece)
+{
+    if (!waiting_.empty() && waiting_.data() != gathered_.get()) return false;
+    if (piece.size() > gatheredUnits - waiting_.size()) return false;
+    std::ranges::copy(piece, gathered_.get() + waiting_.size());
+    waiting_ = {gathered_.get(), waiting_.size() + piece.size()};
+    return true;
 }
 
 bool AnsiTextWriter::end()
