@@ -9,7 +9,7 @@
 
 namespace vandrel::test {
 
-// How many random records or texts a test tries: `usual`, or the number in VANDREL_HOSTILE.
+// How many random records, texts or pages a test tries: `usual`, or the number in VANDREL_HOSTILE.
 inline std::size_t hostileCount(std::size_t usual)
 {
     const char* const text = std::getenv("VANDREL_HOSTILE");

@@ -20,6 +20,7 @@ class NoMemory : public BookmarkHandler {
 // A text that grows has up to twice the room that it needs, and its old room beside it.
 constexpr std::size_t bytesPerUnit = 3 * sizeof(wchar_t);
 constexpr std::size_t littleMemory = 10'000;
+constexpr std::size_t usualPages = 500;
 
 std::size_t memoryToRead(const std::string& page)
 {
@@ -42,7 +43,7 @@ std::size_t memoryToImport(const std::string& page)
 TEST(BookmarkMemory, OfReadingIsAFewTextsOfThePageAtMost)
 {
     HostileText hostile;
-    for (std::size_t tried = hostileCount(60'000) / 120; tried > 0; --tried) {
+    for (std::size_t tried = hostileCount(usualPages); tried > 0; --tried) {
         const std::string page = mutatedPage(hostile);
         ASSERT_LE(memoryToRead(page), 2 * bytesPerUnit * page.size() + littleMemory)
             << "seed " << hostile.usedSeed() << ": " << testing::PrintToString(page);
@@ -65,7 +66,7 @@ TEST(BookmarkMemory, OfImportingIsBoundedByThePage)
 {
     constexpr std::size_t perByte = 100;
     HostileText hostile;
-    for (std::size_t tried = hostileCount(60'000) / 120; tried > 0; --tried) {
+    for (std::size_t tried = hostileCount(usualPages); tried > 0; --tried) {
         const std::string page = mutatedPage(hostile);
         ASSERT_LE(memoryToImport(page), perByte * page.size() + littleMemory)
             << "seed " << hostile.usedSeed() << ": " << testing::PrintToString(page);

@@ -17,6 +17,7 @@ namespace {
 // first.
 constexpr std::size_t mostStepsPerByte = 12;
 constexpr std::size_t fewSteps = 100;
+constexpr std::size_t usualPages = 1500;
 
 std::wstring unchanged(std::wstring_view text) { return std::wstring(text); }
 
@@ -75,7 +76,7 @@ class HostileBookmarks : public testing::Test {
 
 TEST_F(HostileBookmarks, AreReadInLinearTimeAndMakeSoundCategories)
 {
-    const std::size_t wanted = hostileCount(60'000) / 40;
+    const std::size_t wanted = hostileCount(usualPages);
     std::size_t bytes = 0;
     for (std::size_t tried = 0; tried < wanted; ++tried) {
         const std::string page = mutatedPage(hostile);
@@ -103,7 +104,7 @@ TEST_F(HostileBookmarks, AreReadAsTheyWereAfterTheyWereWritten)
         }
         BookmarkWriter writer;
     };
-    const std::size_t wanted = hostileCount(60'000) / 40;
+    const std::size_t wanted = hostileCount(usualPages);
     for (std::size_t tried = 0; tried < wanted; ++tried) {
         const std::string page = mutatedPage(hostile);
         Copy first;

@@ -65,12 +65,18 @@ inline std::string_view pagePiece(HostileText& hostile)
     return pieces[hostile.below(std::size(pieces))];
 }
 
-// A browser's page, or nothing, with pieces inserted, removed, doubled, repeated or replaced by any byte; now
-// and then as UTF-16.
+// Mostly a part of a browser's page, because short pages can be tried by the million; or all of it, or nothing.
+inline std::string_view originalPage(HostileText& hostile)
+{
+    if (hostile.oneIn(4)) return {};
+    const std::string_view page = pages::all[hostile.below(std::size(pages::all))];
+    return hostile.oneIn(8) ? page : page.substr(hostile.below(page.size()), hostile.below(300));
+}
+
+// Such a page with pieces inserted, removed, doubled, repeated or replaced by any byte; now and then as UTF-16.
 inline std::string mutatedPage(HostileText& hostile)
 {
-    std::string page;
-    if (!hostile.oneIn(4)) page = pages::all[hostile.below(std::size(pages::all))];
+    std::string page(originalPage(hostile));
     for (std::size_t changes = 1 + hostile.below(12); changes > 0; --changes) {
         const std::size_t at = hostile.below(page.size() + 1);
         switch (hostile.below(6)) {
@@ -84,7 +90,7 @@ inline std::string mutatedPage(HostileText& hostile)
         case 4: {
             const std::string_view piece = pagePiece(hostile);
             std::string many;
-            for (std::size_t count = hostile.below(hostile.oneIn(20) ? 2000 : 5); count > 0; --count)
+            for (std::size_t count = hostile.below(hostile.oneIn(100) ? 2000 : 5); count > 0; --count)
                 many += piece;
             page.insert(at, many);
             break;
