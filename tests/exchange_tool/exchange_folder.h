@@ -1,19 +1,10 @@
 #pragma once
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/folder_contents.h"
 
-#include <map>
 #include <string>
 
 namespace vandrel::test {
-
-// The files of a folder with their bytes, to be compared with those later.
-inline std::map<std::wstring, std::string> contentsOf(const TempFolder& folder)
-{
-    std::map<std::wstring, std::string> contents;
-    for (const std::wstring& name : folder.names()) contents[name] = folder.read(name);
-    return contents;
-}
 
 // A page with the folders Work (two sites) and Play (one), and a site outside any.
 inline constexpr const char* smallPage =
