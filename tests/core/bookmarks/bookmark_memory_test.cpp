@@ -22,7 +22,7 @@ constexpr std::size_t bytesPerUnit = 3 * sizeof(wchar_t);
 constexpr std::size_t littleMemory = 10'000;
 constexpr std::size_t usualPages = 500;
 
-std::size_t memoryToRead(const std::string& page)
+std::size_t memoryToRead(std::string_view page)
 {
     NoMemory handler;
     counting_new::begin();
@@ -30,7 +30,7 @@ std::size_t memoryToRead(const std::string& page)
     return counting_new::most();
 }
 
-std::size_t memoryToImport(const std::string& page)
+std::size_t memoryToImport(std::string_view page)
 {
     const ImportRules rules{[](AddDate) { return std::wstring(L"16.11.2002"); },
                             [](std::wstring_view) { return true; },
@@ -44,15 +44,15 @@ TEST(BookmarkMemory, OfReadingIsAFewTextsOfThePageAtMost)
 {
     HostileText hostile;
     for (std::size_t tried = hostileCount(usualPages); tried > 0; --tried) {
-        const std::string page = mutatedPage(hostile);
-        ASSERT_LE(memoryToRead(page), 2 * bytesPerUnit * page.size() + littleMemory)
+        const PageBytes page = mutatedPage(hostile);
+        ASSERT_LE(memoryToRead(page.view()), 2 * bytesPerUnit * page.size() + littleMemory)
             << "seed " << hostile.usedSeed() << ": " << testing::PrintToString(page);
     }
 }
 
 TEST(BookmarkMemory, OfPicturesIsNone)
 {
-    std::string page = "<DT><A HREF=\"http://a.example/\" ICON=\"data:image/png;base64,";
+    std::string page = R"(<DT><A HREF="http://a.example/" ICON="data:image/png;base64,)";
     page.append(4'000'000, 'A');
     page += "\">n</A><!-- ";
     page.append(1'000'000, 'x');
@@ -67,8 +67,8 @@ TEST(BookmarkMemory, OfImportingIsBoundedByThePage)
     constexpr std::size_t perByte = 100;
     HostileText hostile;
     for (std::size_t tried = hostileCount(usualPages); tried > 0; --tried) {
-        const std::string page = mutatedPage(hostile);
-        ASSERT_LE(memoryToImport(page), perByte * page.size() + littleMemory)
+        const PageBytes page = mutatedPage(hostile);
+        ASSERT_LE(memoryToImport(page.view()), perByte * page.size() + littleMemory)
             << "seed " << hostile.usedSeed() << ": " << testing::PrintToString(page);
     }
     std::string deep;

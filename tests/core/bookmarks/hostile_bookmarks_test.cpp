@@ -28,7 +28,7 @@ class HostileBookmarks : public testing::Test {
         EXPECT_GT(added, 0);
         return std::to_wstring(added);
     }
-    static void check(const std::string& page)
+    static void check(std::string_view page)
     {
         Outline outline;
         const std::size_t steps = readBookmarks(page, outline);
@@ -37,7 +37,7 @@ class HostileBookmarks : public testing::Test {
         EXPECT_LE(outline.lines.size(), page.size());
         checkCategories(page, outline);
     }
-    static void checkCategories(const std::string& page, const Outline& outline)
+    static void checkCategories(std::string_view page, const Outline& outline)
     {
         const ImportRules rules{shortDate, [](std::wstring_view letter) { return letter.size() == 1; },
                                 unchanged};
@@ -79,9 +79,9 @@ TEST_F(HostileBookmarks, AreReadInLinearTimeAndMakeSoundCategories)
     const std::size_t wanted = hostileCount(usualPages);
     std::size_t bytes = 0;
     for (std::size_t tried = 0; tried < wanted; ++tried) {
-        const std::string page = mutatedPage(hostile);
+        const PageBytes page = mutatedPage(hostile);
         bytes += page.size();
-        check(page);
+        check(page.view());
         ASSERT_FALSE(HasFailure()) << "seed " << hostile.usedSeed() << ", page " << tried << ": "
                                    << testing::PrintToString(page);
     }
@@ -106,15 +106,15 @@ TEST_F(HostileBookmarks, AreReadAsTheyWereAfterTheyWereWritten)
     };
     const std::size_t wanted = hostileCount(usualPages);
     for (std::size_t tried = 0; tried < wanted; ++tried) {
-        const std::string page = mutatedPage(hostile);
+        const PageBytes page = mutatedPage(hostile);
         Copy first;
-        readBookmarks(page, first);
+        readBookmarks(page.view(), first);
         Copy second;
         readBookmarks(first.writer.bytes(), second);
         // The written page has a list around all folders, so that those at the limit are not told any more.
         if (first.writer.bytes() == second.writer.bytes()) continue;
         Outline outline;
-        readBookmarks(page, outline);
+        readBookmarks(page.view(), outline);
         int deepest = 0;
         int depth = 0;
         for (const std::wstring& line : outline.lines) {

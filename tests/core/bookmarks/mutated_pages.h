@@ -3,8 +3,13 @@
 #include "pages.h"
 #include "tests/support/hostile_text.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <ostream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace vandrel::test {
 
@@ -30,7 +35,7 @@ inline std::string_view pagePiece(HostileText& hostile)
         "<"sv,
         ">"sv,
         "</"sv,
-        "\""sv,
+        R"(")"sv,
         "'"sv,
         "="sv,
         "/"sv,
@@ -39,6 +44,8 @@ inline std::string_view pagePiece(HostileText& hostile)
         "&lt"sv,
         "&#"sv,
         "&#x"sv,
+        "&#10;"sv,
+        "&#32;"sv,
         ";"sv,
         "&#55357;"sv,
         "&#99999999999999999999"sv,
@@ -59,7 +66,8 @@ inline std::string_view pagePiece(HostileText& hostile)
         "ADD_DATE="sv,
         "<H3>f</H3><DL>"sv,
         "<A HREF=x>n</A>"sv,
-        "ICON=\"data:AAAAAAAAAAAAAAAA"sv,
+        "<A HREF=x>;n</A>"sv,
+        R"(ICON="data:AAAAAAAAAAAAAAAA)"sv,
         "\n<DT><A HREF=\"x>n"sv,
     };
     return pieces[hostile.below(std::size(pieces))];
@@ -73,8 +81,26 @@ inline std::string_view originalPage(HostileText& hostile)
     return hostile.oneIn(8) ? page : page.substr(hostile.below(page.size()), hostile.below(300));
 }
 
+// The bytes of a page and nothing behind them: behind those of a std::string is a NUL, so that a sanitizer does
+// not see who reads too far.
+class PageBytes {
+  public:
+    explicit PageBytes(std::string_view page) : bytes_(page.begin(), page.end()) {}
+
+    std::string_view view() const { return {bytes_.data(), bytes_.size()}; }
+    std::size_t size() const { return bytes_.size(); }
+
+  private:
+    std::vector<char> bytes_;
+};
+
+inline void PrintTo(const PageBytes& page, std::ostream* out)
+{
+    *out << testing::PrintToString(std::string(page.view()));
+}
+
 // Such a page with pieces inserted, removed, doubled, repeated or replaced by any byte; now and then as UTF-16.
-inline std::string mutatedPage(HostileText& hostile)
+inline PageBytes mutatedPage(HostileText& hostile)
 {
     std::string page(originalPage(hostile));
     for (std::size_t changes = 1 + hostile.below(12); changes > 0; --changes) {
@@ -98,13 +124,13 @@ inline std::string mutatedPage(HostileText& hostile)
         default: page.insert(at, pagePiece(hostile));
         }
     }
-    if (!hostile.oneIn(16)) return page;
+    if (!hostile.oneIn(16)) return PageBytes(page);
     std::string wide = "\xFF\xFE";
     for (const char byte : page) {
         wide += byte;
         wide += static_cast<char>(static_cast<unsigned char>(hostile.oneIn(40) ? hostile.below(256) : 0));
     }
-    return wide;
+    return PageBytes(wide);
 }
 
 } // namespace vandrel::test
