@@ -16,7 +16,7 @@ enum class When { before, within, after };
 // The system's file calls, counted. One of them ends the process.
 class EndingFiles : public FileLayer {
   public:
-    EndingFiles(std::wstring folder, int last, When when, bool refusing)
+    EndingFiles(const std::wstring& folder, int last, When when, bool refusing)
         : folder_(extendedPath(folder)), last_(last), when_(when), refusing_(refusing)
     {}
 

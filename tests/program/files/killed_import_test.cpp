@@ -48,9 +48,9 @@ class KilledImport {
         if (!startProcess(line, startup, started, limitMilliseconds)) return static_cast<DWORD>(-1);
         CloseHandle(started.hThread);
         process_.reset(started.hProcess);
-        DWORD code = static_cast<DWORD>(-2);
-        if (WaitForSingleObject(process_.get(), limitMilliseconds) == WAIT_OBJECT_0)
-            GetExitCodeProcess(process_.get(), &code);
+        auto code = static_cast<DWORD>(-2);
+        const bool ended = WaitForSingleObject(process_.get(), limitMilliseconds) == WAIT_OBJECT_0;
+        if (ended) GetExitCodeProcess(process_.get(), &code);
         else TerminateProcess(process_.get(), 1);
         return code;
     }

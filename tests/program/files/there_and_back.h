@@ -57,9 +57,9 @@ inline ThereAndBack takeThereAndBack(const std::wstring& folder, const DateOrder
         way.sites += before.size();
         EXPECT_EQ(after.size(), before.size());
         for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
-            if (after[i] != before[i] && different++ < 5)
-                ADD_FAILURE() << testing::PrintToString(before[i]) << "\nbecame "
-                              << testing::PrintToString(after[i]);
+            if (after[i] == before[i] || different++ >= 5) continue;
+            ADD_FAILURE() << testing::PrintToString(before[i]) << "\nbecame "
+                          << testing::PrintToString(after[i]);
         }
     }
     EXPECT_EQ(different, 0U);
