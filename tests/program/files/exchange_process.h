@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/handle.h"
+#include "tests/program/files/start_process.h"
 #include "tests/program/support/program_files.h"
 #include "tests/support/temp_folder.h"
 
@@ -22,6 +23,7 @@ struct ProgramRun {
 // CreateProcess.
 inline ProgramRun runProgram(const std::wstring& program, const std::wstring& arguments, DWORD flags = 0)
 {
+    constexpr DWORD limitMilliseconds = 60'000;
     const TempFolder streams(L"streams");
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const auto stream = [&](const wchar_t* name) {
@@ -35,15 +37,14 @@ inline ProgramRun runProgram(const std::wstring& program, const std::wstring& ar
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdOutput = output.get();
     startup.hStdError = errors.get();
-    std::wstring line = L"\"" + program + L"\" " + arguments;
     PROCESS_INFORMATION started{};
     ProgramRun result;
-    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, flags, nullptr,
-                       streams.path().c_str(), &startup, &started) == 0) {
+    if (!startProcess(L"\"" + program + L"\" " + arguments, startup, started, limitMilliseconds, flags,
+                      streams.path().c_str())) {
         ADD_FAILURE() << "not started: error " << GetLastError();
         return result;
     }
-    if (WaitForSingleObject(started.hProcess, 60'000) != WAIT_OBJECT_0) {
+    if (WaitForSingleObject(started.hProcess, limitMilliseconds) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "still running after a minute";
         TerminateProcess(started.hProcess, 98);
     }

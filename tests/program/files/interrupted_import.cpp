@@ -6,6 +6,7 @@
 
 #include "platform/base/handle.h"
 #include "tests/program/files/key_status.h"
+#include "tests/program/files/start_process.h"
 
 #include <windows.h>
 
@@ -15,7 +16,7 @@ namespace {
 
 using namespace vandrel::test;
 
-constexpr DWORD limitMilliseconds = 60'000;
+constexpr DWORD limitMilliseconds = 30'000;
 
 BOOL WINAPI leaveItToTheOther(DWORD) { return TRUE; }
 
@@ -33,8 +34,8 @@ int wmain(int argc, wchar_t** argv)
     if (argc != 5) return key_status::notStarted;
     const bool isBreak = std::wstring(argv[1]) == L"break";
     const std::wstring folder = argv[4];
-    std::wstring line = L"\"" + std::wstring(argv[2]) + L"\" import \"" + argv[3] + L"\" --folder \"" +
-                        folder + L"\"";
+    const std::wstring line = L"\"" + std::wstring(argv[2]) + L"\" import \"" + argv[3] + L"\" --folder \"" +
+                              folder + L"\"";
     // A build server may start its work in such a way that Ctrl+C is ignored, which is inherited.
     SetConsoleCtrlHandler(nullptr, FALSE);
     SetConsoleCtrlHandler(leaveItToTheOther, TRUE);
@@ -44,10 +45,7 @@ int wmain(int argc, wchar_t** argv)
     startup.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION started{};
-    if (CreateProcessW(argv[2], line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                       &started) == 0) {
-        return key_status::notStarted;
-    }
+    if (!startProcess(line, startup, started, limitMilliseconds)) return key_status::notStarted;
     while (!hasBegunToWrite(folder) && WaitForSingleObject(started.hProcess, 1) == WAIT_TIMEOUT) {}
     const bool pressed = GenerateConsoleCtrlEvent(isBreak ? CTRL_BREAK_EVENT : CTRL_C_EVENT, 0) != 0;
     if (!pressed) TerminateProcess(started.hProcess, key_status::notPressed);
