@@ -33,8 +33,8 @@ bool isDialog(HWND window)
 // is not the command's. A page is done when the command asks whether to open it.
 class OneCommand {
   public:
-    OneCommand(frmMain& window, int entry, const fs::path& target)
-        : target_(target), bar_(window.workspace().PB.handle())
+    OneCommand(frmMain& window, int entry, fs::path target)
+        : target_(std::move(target)), bar_(window.workspace().PB.handle())
     {
         active() = this;
         hook_ = SetWindowsHookExW(WH_CBT, watchDialogs, nullptr, GetCurrentThreadId());

@@ -124,9 +124,10 @@ void programRows()
     const double idle = idleMilliseconds(onThousand, seconds);
     if (idleFloor == 0) {
         std::printf("| processor time of 20 idle seconds | not counted by this system | | | | 1.20 |\n");
-    } else
+    } else {
         print({"processor time of 20 idle seconds", "an empty window with the same timer", idle, idleFloor,
                "ms", 1.2});
+    }
     const double size = static_cast<double>(fs::file_size(programFolder() / L"Vandrel.exe")) / 1e6;
     print({"the executable", "", size, 1, "MB", 1.5});
 }

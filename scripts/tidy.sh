@@ -34,9 +34,15 @@ done < <(sed -nE 's/^  "file": "(.*)"$/\1/p' build/clang-windows/compile_command
     grep -E "^$PWD/(src|tests|benchmarks|build/clang-windows/tests)/" | sort -u)
 [[ ${#files[@]} -gt 0 ]] || { echo "tidy: no source has such a path" >&2; exit 2; }
 
+# In tests and benchmarks a vector grows as it likes, texts are written in one way, quotation marks or not, and the system's
+# constants, which are signed, stand in lists of what is not.
+VANDREL_LAX_CHECKS=-performance-inefficient-vector-operation,-performance-no-automatic-move,-modernize-raw-string-literal
+export VANDREL_LAX_CHECKS=$VANDREL_LAX_CHECKS,-clang-diagnostic-sign-conversion
 # shellcheck disable=SC2016 # expanded by the shells that it starts
 printf '%s\0' "${files[@]}" | xargs -0 -n 1 -P "$(nproc)" bash -c '
-    found=$(clang-tidy --quiet -p build/clang-windows "$0" 2>&1) && exit
+    lax=()
+    [[ $0 == "$PWD"/src/* ]] || lax=(--checks="$VANDREL_LAX_CHECKS")
+    found=$(clang-tidy --quiet -p build/clang-windows "${lax[@]}" "$0" 2>&1) && exit
     grep -vE "^[0-9]+ warnings? (generated|treated as errors?)|^Suppressed " <<<"$found"
     exit 1' || wrong=1
 echo "tidy: ${#files[@]} compilations"

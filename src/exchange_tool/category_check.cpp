@@ -75,11 +75,10 @@ void CategoryCheck::checkLine(std::wstring_view line, std::size_t number)
         add(number, L"an empty line");
     } else {
         const std::size_t pieces = piecesOf(line);
+        const std::wstring count = std::to_wstring(pieces) + L" pieces instead of 4";
         if (pieces == 1) add(number, L"1 piece instead of 4, so this is no site");
-        else if (pieces < piecesOfASite) add(number, std::to_wstring(pieces) + L" pieces instead of 4");
-        else if (pieces > piecesOfASite)
-            add(number,
-                std::to_wstring(pieces) + L" pieces instead of 4; those after the fourth are not read");
+        else if (pieces < piecesOfASite) add(number, count);
+        else if (pieces > piecesOfASite) add(number, count + L"; those after the fourth are not read");
         if (pieces > 1) checkSite(line, number);
     }
 }

@@ -53,9 +53,10 @@ bool isPath(const std::wstring& word) { return word.find_first_of(L"\\/:") != st
 ExchangeRequest withFile(ExchangeRequest request, What what, std::vector<std::wstring> words)
 {
     words.erase(words.begin());
-    if (words.size() != 1 || words.front().empty())
+    if (words.size() != 1 || words.front().empty()) {
         return wrong(what == What::importFile ? L"import needs the name of one file."
                                               : L"export needs the name of one file.");
+    }
     request.what = what;
     request.files = std::move(words);
     return request;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr AddDate from1601To1970 = 11'644'473'600; // seconds
 constexpr AddDate unitsInSecond = 10'000'000;
-constexpr AddDate secondsInDay = 24 * 60 * 60;
+constexpr AddDate secondsInDay = AddDate{24} * 60 * 60;
 constexpr std::size_t mostRemembered = 20'000;
 
 std::optional<SYSTEMTIME> systemTimeOf(AddDate time)

@@ -53,10 +53,10 @@ enum class RowKind { menu, popUpMenu, separator, command };
 
 // A line of the menus. It belongs to the last menu above it that has a lower level.
 struct CommandRow {
-    RowKind kind;
-    int level; // 0 is the menu bar
-    MenuEntry id;
-    const wchar_t* caption;
+    RowKind kind = RowKind::separator;
+    int level = 0; // 0 is the menu bar
+    MenuEntry id = noEntry;
+    const wchar_t* caption = nullptr;
     MenuEntry repeats = noEntry; // the command that this entry offers again
     void (*procedure)(frmMain&) = nullptr;
     CommandTraits traits{};

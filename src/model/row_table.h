@@ -18,7 +18,6 @@ namespace vandrel {
 // rows are cleared, so 100,000 rows cost one block and not 400,000 strings.
 //
 // A change that runs out of memory leaves the rows as they were.
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nothing derives from it
 class RowTable final : public RowSource {
   public:
     static constexpr std::size_t maxColumns = RowTexts::count;

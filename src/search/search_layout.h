@@ -2,10 +2,8 @@
 
 #include "platform/base/twips.h"
 
-namespace vandrel {
-
 // The arithmetic of the search dialog's layout, in twips.
-namespace search_layout {
+namespace vandrel::search_layout {
 
 inline constexpr Twips smallestWidth{7200};
 inline constexpr Twips smallestHeight{4755};
@@ -22,5 +20,4 @@ constexpr Twips lastColumn(Twips listWidth, Twips otherColumns)
     return listWidth - (otherColumns + 270_twips);
 }
 
-} // namespace search_layout
-} // namespace vandrel
+} // namespace vandrel::search_layout

@@ -60,14 +60,14 @@ class FailingFiles : public FileLayer {
     }
     bool remove(const std::wstring& path) override
     {
-        calls.push_back("remove");
+        calls.emplace_back("remove");
         return removalFails ? refused(false) : FileLayer::remove(path);
     }
 
   private:
     bool fails(const char* call)
     {
-        calls.push_back(call);
+        calls.emplace_back(call);
         ++made_;
         const bool fail = made_ == failAt_ || (how_ == How::forGood && failAt_ > 0 && made_ > failAt_);
         failed_ = failed_ || fail;

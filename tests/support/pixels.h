@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace vandrel::test {
@@ -25,7 +26,7 @@ inline std::vector<DWORD> pixelsOf(HWND window)
     BitBlt(context, 0, 0, area.right, area.bottom, screen, 0, 0, SRCCOPY);
     GdiFlush();
     const auto* const first = static_cast<const DWORD*>(bits);
-    std::vector<DWORD> pixels(first, first + area.right * area.bottom);
+    std::vector<DWORD> pixels(first, first + std::ptrdiff_t{area.right} * area.bottom);
     for (DWORD& pixel : pixels) pixel &= 0xFFFFFF;
     SelectObject(context, before);
     DeleteObject(bitmap);

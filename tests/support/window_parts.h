@@ -7,6 +7,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,10 @@ inline constexpr const char* threeSites = "Beta|http://b.example/|second|9/30/20
                                           "Gamma|http://a.example/|third|1/15/2003\r\n";
 
 // A length in twips, in pixels, rounded to the nearest.
-inline int px(const frmMain& main, double twips) { return static_cast<int>(twips * main.dpi() / 1440 + 0.5); }
+inline int px(const frmMain& main, double twips)
+{
+    return static_cast<int>(std::lround(twips * main.dpi() / 1440));
+}
 
 inline HWND splitterBar(const frmMain& main)
 {

@@ -11,7 +11,7 @@ namespace vandrel {
 struct Twips {
     float value = 0;
 
-    friend constexpr auto operator<=>(Twips, Twips) = default;
+    friend constexpr auto operator<=>(Twips, Twips) = default; // NOLINT(modernize-use-nullptr): it has none
     friend constexpr Twips operator+(Twips a, Twips b) { return {a.value + b.value}; }
     friend constexpr Twips operator-(Twips a, Twips b) { return {a.value - b.value}; }
 };

@@ -15,8 +15,8 @@ class ToolBar : public Control {
   public:
     enum class Kind { button, dropDown, separator };
     struct ButtonRow {
-        const wchar_t* toolTip;
-        const wchar_t* image; // name of the icon resource
+        const wchar_t* toolTip = nullptr;
+        const wchar_t* image = nullptr; // name of the icon resource
         Kind kind = Kind::button;
     };
     // An entry of a button's drop-down menu.

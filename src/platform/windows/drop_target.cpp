@@ -92,7 +92,6 @@ DroppedData read(IDataObject& data)
 
 // The object that OLE holds. If a drag source keeps it longer than the drop target lives, it refuses
 // everything.
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): only its own Release ends it.
 class DropTarget::Receiver final : public IDropTarget {
   public:
     explicit Receiver(DropTarget& owner)

@@ -21,8 +21,8 @@ class Window {
 
   protected:
     struct Creation {
-        const wchar_t* className;
-        DWORD style;
+        const wchar_t* className = nullptr;
+        DWORD style = 0;
         DWORD extendedStyle = 0;
         HWND parent = nullptr;
         int id = 0;

@@ -15,7 +15,7 @@ TEST(LineEnds, EachOfThemIsOneBlank)
 
 TEST(LineEnds, TextsWithoutOneStayAsTheyAre)
 {
-    EXPECT_TRUE(withoutLineEnds(L"") == L"");
+    EXPECT_TRUE(withoutLineEnds(L"").empty());
     EXPECT_TRUE(withoutLineEnds(L" a|b\t;\u00fc ") == L" a|b\t;\u00fc ");
 }
 

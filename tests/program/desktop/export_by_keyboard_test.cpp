@@ -31,7 +31,7 @@ class ExportByKeyboard : public ShortcutTest {
         program.openCategory(L"Work");
         program.click(program.sites(), 0);
         EXPECT_SOON(program.focus(), program.sites());
-        EXPECT_TRUE(soon([&] { return program.panel(2) != L"" && program.panel(3) != L""; }));
+        EXPECT_TRUE(soon([&] { return !program.panel(2).empty() && !program.panel(3).empty(); }));
     }
     // Ctrl+E, the whole path, Enter.
     void exportTo(const std::wstring& path) const

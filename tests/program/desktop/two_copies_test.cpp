@@ -12,7 +12,7 @@ class TwoCopies : public ProgramTest {
   protected:
     static HWND open(const ProgramDriver& copy, MenuEntry entry, const std::wstring& caption)
     {
-        PostMessageW(copy.window(), WM_COMMAND, entry, 0);
+        PostMessageW(copy.window(), WM_COMMAND, static_cast<WPARAM>(entry), 0);
         HWND dialog = nullptr;
         EXPECT_TRUE(soon([&] { return (dialog = copy.openDialog(caption)) != nullptr; }));
         return dialog;

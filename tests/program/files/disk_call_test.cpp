@@ -179,10 +179,12 @@ class CommandRun {
         SetEnvironmentVariableW(L"TMP", usual ? usual->c_str() : nullptr);
         if (!begun) return static_cast<DWORD>(-1);
         CloseHandle(started.hThread);
-        DWORD code = static_cast<DWORD>(-2);
-        if (WaitForSingleObject(started.hProcess, longestRunMilliseconds) == WAIT_OBJECT_0)
+        auto code = static_cast<DWORD>(-2);
+        if (WaitForSingleObject(started.hProcess, longestRunMilliseconds) == WAIT_OBJECT_0) {
             GetExitCodeProcess(started.hProcess, &code);
-        else TerminateProcess(started.hProcess, 1);
+        } else {
+            TerminateProcess(started.hProcess, 1);
+        }
         CloseHandle(started.hProcess);
         return code;
     }

@@ -49,9 +49,10 @@ TEST_F(ExchangeProgram, BringsInThePagesOfEveryBrowserAndChangesNoCategory)
 {
     if (GetACP() != 1252) GTEST_SKIP() << "the expected bytes are those of code page 1252";
     folder_.write(L"Bookmarks.udb", "mine");
-    for (const wchar_t* const browser : {L"chrome", L"edge", L"safari"})
+    for (const wchar_t* const browser : {L"chrome", L"edge", L"safari"}) {
         EXPECT_EQ(runImport(sample(browser), folder_).status, 0U)
             << testing::PrintToString(std::wstring(browser));
+    }
     const ProgramRun firefox = runImport(sample(L"firefox"), folder_);
     EXPECT_EQ(firefox.status, 1U); // a name in Japanese
     EXPECT_NE(firefox.output.find("\xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E"), std::string::npos)

@@ -112,7 +112,7 @@ TEST_P(Executable, IsForTheSubsystemOfVersion61OrLater)
 TEST_P(Executable, HasNoChecksumOrTheRightOne)
 {
     // As the system's own reckoning: the sum of the 16-bit words with their carries, without the field, and the length.
-    const std::size_t field = at<IMAGE_DOS_HEADER>(0).e_lfanew +
+    const std::size_t field = static_cast<std::size_t>(at<IMAGE_DOS_HEADER>(0).e_lfanew) +
                               offsetof(IMAGE_NT_HEADERS64, OptionalHeader) +
                               offsetof(IMAGE_OPTIONAL_HEADER64, CheckSum);
     std::string whole = bytes;

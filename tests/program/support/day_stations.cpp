@@ -45,7 +45,7 @@ void Day::startForTheFirstTime()
     EXPECT_EQ(program.caption(), L"Vandrel");
     EXPECT_EQ(program.titles(), Texts{});
     EXPECT_EQ(categoryFiles(), Texts{});
-    EXPECT_NEAR(place()[2], smallestWidth * plan_.dpi / 1440, 1);
+    EXPECT_NEAR(place()[2], smallestWidth * plan_.dpi / 1440.0, 1);
     picture("first-start");
 }
 
@@ -275,9 +275,10 @@ void Day::backUp()
     program.key(VK_RETURN);
     program.back();
     EXPECT_SOON(program.panel(1), std::wstring(L"Backup successful."));
-    for (const auto& [title, bytes] : bytesOnDisk())
+    for (const auto& [title, bytes] : bytesOnDisk()) {
         EXPECT_TRUE(backup_.has(title + L".udb") && backup_.read(title + L".udb") == bytes)
             << testing::PrintToString(title);
+    }
     EXPECT_EQ(backup_.names().size(), titlesOnDisk().size());
     picture("backed-up");
 }

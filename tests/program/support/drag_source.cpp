@@ -6,7 +6,7 @@
 
 #include "tests/support/dropped_object.h"
 
-#include <stdlib.h> // __argc and __wargv
+#include <cstdlib> // __argc and __wargv
 
 namespace vandrel::test {
 namespace {

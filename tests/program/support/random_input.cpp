@@ -238,7 +238,7 @@ void turnWheel(POINT screen, int notches)
     INPUT event{};
     event.type = INPUT_MOUSE;
     event.mi.dwFlags = MOUSEEVENTF_WHEEL;
-    event.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+    event.mi.mouseData = static_cast<DWORD>(notches) * WHEEL_DELTA;
     SendInput(1, &event, sizeof event);
 }
 

@@ -8,8 +8,8 @@
 namespace vandrel::test {
 
 struct KeyStroke {
-    const char* name;
-    WORD key;
+    const char* name = nullptr;
+    WORD key = 0;
     bool ctrl = false;
     bool shift = false;
     bool alt = false;

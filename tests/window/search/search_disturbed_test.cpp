@@ -117,9 +117,9 @@ TEST_F(SearchDisturbed, AFileThatAnotherProgramHoldsHasNoSitesAndIsKept)
 {
     HANDLE held = INVALID_HANDLE_VALUE;
     const SearchTurns turns(*main, [&](int turn) {
-        if (turn == 1)
-            held = CreateFileW(folder.file(L"B.udb").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
-                               nullptr);
+        if (turn != 1) return;
+        held = CreateFileW(folder.file(L"B.udb").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
+                           nullptr);
     });
     find(L"");
     CloseHandle(held);

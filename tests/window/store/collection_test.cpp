@@ -14,7 +14,7 @@ std::optional<fs::path> besideTheProject(const wchar_t* name)
 {
     wchar_t program[MAX_PATH]{};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    for (fs::path start : {fs::current_path(), fs::path(program).parent_path()}) {
+    for (const fs::path& start : {fs::current_path(), fs::path(program).parent_path()}) {
         for (fs::path at = start; at != at.parent_path(); at = at.parent_path()) {
             const fs::path found = at.parent_path() / L"shared" / name;
             std::error_code ignored;

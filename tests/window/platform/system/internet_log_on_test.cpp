@@ -71,7 +71,7 @@ class FtpServer {
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         int size = sizeof address;
-        bind(made, reinterpret_cast<sockaddr*>(&address), size);
+        EXPECT_EQ(::bind(made, reinterpret_cast<sockaddr*>(&address), size), 0);
         listen(made, SOMAXCONN);
         getsockname(made, reinterpret_cast<sockaddr*>(&address), &size);
         port = ntohs(address.sin_port);
@@ -106,12 +106,11 @@ class FtpServer {
     void answer(SOCKET client, const std::string& command)
     {
         commands_.push_back(command);
+        const bool refused = command == "RETR" || command == "SIZE" || command == "CWD" ||
+                             command == "PASV" || command == "EPSV";
         if (command == "USER") tell(client, "331 and the password");
         else if (command == "PASS") tell(client, "230 welcome");
-        else if (command == "RETR" || command == "SIZE" || command == "CWD" || command == "PASV" ||
-                 command == "EPSV")
-            tell(client, "550 no");
-        else tell(client, "200 well");
+        else tell(client, refused ? "550 no" : "200 well");
     }
     static void tell(SOCKET client, const std::string& line)
     {

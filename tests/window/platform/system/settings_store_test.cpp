@@ -115,7 +115,7 @@ TEST_F(SettingsInStore, ATextWithoutAFinalNulIsReadToItsLastLetter)
 
 TEST_F(SettingsInStore, AMegabyteComesBack)
 {
-    const std::wstring text(512 * 1024, L'x');
+    const std::wstring text(512U << 10, L'x');
     store.save(L"Config", L"Long", text);
     EXPECT_TRUE(store.get(L"Config", L"Long") == text);
 }

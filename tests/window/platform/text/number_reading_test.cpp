@@ -46,9 +46,10 @@ TEST(NumberReading, ExponentsAndGroupsOfDigitsAreRead)
 
 TEST(NumberReading, WhatIsNoNumberIsError13)
 {
-    for (const wchar_t* const text : {L"", L" ", L"abc", L"8pt", L"12%", L"--1", L"1 2", L"1.2.3"})
+    for (const wchar_t* const text : {L"", L" ", L"abc", L"8pt", L"12%", L"--1", L"1 2", L"1.2.3"}) {
         EXPECT_EQ(errorOfReading(text), error_number::typeMismatch)
             << testing::PrintToString(std::wstring(text));
+    }
 }
 
 TEST(NumberReading, WhatIsBeyond16BitsIsError6)

@@ -333,8 +333,8 @@ class DialogPlace : public Dialogs {
 TEST_F(DialogPlace, IsTheMiddleOfTheOwner)
 {
     const RECT place = placeOver(300, 200);
-    EXPECT_NEAR((place.left + place.right) / 2, (owner.left + owner.right) / 2, 1);
-    EXPECT_NEAR((place.top + place.bottom) / 2, (owner.top + owner.bottom) / 2, 1);
+    EXPECT_NEAR(place.left + place.right, owner.left + owner.right, 2);
+    EXPECT_NEAR(place.top + place.bottom, owner.top + owner.bottom, 2);
 }
 
 TEST_F(DialogPlace, IsOnTheScreenThoughTheOwnerHangsOverItsEdge)
