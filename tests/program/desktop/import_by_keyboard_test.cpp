@@ -134,6 +134,38 @@ TEST_F(ImportByKeyboard, EscInTheQuestionForADescriptionImportsWithoutOne)
     EXPECT_SOON(folder.read(L"Work.udb"), std::string(oneSite) + "Weekly|http://weekly.example/||\r\n");
 }
 
+// Two dialogs close at once, which is when a window manager and the program may disagree on who comes next.
+TEST_F(ImportByKeyboard, OfOneFileGivesTheKeyboardBackToTheListThatHadIt)
+{
+    program.click(program.sites(), 0);
+    EXPECT_SOON(program.focus(), program.sites());
+    for (const wchar_t* const file : {L"Daily.url", L"My.Site.url", L"Weekly.url"}) {
+        const HWND dialog = openImport();
+        enter(dialog, L"News");
+        goTo(files(dialog), 'F');
+        arrowTo(files(dialog), file);
+        program.key(VK_RETURN);
+        describe(L"");
+        program.back();
+        EXPECT_SOON(program.focus(), program.sites());
+    }
+    program.key(VK_END); // and a real key goes there
+    EXPECT_SOON(program.panel(2), std::wstring(L"Name: Weekly  "));
+}
+
+TEST_F(ImportByKeyboard, OfAllFilesGivesTheKeyboardBackToTheListThatHadIt)
+{
+    program.click(program.sites(), 0);
+    EXPECT_SOON(program.focus(), program.sites());
+    const HWND dialog = openImport();
+    enter(dialog, L"News");
+    EXPECT_SOON(entries(files(dialog)), newsFiles());
+    program.key('A', {VK_MENU});
+    program.answerBox(L"Import All");
+    program.back();
+    EXPECT_SOON(program.focus(), program.sites());
+}
+
 TEST_F(ImportByKeyboard, EnterWithoutAFileAsksForOneAndTheDialogStays)
 {
     const HWND dialog = openImport();
