@@ -141,8 +141,8 @@ constexpr const wchar_t* someWords[] = {
     L"[DEFAULT]",
     L"q=r",
     L"?*<>",
-    L"qqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqq"
-    L"qqq",
+    (L"qqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqqq"
+     L"qqqq"),
 };
 
 constexpr const wchar_t* someAddresses[] = {
