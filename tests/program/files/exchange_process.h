@@ -23,7 +23,7 @@ struct ProgramRun {
 // CreateProcess.
 inline ProgramRun runProgram(const std::wstring& program, const std::wstring& arguments, DWORD flags = 0)
 {
-    constexpr DWORD longestRun = 60'000;
+    constexpr DWORD runLimitMilliseconds = 60'000;
     const TempFolder streams(L"streams");
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const auto stream = [&](const wchar_t* name) {
@@ -39,12 +39,12 @@ inline ProgramRun runProgram(const std::wstring& program, const std::wstring& ar
     startup.hStdError = errors.get();
     PROCESS_INFORMATION started{};
     ProgramRun result;
-    if (!startProcess(L"\"" + program + L"\" " + arguments, startup, started, longestRun, flags,
+    if (!startProcess(L"\"" + program + L"\" " + arguments, startup, started, runLimitMilliseconds, flags,
                       streams.path().c_str())) {
         ADD_FAILURE() << "not started: error " << GetLastError();
         return result;
     }
-    if (WaitForSingleObject(started.hProcess, longestRun) != WAIT_OBJECT_0) {
+    if (WaitForSingleObject(started.hProcess, runLimitMilliseconds) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "still running after a minute";
         TerminateProcess(started.hProcess, 98);
     }
