@@ -78,6 +78,7 @@ void ListView::rowsChanging(RowChange change)
     if (change == RowChange::appended) return;
     dropLabelEdit();
     if (change == RowChange::moved) beginMoving();
+    else if (selectedCount() >= manyRows) forgetRows();
     else clearSelection();
 }
 
@@ -99,16 +100,19 @@ void ListView::beginMoving()
 {
     markSelection();
     if (selectedCount() > 0) redrawPause_.emplace(handle()); // otherwise it costs more than it saves
-    const Counted selecting(selectingItself_);
     manySelected_ = selectedCount() >= manyRows;
     topRow_ = static_cast<std::size_t>(send(LVM_GETTOPINDEX));
-    if (manySelected_) {
-        // Without rows the control forgets the selection at once; row by row would take longer than anything
-        // else here.
-        send(LVM_SETITEMCOUNT, 0, LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
-    } else {
-        dropSelection();
-    }
+    if (manySelected_) return forgetRows();
+    const Counted selecting(selectingItself_);
+    dropSelection();
+}
+
+// With its rows the control forgets the selection at once; row by row, or by a lower number of rows, it takes longer
+// than all else here.
+void ListView::forgetRows()
+{
+    const Counted selecting(selectingItself_);
+    send(LVM_DELETEALLITEMS);
 }
 
 void ListView::endMoving()

@@ -100,6 +100,7 @@ class ListView : public Control, private RowObserver {
     void rowChanged(std::size_t row) override;
     void beginMoving();
     void endMoving();
+    void forgetRows();
     void takeSystemColors();
     LRESULT userMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT withoutRedraw(UINT message, WPARAM wParam, LPARAM lParam);

@@ -47,6 +47,18 @@ TEST_F(ListOfManyRows, EverySecondRowIsRemovedAndTheOthersStay)
     EXPECT_TRUE(selectedRows(sites).empty());
 }
 
+TEST_F(ListOfManyRows, OfScatteredSelectedRowsNoneIsLeftWhenOthersTakeTheirPlace)
+{
+    selectEvery(2);
+    sites.ensureVisible(many - 1);
+    fillNames(sites, names);
+    EXPECT_EQ(shownCount(sites), many);
+    EXPECT_TRUE(selectedRows(sites).empty());
+    EXPECT_FALSE(sites.focusedRow());
+    EXPECT_EQ(SendMessageW(sites.handle(), LVM_GETTOPINDEX, 0, 0), 0);
+    EXPECT_TRUE(clicked.empty());
+}
+
 TEST_F(ListOfManyRows, AllAreSelectedSortedAndRemoved)
 {
     sites.selectAll();
