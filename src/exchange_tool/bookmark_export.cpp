@@ -7,6 +7,7 @@
 #include "model/category_title.h"
 #include "model/site_columns.h"
 #include "platform/base/runtime_error.h"
+#include "platform/files/left_behind.h"
 #include "store/category_file.h"
 
 #include <algorithm>
@@ -115,6 +116,8 @@ ExportOutcome exportBookmarks(const std::wstring& folder, const std::wstring& fi
     const std::vector<std::wstring> titles = sortedTitles(folder);
     if (titles.empty())
         throw RuntimeError(error_number::fileNotFound, L"There are no categories in " + folder + L".");
+    removeLeftBehind(file.substr(0, file.find_last_of(L'\\')),
+                     files); // by an export that was ended in mid-work
     Page page(folder, titles, progress);
     bool reading = false;
     try {

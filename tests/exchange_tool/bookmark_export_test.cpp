@@ -70,7 +70,7 @@ TEST_F(BookmarkExport, IsBroughtInAgainAsItWas)
 
 TEST_F(BookmarkExport, CountsDatesThatCannotBeReadAndBytesThatAreNoLetters)
 {
-    folder.write(L"Work.udb", std::string("a|u||soon\r\nb|u||11/16/2002\r\nc\0d|u||\r\ne|u||\r\n", 47));
+    folder.write(L"Work.udb", std::string("a|u||soon\r\nb|u||11/16/2002\r\nc") + '\0' + "d|u||\r\ne|u||\r\n");
     const ExportOutcome outcome = write();
     EXPECT_EQ(outcome.sites, 4U);
     EXPECT_EQ(outcome.sitesWithoutDate, 1U);
@@ -119,6 +119,16 @@ TEST_F(BookmarkExport, OfNoCategoriesSaysSo)
 {
     EXPECT_EQ(failure(page()), L"There are no categories in " + folder.path() + L".");
     EXPECT_TRUE(target.names().empty());
+}
+
+TEST_F(BookmarkExport, RemovesWhatAnExportThatWasEndedLeftBehind)
+{
+    folder.write(L"Work.udb", "n|u||\r\n");
+    target.write(L"vandrel-4294967292.tmp", "half a page"); // no process has this number
+    target.write(L"vandrel-x.tmp", "the user's");
+    write();
+    EXPECT_FALSE(target.has(L"vandrel-4294967292.tmp"));
+    EXPECT_TRUE(target.has(L"vandrel-x.tmp"));
 }
 
 TEST_F(BookmarkExport, ThatIsCancelledLeavesNothing)
