@@ -12,6 +12,7 @@ set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-mingw32)
 set(CMAKE_AR x86_64-w64-mingw32-ar CACHE FILEPATH "")
 set(CMAKE_RANLIB x86_64-w64-mingw32-ranlib CACHE FILEPATH "")
 set(CMAKE_OBJDUMP x86_64-w64-mingw32-objdump CACHE FILEPATH "")
+set(CMAKE_DLLTOOL x86_64-w64-mingw32-dlltool CACHE FILEPATH "")
 
 # Clang does not find the headers of this GCC, whose folder has the thread model in its name; and it must not find those of
 # the machine it runs on.

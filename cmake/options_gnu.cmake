@@ -30,3 +30,21 @@ function(libraries_from_system_folder_only program)
     add_custom_command(TARGET ${program} POST_BUILD VERBATIM
         COMMAND bash "${PROJECT_SOURCE_DIR}/cmake/enter-load-config" "$<TARGET_FILE:${program}>" "${CMAKE_OBJDUMP}")
 endfunction()
+
+# The library's programs load these DLLs when a function of theirs is first called, not at the start. For each of them
+# cmake/delay_load lists the functions; any other is linked as usual, so that the DLL is loaded at the start after all.
+# None may take a floating-point number, which would be lost at the first call.
+function(delay_load library)
+    set(folder "${PROJECT_BINARY_DIR}/delay_load")
+    file(MAKE_DIRECTORY "${folder}")
+    foreach(dll ${ARGN})
+        set(functions "${PROJECT_SOURCE_DIR}/cmake/delay_load/${dll}.def")
+        set(archive "${folder}/lib${dll}.a")
+        add_custom_command(OUTPUT "${archive}" DEPENDS "${functions}" WORKING_DIRECTORY "${folder}" VERBATIM
+            COMMAND "${CMAKE_DLLTOOL}" --temp-prefix ${dll} --input-def "${functions}" --output-delaylib "${archive}")
+        list(APPEND archives "${archive}")
+    endforeach()
+    add_custom_target(${library}_delay_load DEPENDS ${archives})
+    add_dependencies(${library} ${library}_delay_load)
+    target_link_libraries(${library} PUBLIC ${archives} delayimp)
+endfunction()

@@ -17,3 +17,11 @@ add_link_options(/MANIFEST:NO /INCREMENTAL:NO /Brepro)
 function(libraries_from_system_folder_only program)
     target_link_options(${program} PRIVATE /DEPENDENTLOADFLAG:0x800)
 endfunction()
+
+# The library's programs load these DLLs when a function of theirs is first called, not at the start.
+function(delay_load library)
+    foreach(dll ${ARGN})
+        target_link_options(${library} PUBLIC /DELAYLOAD:${dll}.dll)
+    endforeach()
+    target_link_libraries(${library} PUBLIC ${ARGN} delayimp)
+endfunction()

@@ -1,5 +1,7 @@
 #include "mainwindow/frm_main.h"
 
+#include "capture/dropped_link.h"
+#include "platform/base/delay_loaded.h"
 #include "platform/base/guarded.h"
 #include "platform/base/program.h"
 #include "search/quick_search.h"
@@ -39,7 +41,6 @@ frmMain::frmMain(Startup startup)
                 {L"Description", layout_.infoColumns[2]},
                 {L"Date", layout_.infoColumns[3]}},
                shown_.sites),
-      lstInfoDrop_(lstInfo_.handle()),
       picSepBar_(handle()),
       picSearch_(handle()),
       Toolbar1_(handle(), buttonRows(commands())),
@@ -127,7 +128,7 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_TIMER:
-        if (!std::exchange(named_, true)) nameForReaders();
+        if (!std::exchange(started_, true)) finishStart();
         availability_.tmrClipboard_Timer();
         return 0;
     case WM_SIZE: Form_Resize(); return 0;
@@ -154,7 +155,7 @@ LRESULT frmMain::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         if (wParam != 0) endSession();
         return 0;
     case WM_DESTROY:
-        lstInfoDrop_.revoke();
+        if (lstInfoDrop_) lstInfoDrop_->revoke();
         PostQuitMessage(0);
         return 0;
     default: return Window::onMessage(message, wParam, lParam);
@@ -199,8 +200,16 @@ bool frmMain::takeSplitterKey(const MSG& message)
     return true;
 }
 
-// Once the window has been painted, as timers come last: loading the service takes longer than all else at the
-// start.
+// What is not seen, once the window has been painted, as timers come last: loading what it needs takes longer than
+// much else at the start.
+void frmMain::finishStart()
+{
+    loadDelayedLibraries();
+    lstInfoDrop_.emplace(lstInfo_.handle());
+    lstInfoDrop_->Drop = [this](const DroppedData& data) { lstInfo_OLEDragDrop(workspace_, data); };
+    nameForReaders();
+}
+
 void frmMain::nameForReaders()
 {
     lstCategory_.setAccessibleName(L"Categories");

@@ -19,6 +19,8 @@
 #include "shared/workspace.h"
 #include "store/category_operations.h"
 
+#include <optional>
+
 namespace vandrel {
 
 // The main window: it owns every control, binds menu entries to procedures, starts up, lays out and shuts
@@ -110,6 +112,7 @@ class frmMain : public Window, public Form {
     bool filterMessage(MSG& message);
     bool moveFocus(bool backwards);
     bool takeSplitterKey(const MSG& message);
+    void finishStart();
     void nameForReaders();
     void endLabelEditFor(WPARAM systemCommand);
     bool searchIsOver() const;
@@ -130,7 +133,7 @@ class frmMain : public Window, public Form {
     ShownCategory shown_;
     ListView lstCategory_;
     ListView lstInfo_;
-    DropTarget lstInfoDrop_;
+    std::optional<DropTarget> lstInfoDrop_; // none until the window has been painted
     SplitterBar picSepBar_;
     SearchPanel picSearch_;
     ToolBar Toolbar1_;
@@ -151,7 +154,7 @@ class frmMain : public Window, public Form {
     std::unique_ptr<frmSearch> frmSearch_;
     std::unique_ptr<frmAbout> frmAbout_;
     std::vector<std::unique_ptr<Dialog>> closedWindows_; // their controls may still be handling a message
-    bool named_ = false;                                 // for screen readers
+    bool started_ = false;                               // with what comes after the first painting
     MessageLoop::Registration keys_;
     MessageLoop::Rest rest_;
 };

@@ -1,4 +1,3 @@
-#include "capture/dropped_link.h"
 #include "dialogs/frm_options.h"
 #include "mainwindow/frm_main.h"
 #include "search/quick_search.h"
@@ -26,7 +25,6 @@ void frmMain::bindEvents()
     lstInfo_.RightClick = [this](POINT screen) { lstInfo_RightClick(screen); };
     picSearch_.cmbSearch.GotFocus = [this] { cmbSearch_GotFocus(picSearch_.cmbSearch); };
     picSearch_.cmdSearch.Click = [this] { cmdSearch_Click(workspace_, picSearch_.cmbSearch); };
-    lstInfoDrop_.Drop = [this](const DroppedData& data) { lstInfo_OLEDragDrop(workspace_, data); };
     picSepBar_.MouseDown = [this](Twips x) { picSepBar_MouseDown(x); };
     picSepBar_.MouseMove = [this](Twips x) { picSepBar_MouseMove(x); };
     picSepBar_.MouseUp = [this] { picSepBar_MouseUp(); };

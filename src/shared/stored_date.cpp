@@ -22,7 +22,10 @@ std::optional<SiteDate> storedDate(const std::wstring& stored, const DateOrder& 
     if (const auto date = dateOfNumbers(stored, order)) return date;
     if (!mayBeWordedDate(stored)) return std::nullopt;
     const auto date = dateOfText(stored);
-    return date ? std::optional(SiteDate{date->wYear, date->wMonth, date->wDay}) : std::nullopt;
+    if (!date) return std::nullopt;
+    return SiteDate{.year = static_cast<int>(date->year()),
+                    .month = static_cast<int>(static_cast<unsigned>(date->month())),
+                    .day = static_cast<int>(static_cast<unsigned>(date->day()))};
 }
 
 } // namespace vandrel

@@ -1,5 +1,7 @@
 #include "platform/text/date_reading.h"
 
+#include <windows.h>
+
 #include <oleauto.h>
 #include <array>
 
@@ -13,15 +15,14 @@ std::wstring shortDatePattern()
     return pattern.data();
 }
 
-std::optional<SYSTEMTIME> dateOfText(std::wstring text)
+std::optional<std::chrono::year_month_day> dateOfText(std::wstring text)
 {
-    DATE date = 0; // days since 30 December 1899, which is also the date of a time of day alone
-    SYSTEMTIME parts{};
-    if (FAILED(VarDateFromStr(text.data(), GetUserDefaultLCID(), 0, &date)) || (date >= 0 && date < 1) ||
-        VariantTimeToSystemTime(date, &parts) == 0) {
+    using namespace std::chrono;
+    constexpr sys_days first = 1899y / December / 30; // also the date of a time of day alone
+    DATE date = 0; // in days since then; what follows the point is the time of day
+    if (FAILED(VarDateFromStr(text.data(), GetUserDefaultLCID(), 0, &date)) || (date >= 0 && date < 1))
         return std::nullopt;
-    }
-    return parts;
+    return first + days(static_cast<int>(date));
 }
 
 } // namespace vandrel

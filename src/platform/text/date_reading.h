@@ -1,7 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -12,6 +11,6 @@ std::wstring shortDatePattern();
 
 // The date that the system reads from a text, in which months may have their names in the user's language.
 // No value if there is no date, or only a time of day.
-std::optional<SYSTEMTIME> dateOfText(std::wstring text);
+std::optional<std::chrono::year_month_day> dateOfText(std::wstring text);
 
 } // namespace vandrel
