@@ -147,7 +147,7 @@ void silentRow(frmMain& window)
     const double ours = timed(
         scan, [] {}, runs);
     window.workspace().inetScan.setRequestTimeout(InternetTransfer::usualSeconds * 1000);
-    constexpr auto silent = static_cast<double>(mixedSites / silentEvery);
+    constexpr unsigned silent = mixedSites / silentEvery;
     print({"scanning 200 sites of which 20 do not answer for 3 s", "one that does not answer, times 20 / 8",
            ours, one * silent / 8, "ms", 1.2});
 }

@@ -7,14 +7,16 @@
 namespace vandrel::test {
 namespace {
 
-constexpr AddDate secondsInDay = 24 * 60 * 60;
+constexpr AddDate secondsInHour = 3600;
+constexpr AddDate secondsInDay = 24 * secondsInHour;
 
 TEST(LocalDays, OfADateThatWasWrittenAreTheDateThatIsRead)
 {
     LocalDays days;
     std::wstring before;
     // Each day of three years, in which summer time begins and ends.
-    for (AddDate time = 1'700'000'000; time < 1'700'000'000 + 3 * 366 * secondsInDay; time += secondsInDay) {
+    constexpr AddDate first = 1'700'000'000;
+    for (AddDate time = first; time < first + 1098 * secondsInDay; time += secondsInDay) {
         const std::wstring text = days.shortDate(time);
         ASSERT_FALSE(text.empty());
         ASSERT_NE(text, before);
@@ -22,8 +24,8 @@ TEST(LocalDays, OfADateThatWasWrittenAreTheDateThatIsRead)
         ASSERT_TRUE(noon) << testing::PrintToString(text);
         ASSERT_EQ(days.shortDate(*noon), text);
         // Noon, or an hour beside it on a day on which the clocks change.
-        ASSERT_EQ(days.shortDate(*noon - 10 * 60 * 60), text);
-        ASSERT_EQ(days.shortDate(*noon + 10 * 60 * 60), text);
+        ASSERT_EQ(days.shortDate(*noon - 10 * secondsInHour), text);
+        ASSERT_EQ(days.shortDate(*noon + 10 * secondsInHour), text);
         before = text;
     }
 }

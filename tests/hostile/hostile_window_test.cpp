@@ -46,9 +46,10 @@ class HostileShortcuts : public ImportTest {
     {
         std::string bytes;
         const auto some = [&] {
-            for (std::size_t left = hostile.below(80); left > 0; --left)
+            for (std::size_t left = hostile.below(80); left > 0; --left) {
                 bytes += hostile.oneIn(3) ? static_cast<char>(hostile.below(0x100))
                                           : "[]=;\r\n\"URLurl|\0 "[hostile.below(16)];
+            }
         };
         if (hostile.oneIn(3)) some();
         bytes += "\r\n[InternetShortcut]\r\n";

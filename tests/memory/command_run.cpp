@@ -136,10 +136,12 @@ std::wstring CommandRun::failing(unsigned n, failing_new::How how, failing_new::
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed.")) told_ = true;
         if (c_.running() && c_.workspace().StatusBar1.panelText(1).ends_with(L"ailed!")) told_ = true;
         if (c_.logSaysFailed()) told_ = true; // a failed check shows in the site's picture and in the log
-        if (!told_ && !(c_.running() || !command_.makesWindow)) complain(L"no window, and nothing was told");
-        // A category that cannot be read is shown empty, without a message.
-        else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable())
+        if (!told_ && !(c_.running() || !command_.makesWindow)) {
+            complain(L"no window, and nothing was told");
+        } else if (!told_ && !hasDone() && !c_.workspace().shown.unreadable()) {
+            // A category that cannot be read is shown empty, without a message.
             complain(L"has not done it, and nothing was told");
+        }
     }
     if (c_.escaped) complain(L"an error left the message loop");
     checkFiles();

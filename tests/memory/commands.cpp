@@ -18,15 +18,15 @@ constexpr int importAllButton = 104;
 
 void nothing(Collection&) {}
 
-template <const wchar_t* const& name> void naming(Collection& c)
+template <const wchar_t* const& Name> void naming(Collection& c)
 {
     c.typed.question = IDNO; // the page is not opened
-    c.nameFile(name);
+    c.nameFile(Name);
 }
 constexpr const wchar_t* page = L"made.htm";
 constexpr const wchar_t* shortcut = L"made.url";
 
-template <int entry> void choosing(Collection& c) { c.choose(entry); }
+template <int Entry> void choosing(Collection& c) { c.choose(Entry); }
 
 bool panelSays(Collection& c, const wchar_t* text) { return c.workspace().StatusBar1.panelText(1) == text; }
 
@@ -52,10 +52,10 @@ void rename(Collection& c)
     SendMessageW(label, WM_KEYDOWN, VK_RETURN, 1);
 }
 
-template <int column> void clickColumn(Collection& c)
+template <int Column> void clickColumn(Collection& c)
 {
     NMLISTVIEW click{};
-    click.iSubItem = column;
+    click.iSubItem = Column;
     click.hdr = {c.workspace().lstInfo.handle(), 0, LVN_COLUMNCLICK};
     click.iItem = -1;
     SendMessageW(c.main().handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));

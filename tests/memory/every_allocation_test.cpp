@@ -77,7 +77,7 @@ struct Trial {
         say("usual", number, run->usual());
     }
     // Returns whether there was an n-th allocation.
-    bool fail(std::size_t number, unsigned n, How how, Where where)
+    bool fail(std::size_t number, unsigned n, How how, Where where) const
     {
         bool reached = false;
         say("begin", number, n);
@@ -103,9 +103,10 @@ void runSample(const Task& task)
     Trial trial(task);
     for (std::size_t number = task.command; number < commands().size(); ++number) {
         trial.learn(number, Where::thisThread);
-        for (const How how : {How::once, How::forGood})
+        for (const How how : {How::once, How::forGood}) {
             trial.fail(number, 1 + static_cast<unsigned>(random()) % trial.run->usual(), how,
                        Where::thisThread);
+        }
     }
 }
 
@@ -148,9 +149,10 @@ Said readSaid(const std::string& output)
         if (what == "through") said.through = true;
         std::string rest;
         std::getline(words, rest);
-        if (what == "wrong")
+        if (what == "wrong") {
             said.wrong += std::string(commands()[command].name) + ", allocation " + std::to_string(n) + ":" +
                           rest + "\n";
+        }
     }
     return said;
 }

@@ -194,9 +194,11 @@ void QuietAnswers::answer(HWND dialog, Seen& seen)
         complain(L"unexpected", caption);
         button = IDCANCEL;
     }
-    if (GetDlgItem(dialog, button) == nullptr)
+    if (GetDlgItem(dialog, button) == nullptr) {
         SendMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    else press(dialog, button);
+    } else {
+        press(dialog, button);
+    }
 }
 
 } // namespace vandrel::test

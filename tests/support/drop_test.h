@@ -5,6 +5,8 @@
 #include "tests/support/site_editor.h"
 #include "tests/support/store_test.h"
 
+#include <gtest/gtest.h>
+
 namespace vandrel::test {
 
 inline constexpr DWORD everyEffect = DROPEFFECT_COPY | DROPEFFECT_LINK | DROPEFFECT_MOVE;

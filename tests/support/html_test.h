@@ -5,6 +5,8 @@
 #include "platform/controls/status_bar.h"
 #include "tests/support/store_test.h"
 
+#include <gtest/gtest.h>
+
 namespace vandrel::test {
 
 namespace html {

@@ -4,6 +4,8 @@
 #include "platform/controls/status_bar.h"
 #include "tests/support/store_test.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <filesystem>
 

@@ -6,6 +6,8 @@
 #include "tests/support/test_server.h"
 #include "tests/support/window_parts.h"
 
+#include <gtest/gtest.h>
+
 namespace vandrel::test {
 
 using Images = std::vector<int>;

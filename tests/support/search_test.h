@@ -10,6 +10,8 @@
 #include "tests/support/store_test.h"
 #include "tests/support/window_parts.h"
 
+#include <gtest/gtest.h>
+
 namespace vandrel::test {
 
 // The controls of the search window.

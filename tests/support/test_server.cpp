@@ -23,7 +23,7 @@ constexpr int idleMilliseconds = 100; // there may be many such connections
 constexpr auto trickleEvery = std::chrono::milliseconds(20);
 
 struct Reply {
-    int status;
+    int status = 200;
     std::string body;
     std::string location{};
     std::vector<std::string> cookies{};
@@ -97,7 +97,7 @@ class TestServer::Server {
             sockaddr_in address = address_;
             address.sin_addr.s_addr = htonl(INADDR_LOOPBACK + host);
             const SOCKET last = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-            connect(last, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+            static_cast<void>(connect(last, reinterpret_cast<const sockaddr*>(&address), sizeof address));
             acceptors_[host].join();
             closesocket(last);
         }

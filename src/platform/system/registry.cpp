@@ -17,7 +17,9 @@ std::wstring registryText(HKEY root, const std::wstring& key, const std::wstring
         status = RegGetValueW(root, key.c_str(), value.c_str(), onlyText, nullptr, text.data(), &size);
         if (status == ERROR_MORE_DATA) text.resize(std::max(size / sizeof(wchar_t) + 1, 2 * text.size()));
     }
-    return status == ERROR_SUCCESS ? std::wstring(text.c_str()) : std::wstring();
+    if (status != ERROR_SUCCESS) return {};
+    text.resize(text.find(L'\0')); // there is always one
+    return text;
 }
 
 void setRegistryText(HKEY root, const std::wstring& key, const std::wstring& value, const std::wstring& text)

@@ -87,9 +87,8 @@ class HostileRecords : public testing::Test {
     {
         std::wstring made;
         for (std::size_t number = 0; number < lines; ++number) made += line(number) + L"\r\n";
-        if (hostile.oneIn(2))
-            made.resize(made.size() -
-                        std::min(made.size(), hostile.below(3))); // cut at or within the last end
+        const std::size_t cut = hostile.oneIn(2) ? hostile.below(3) : 0; // at or within the last end
+        made.resize(made.size() - std::min(made.size(), cut));
         return made;
     }
     // What an edited or added site may hold: anything but separators, which other rules of the program deal
@@ -112,9 +111,10 @@ class HostileRecords : public testing::Test {
             if (kind == 1) list.remove(row());
             if (kind == 2) list.setText(row(), hostile.below(RowTable::maxColumns), typed());
             if (kind == 3) list.insert(row(), {typed(), typed(), L"", L""}, 1);
-            if (kind == 4)
+            if (kind == 4) {
                 list.sortBy(hostile.below(4),
                             hostile.oneIn(2) ? SortOrder::ascending : SortOrder::descending);
+            }
             if (kind == 5) {
                 for (std::size_t marks = 0; marks < 3; ++marks) list.setMark(row(), {.selected = true});
                 list.removeMarked();

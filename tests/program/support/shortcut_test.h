@@ -3,6 +3,8 @@
 #include "tests/program/support/program_test.h"
 #include "tests/support/registry_value.h"
 
+#include <gtest/gtest.h>
+
 namespace vandrel::test {
 
 // The program with a Favorites folder of the test's own. Its import dialog is used by keyboard.

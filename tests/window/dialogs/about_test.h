@@ -4,6 +4,8 @@
 #include "tests/support/test_window.h"
 #include "tests/support/window_facts.h"
 
+#include <gtest/gtest.h>
+
 #include <optional>
 
 namespace vandrel::test {

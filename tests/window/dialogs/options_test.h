@@ -5,6 +5,8 @@
 #include "tests/support/test_window.h"
 #include "tests/support/window_facts.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <optional>
 

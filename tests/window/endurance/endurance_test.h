@@ -5,6 +5,8 @@
 #include "tests/support/search_test.h"
 #include "tests/window/endurance/at_once.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
 
 namespace vandrel::test {

@@ -7,6 +7,8 @@
 #include "tests/support/store_test.h"
 #include "tests/support/wine.h"
 
+#include <gtest/gtest.h>
+
 namespace vandrel::test {
 
 // The main window with the categories Arts, Bare (which is empty) and Cars, and a folder for the copies.

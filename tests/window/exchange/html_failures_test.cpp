@@ -15,7 +15,8 @@ class HtmlFailuresTest : public HtmlTest, public testing::WithParamInterface<int
         clickCategory(L"Cars");
     }
     // Names the file, and calls `then` before the command gets it.
-    static std::function<void(HWND)> namingAndThen(const std::wstring& path, std::function<void()> then)
+    static std::function<void(HWND)> namingAndThen(const std::wstring& path,
+                                                   const std::function<void()>& then)
     {
         return [=](HWND dialog) {
             naming(path)(dialog);

@@ -199,9 +199,10 @@ std::string JourneyTest::walk(const Walk& steps)
     for (std::size_t i = 0; i < steps.size() && failure.empty(); ++i) {
         act(steps[i]);
         failure = difference();
-        if (!failure.empty())
+        if (!failure.empty()) {
             failure = "step " + std::to_string(i + 1) + ", " +
                       actNames[static_cast<std::size_t>(steps[i].act)] + ": " + failure;
+        }
     }
     model_.replies.clear();
     workspace().shown.unsaved = false; // so that nothing is asked

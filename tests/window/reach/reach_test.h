@@ -5,6 +5,8 @@
 #include "tests/support/window_facts.h"
 #include "tests/support/window_parts.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <map>
 

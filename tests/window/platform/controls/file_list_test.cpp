@@ -10,7 +10,7 @@
 namespace vandrel::test {
 namespace {
 
-using Names = std::vector<std::wstring>;
+using FileNames = std::vector<std::wstring>;
 
 class FileListTest : public testing::Test {
   protected:
@@ -22,13 +22,13 @@ class FileListTest : public testing::Test {
     }
     ~FileListTest() override { pump(); }
 
-    Names names() const
+    FileNames names() const
     {
-        Names shown;
+        FileNames shown;
         for (std::size_t entry = 0; entry < list.count(); ++entry) shown.push_back(list.text(entry));
         return shown;
     }
-    void make(const Names& files) const
+    void make(const FileNames& files) const
     {
         for (const std::wstring& name : files) folder.write(name, "");
     }
@@ -54,14 +54,14 @@ TEST_F(FileListTest, ShowsTheFilesOfItsKindInWhateverCase)
     make({L"a.url", L"B.URL", L"c.Url", L"d.txt", L"e.url.bak", L"url", L".url"});
     CreateDirectoryW(folder.file(L"folder.url").c_str(), nullptr);
     list.setPath(folder.path());
-    EXPECT_EQ(names(), (Names{L".url", L"a.url", L"B.URL", L"c.Url"}));
+    EXPECT_EQ(names(), (FileNames{L".url", L"a.url", L"B.URL", L"c.Url"}));
 }
 
 TEST_F(FileListTest, SortsNamesWhateverTheCaseOfTheirLetters)
 {
     make({L"b.url", L"A.url", L"c.url", L"B2.url", L"\u00E4.url", L"z.url"});
     list.setPath(folder.path());
-    EXPECT_EQ(names(), (Names{L"A.url", L"\u00E4.url", L"b.url", L"B2.url", L"c.url", L"z.url"}));
+    EXPECT_EQ(names(), (FileNames{L"A.url", L"\u00E4.url", L"b.url", L"B2.url", L"c.url", L"z.url"}));
 }
 
 TEST_F(FileListTest, AMissingFolderHasNoFiles)

@@ -14,7 +14,7 @@
 namespace vandrel::test {
 namespace {
 
-using Names = std::vector<std::wstring>;
+using FolderNames = std::vector<std::wstring>;
 
 class FolderListTest : public testing::Test {
   protected:
@@ -26,16 +26,16 @@ class FolderListTest : public testing::Test {
     }
     ~FolderListTest() override { pump(); }
 
-    Names names() const
+    FolderNames names() const
     {
-        Names shown;
+        FolderNames shown;
         for (std::size_t entry = 0; entry < list.count(); ++entry) shown.push_back(list.text(entry));
         return shown;
     }
     // The entries below the shown folder.
-    Names subfolders() const
+    FolderNames subfolders() const
     {
-        const Names all = names();
+        const FolderNames all = names();
         return {all.begin() + static_cast<std::ptrdiff_t>(*list.selected()) + 1, all.end()};
     }
     void make(const std::wstring& name) const { CreateDirectoryW(folder.file(name).c_str(), nullptr); }
@@ -46,7 +46,7 @@ class FolderListTest : public testing::Test {
     }
     std::size_t entryOf(const std::wstring& name) const
     {
-        const Names all = names();
+        const FolderNames all = names();
         return static_cast<std::size_t>(std::ranges::find(all, name) - all.begin());
     }
     static std::wstring nameOf(const std::wstring& path) { return path.substr(path.rfind(L'\\') + 1); }
@@ -63,7 +63,7 @@ TEST_F(FolderListTest, ShowsThePathFromTheDriveThenTheSubfolders)
     folder.write(L"file", "");
     list.setPath(folder.path());
     std::wstring way;
-    const Names all = names();
+    const FolderNames all = names();
     ASSERT_GE(all.size(), 4U);
     EXPECT_EQ(all[0], folder.path().substr(0, 3));
     for (std::size_t entry = 0; entry <= *list.selected(); ++entry) {
@@ -71,7 +71,7 @@ TEST_F(FolderListTest, ShowsThePathFromTheDriveThenTheSubfolders)
         if (entry > 0 && entry < *list.selected()) way += L'\\';
     }
     EXPECT_EQ(way, folder.path());
-    EXPECT_EQ(subfolders(), (Names{L"one", L"two"}));
+    EXPECT_EQ(subfolders(), (FolderNames{L"one", L"two"}));
     EXPECT_EQ(list.path(), folder.path());
 }
 
@@ -97,7 +97,7 @@ TEST_F(FolderListTest, SortsSubfoldersWhateverTheCaseOfTheirLetters)
 {
     for (const wchar_t* const name : {L"b", L"A", L"C", L"B2", L"z"}) make(name);
     list.setPath(folder.path());
-    EXPECT_EQ(subfolders(), (Names{L"A", L"b", L"B2", L"C", L"z"}));
+    EXPECT_EQ(subfolders(), (FolderNames{L"A", L"b", L"B2", L"C", L"z"}));
 }
 
 TEST_F(FolderListTest, FoldersThatTheSystemHidesAreLeftOut)
@@ -106,7 +106,7 @@ TEST_F(FolderListTest, FoldersThatTheSystemHidesAreLeftOut)
     make(L"hidden");
     ASSERT_TRUE(SetFileAttributesW(folder.file(L"hidden").c_str(), FILE_ATTRIBUTE_HIDDEN));
     list.setPath(folder.path());
-    EXPECT_EQ(subfolders(), Names{L"seen"});
+    EXPECT_EQ(subfolders(), FolderNames{L"seen"});
     SetFileAttributesW(folder.file(L"hidden").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
@@ -115,7 +115,7 @@ TEST_F(FolderListTest, WhatCannotBeShownIsAnErrorAndTheListStaysAsItWas)
     make(L"one");
     folder.write(L"file", "");
     list.setPath(folder.path());
-    const Names before = names();
+    const FolderNames before = names();
     int changes = 0;
     list.Change = [&] { ++changes; };
     EXPECT_EQ(errorOf([&] { list.setPath(folder.file(L"missing")); }), 76);
@@ -131,10 +131,10 @@ TEST_F(FolderListTest, AnotherFolderIsReportedOnce)
 {
     make(L"one");
     list.setPath(folder.path());
-    Names reported;
+    FolderNames reported;
     list.Change = [&] { reported.push_back(list.path()); };
     list.setPath(folder.file(L"one"));
-    EXPECT_EQ(reported, Names{folder.file(L"one")});
+    EXPECT_EQ(reported, FolderNames{folder.file(L"one")});
 }
 
 TEST_F(FolderListTest, ADoubleClickOnAnEntryOpensIt)
@@ -152,7 +152,7 @@ TEST_F(FolderListTest, ADoubleClickOnAnEntryOpensIt)
     SendMessageW(list.handle(), WM_LBUTTONUP, 0, at);
     EXPECT_EQ(list.path(), folder.file(L"one"));
     EXPECT_EQ(selected(), L"one");
-    EXPECT_EQ(subfolders(), Names{L"inner"});
+    EXPECT_EQ(subfolders(), FolderNames{L"inner"});
 }
 
 TEST_F(FolderListTest, EnterOpensAndBackspaceGoesUp)
@@ -211,7 +211,7 @@ TEST_F(FolderListTest, NamesOfEveryLanguageAreShownAndOpened)
 {
     make(L"\u65E5\u672C\u8A9E");
     list.setPath(folder.path());
-    EXPECT_EQ(subfolders(), Names{L"\u65E5\u672C\u8A9E"});
+    EXPECT_EQ(subfolders(), FolderNames{L"\u65E5\u672C\u8A9E"});
     list.setPath(folder.file(L"\u65E5\u672C\u8A9E"));
     EXPECT_EQ(selected(), L"\u65E5\u672C\u8A9E");
 }

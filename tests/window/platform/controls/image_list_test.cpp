@@ -8,7 +8,7 @@
 namespace vandrel::test {
 namespace {
 
-constexpr const wchar_t* names[] = {L"site", L"folder", L"folder-open", L"dead"};
+constexpr const wchar_t* pictures[] = {L"site", L"folder", L"folder-open", L"dead"};
 
 std::pair<int, int> sizeOf(const IconHandle& icon)
 {
@@ -35,7 +35,7 @@ TEST(ProgramIcons, OfAnUnknownNameDoNotExist) { EXPECT_FALSE(loadIcon(L"no such 
 TEST(ProgramImages, AreOneForEachNameAndHaveTheSizeAskedFor)
 {
     for (const int size : {16, 24, 40}) {
-        const ImageListHandle images = loadImages(names, size);
+        const ImageListHandle images = loadImages(pictures, size);
         ASSERT_TRUE(images);
         EXPECT_EQ(ImageList_GetImageCount(images.get()), 4);
         int width = 0;
@@ -67,9 +67,9 @@ std::vector<COLORREF> drawn(HIMAGELIST images, int index, int size)
 
 TEST(ProgramImages, AreInTheOrderOfTheirNames)
 {
-    const ImageListHandle images = loadImages(names, 16);
+    const ImageListHandle images = loadImages(pictures, 16);
     for (int i = 0; i < 4; ++i) {
-        const wchar_t* const alone[] = {names[i]};
+        const wchar_t* const alone[] = {pictures[i]};
         const ImageListHandle one = loadImages(alone, 16);
         EXPECT_EQ(drawn(images.get(), i, 16), drawn(one.get(), 0, 16)) << i;
         EXPECT_NE(drawn(images.get(), i, 16), drawn(images.get(), (i + 1) % 4, 16)) << i;
@@ -78,7 +78,7 @@ TEST(ProgramImages, AreInTheOrderOfTheirNames)
 
 TEST(ProgramImages, HaveATransparentBackground)
 {
-    const ImageListHandle images = loadImages(names, 32);
+    const ImageListHandle images = loadImages(pictures, 32);
     for (int i = 0; i < 4; ++i) {
         const auto pixels = drawn(images.get(), i, 32);
         EXPECT_EQ(pixels.front(), RGB(255, 255, 255)) << i;

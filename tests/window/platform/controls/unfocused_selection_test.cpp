@@ -40,9 +40,10 @@ RowLook lookOf(HWND list, const RECT& row)
     const auto width = clientOf(list).right;
     std::map<DWORD, int> counts;
     for (LONG y = row.top + 1; y < row.bottom - 1; ++y) {
-        for (LONG x = row.left + 2; x < row.right - 2; ++x)
+        for (LONG x = row.left + 2; x < row.right - 2; ++x) {
             ++counts[pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                             static_cast<std::size_t>(x)]];
+        }
     }
     RowLook look{};
     look.ground = std::ranges::max_element(counts, {}, [](const auto& entry) { return entry.second; })->first;
