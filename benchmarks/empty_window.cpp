@@ -1,5 +1,7 @@
-// The floor for starting and for idling: a window of the same kind with nothing in it and the same timer.
-#include <windows.h>
+// The floor for starting and for idling: a window of the same kind with the same timer, and nothing in it or, with an
+// argument, bare controls.
+#include "benchmarks/bare_controls.h"
+
 #include <commctrl.h>
 
 namespace {
@@ -13,7 +15,7 @@ LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 
 } // namespace
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int showCommand)
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR arguments, int showCommand)
 {
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&classes);
@@ -26,6 +28,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int showCommand)
     RegisterClassW(&windowClass);
     const HWND window = CreateWindowExW(0, L"Vandrel.Main", L"Empty", WS_OVERLAPPEDWINDOW, 0, 0, 609, 379,
                                         nullptr, nullptr, instance, nullptr);
+    if (*arguments != L'\0') vandrel::bench::makeBareControls(window);
     SetTimer(window, 1, 1, nullptr);
     ShowWindow(window, showCommand);
     UpdateWindow(window);

@@ -155,6 +155,14 @@ void backupRow(frmMain& window, const std::vector<fs::path>& files, const fs::pa
     });
     print({"backup of the 50 categories over an earlier one", "copying the same files", ours, floor, "ms",
            1.3});
+    const double safeFloor = timed([&] {
+        const fs::path beside = plain / L"beside.tmp";
+        for (const fs::path& file : files) {
+            CopyFileW(file.c_str(), beside.c_str(), FALSE);
+            MoveFileExW(beside.c_str(), (plain / file.filename()).c_str(), MOVEFILE_REPLACE_EXISTING);
+        }
+    });
+    print({"the same", "copying each beside its target and moving it over", ours, safeFloor, "ms", 1.2});
 }
 
 } // namespace

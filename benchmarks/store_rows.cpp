@@ -1,3 +1,4 @@
+#include "benchmarks/bare_list.h"
 #include "benchmarks/category_click.h"
 #include "benchmarks/measure.h"
 #include "benchmarks/plain_files.h"
@@ -18,7 +19,6 @@ using test::Answers;
 using test::press;
 
 constexpr std::size_t siteCount = 100'000;
-constexpr int slowRepetitions = 3;
 
 // The program's main window on two categories: a large one and an empty one.
 class Bench {
@@ -51,6 +51,8 @@ void openRow(Bench& bench)
     const double ours = timed([&] { bench.clickLarge(); }, [&] { bench.clickEmpty(); });
     print({"click on a category of 100,000 sites until painted", "reading and decoding the file", ours, floor,
            "ms", 1.4});
+    print({"the same", "that, and a bare list view of as many rows", ours,
+           floor + BareList(siteCount).timeOfShowing(), "ms", 1.3});
 
     bench.clickEmpty();
     const double before = memoryInUse();
@@ -69,7 +71,8 @@ double saveRow(Bench& bench)
     return ours;
 }
 
-void sortRow(Bench& bench, std::size_t column, const char* work)
+// Returns the time of the bare sort.
+double sortRow(Bench& bench, std::size_t column, const char* work)
 {
     ListView& sites = bench.sites();
     std::vector<std::wstring> texts;
@@ -96,6 +99,7 @@ void sortRow(Bench& bench, std::size_t column, const char* work)
             bench.clickLarge();
         });
     print({work, "a bare stable sort of an index", ours, floor, "ms", 1.5});
+    return floor;
 }
 
 // The time from pressing a button in a dialog to the end of the command, in milliseconds.
@@ -111,7 +115,7 @@ double fromAnswer(Bench& bench, MenuEntry entry, const wchar_t* caption, int but
     return now() - pressed;
 }
 
-void addRows(Bench& bench, double save)
+void addRows(Bench& bench, double save, double bareSort)
 {
     const auto add = [&] { return fromAnswer(bench, mnuAddWebsite, L"Add Site...", IDOK); };
     std::vector<double> unsorted;
@@ -125,6 +129,8 @@ void addRows(Bench& bench, double save)
     for (int run = 0; run < repetitions; ++run) sorted.push_back(add());
     print({"adding a site, OK to saved (file in URL order)", "SaveItems", median(sorted), save, "ms", 1.3});
     print({"the same, file in no order", "SaveItems", median(unsorted), save, "ms", 1.6});
+    print({"the same", "SaveItems, and a bare stable sort by the address", median(unsorted), save + bareSort,
+           "ms", 1.0});
 }
 
 // Sends the list a key with that state of Ctrl and Shift.
@@ -140,66 +146,12 @@ void sendKey(HWND list, WPARAM code, bool control, bool shift)
     UpdateWindow(list);
 }
 
-using RowNumbers = std::vector<std::size_t>;
-
 RowNumbers everyOtherRow()
 {
     RowNumbers rows;
     for (std::size_t row = 0; row < siteCount; row += 2) rows.push_back(row);
     return rows;
 }
-
-void selectRows(HWND list, const RowNumbers& rows)
-{
-    LVITEMW item{};
-    item.state = item.stateMask = LVIS_SELECTED;
-    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    for (const std::size_t row : rows)
-        SendMessageW(list, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
-    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
-}
-
-RowNumbers selectedRows(HWND list)
-{
-    RowNumbers rows;
-    for (LRESULT row = -1;
-         (row = SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED)) >= 0;)
-        rows.push_back(static_cast<std::size_t>(row));
-    return rows;
-}
-
-// What the platform takes for it: a list view in a window that does nothing.
-class BareList {
-  public:
-    BareList() { selectNone(); }
-    BareList(const BareList&) = delete;
-    BareList& operator=(const BareList&) = delete;
-    ~BareList() { DestroyWindow(parent_); }
-
-    HWND handle() const { return list_; }
-    void selectNone() const
-    {
-        SendMessageW(list_, LVM_SETITEMCOUNT, 0, 0);
-        SendMessageW(list_, LVM_SETITEMCOUNT, siteCount, 0);
-    }
-    // The time for selecting the rows while none is selected.
-    double timeOfSelecting(const RowNumbers& rows) const
-    {
-        return timed([&] { selectRows(list_, rows); }, [this] { selectNone(); }, slowRepetitions);
-    }
-    double timeOfAsking(const RowNumbers& rows) const
-    {
-        selectNone();
-        selectRows(list_, rows);
-        return timed([this] { selectedRows(list_); }, [] {}, slowRepetitions);
-    }
-
-  private:
-    HWND parent_ = CreateWindowExW(0, WC_STATICW, L"", WS_POPUP, 0, 0, 300, 300, nullptr, nullptr, nullptr,
-                                   nullptr);
-    HWND list_ = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT | LVS_OWNERDATA, 0, 0, 300, 300,
-                                 parent_, nullptr, nullptr, nullptr);
-};
 
 double timeOfRemoving(Bench& bench, int runs, const std::function<void(ListView&)>& select)
 {
@@ -227,7 +179,7 @@ void removeRows(Bench& bench, double save)
                                             [&](ListView& sites) { selectRows(sites.handle(), rows); });
     print({"the same, every other row", "SaveItems", scattered, save, "ms", 3});
     print({"the same", "SaveItems, and asking a bare list view for its selection", scattered,
-           save + BareList().timeOfAsking(rows), "ms", 1.5});
+           save + BareList(siteCount).timeOfAsking(rows), "ms", 1.5});
 }
 
 void scatteredRows(Bench& bench)
@@ -237,10 +189,9 @@ void scatteredRows(Bench& bench)
     bench.clickLarge();
     ListView& sites = bench.sites();
     const RowNumbers rows = everyOtherRow();
-    const BareList bare;
     print({"selecting every other of 100,000 rows", "a bare list view",
            timed([&] { selectRows(sites.handle(), rows); }, [&] { sites.clearSelection(); }, slowRepetitions),
-           bare.timeOfSelecting(rows), "ms", 1.2});
+           BareList(siteCount).timeOfSelecting(rows), "ms", 1.2});
     std::size_t column = 0;
     const auto click = [&] {
         column = 1 - column;
@@ -254,7 +205,7 @@ void scatteredRows(Bench& bench)
     const double one = timed(click);
     print({"a click on a header with these selected", "with one row selected", scattered, one, "ms", 2});
     print({"the same", "that, and selecting the same rows of a bare list view", scattered,
-           one + bare.timeOfSelecting(sorted), "ms", 1.2});
+           one + BareList(siteCount).timeOfSelecting(sorted), "ms", 1.2});
 }
 
 void selectRow(Bench& bench)
@@ -284,8 +235,8 @@ void storeRows()
     openRow(bench);
     const double save = saveRow(bench);
     sortRow(bench, 0, "a click on the header \"Site Name\"");
-    sortRow(bench, 1, "a click on the header \"URL\"");
-    addRows(bench, save);
+    const double bareSort = sortRow(bench, 1, "a click on the header \"URL\"");
+    addRows(bench, save, bareSort);
     removeRows(bench, save);
     selectRow(bench);
     scatteredRows(bench);
