@@ -43,7 +43,7 @@ function(delay_load library)
         set(functions "${PROJECT_SOURCE_DIR}/cmake/delay_load/${dll}.def")
         set(archive "${folder}/lib${dll}.a")
         add_custom_command(OUTPUT "${archive}" DEPENDS "${functions}" WORKING_DIRECTORY "${folder}" VERBATIM
-            COMMAND "${CMAKE_DLLTOOL}" --temp-prefix ${dll} --input-def "${functions}" --output-delaylib "${archive}")
+            COMMAND "${CMAKE_DLLTOOL}" --temp-prefix ${dll} --input-def "${functions}" --output-delaylib lib${dll}.a)
         list(APPEND archives "${archive}")
     endforeach()
     add_custom_target(${library}_delay_load DEPENDS ${archives})
