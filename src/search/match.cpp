@@ -128,6 +128,7 @@ std::size_t Matcher::candidate(std::wstring_view text, std::size_t from) const
 bool Matcher::occursAt(std::wstring_view text, std::size_t place) const
 {
     const std::wstring_view term = term_;
+    if (folding_ == nullptr) return text.substr(place, term.size()) == term;
     std::size_t matched = 0;
     while (matched < term.size() && place < text.size()) {
         const wchar_t unit = text[place++];
@@ -144,11 +145,15 @@ bool Matcher::occursAt(std::wstring_view text, std::size_t place) const
 
 bool Matcher::occursIn(std::wstring_view text) const
 {
-    if (folding_ == nullptr || term_.empty()) return text.find(term_) != npos;
-    const std::size_t first = candidate(text, 0);
-    if (first == npos) return false;
+    if (term_.empty()) return true;
+    std::size_t place = candidate(text, 0);
+    if (expansions_.empty()) {
+        while (place != npos && !occursAt(text, place)) place = candidate(text, place + 1);
+        return place != npos;
+    }
+    if (place == npos) return false;
     // An expansion may be inside an occurrence that begins before it.
-    for (std::size_t place = expansions_.empty() ? first : 0; place < text.size(); ++place) {
+    for (place = 0; place < text.size(); ++place) {
         if (occursAt(text, place)) return true;
     }
     return false;

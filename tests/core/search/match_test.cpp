@@ -49,6 +49,16 @@ TEST_F(Match, AnEmptyTermOccursInEveryText)
     EXPECT_EQ(Matcher(L"", folding).candidate(L"text", 4), 4U);
 }
 
+TEST_F(Match, AnOccurrenceIsFoundBehindPlacesThatBeginAndEndLikeIt)
+{
+    const std::wstring alike = L"tie toe tee ";
+    EXPECT_TRUE(finds(L"the", alike + alike + L"tHe"));
+    EXPECT_TRUE(findsExactly(L"the", alike + alike + L"the"));
+    EXPECT_TRUE(finds(L"tt", L"the tTt"));
+    EXPECT_FALSE(finds(L"the", alike + alike));
+    EXPECT_FALSE(findsExactly(L"the", alike + L"tHe"));
+}
+
 TEST_F(Match, ATermLongerThanTheTextDoesNotOccur)
 {
     EXPECT_FALSE(finds(L"abcd", L"abc"));
