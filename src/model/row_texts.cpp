@@ -32,7 +32,7 @@ RowTexts RowTexts::written(const Views& texts, wchar_t* memory)
     row.begin_ = memory;
     for (std::size_t text = 0; text < count; ++text) {
         if (text > 0) *memory++ = fieldSeparator;
-        memory = std::ranges::copy(texts[text], memory).out;
+        memory += texts[text].copy(memory, texts[text].size());
         row.setEnd(text, memory);
     }
     return row;

@@ -51,7 +51,7 @@ SiteTexts HitList::decode(const ByteSearch::Site& site, const CodePageLetters& l
         return std::wstring_view(std::exchange(end, end + bytes.size()), bytes.size());
     };
     const auto copied = [&](std::wstring_view text) {
-        std::ranges::copy(text, end);
+        text.copy(end, text.size());
         return std::wstring_view(std::exchange(end, end + text.size()), text.size());
     };
     RowTexts::Views line;

@@ -46,7 +46,8 @@ bool AnsiTextWriter::gather(std::wstring_view piece)
 {
     if (!waiting_.empty() && waiting_.data() != gathered_.get()) return false;
     if (piece.size() > gatheredUnits - waiting_.size()) return false;
-    std::ranges::copy(piece, gathered_.get() + waiting_.size());
+    // Not std::ranges::copy, which GCC 12 turns into a loop of single units.
+    piece.copy(gathered_.get() + waiting_.size(), piece.size());
     waiting_ = {gathered_.get(), waiting_.size() + piece.size()};
     return true;
 }
