@@ -77,7 +77,8 @@ void BareList::fill() const
 
 double BareList::timeOfShowing() const
 {
-    return timed([this] { fill(); }, [this] { clear(); });
+    clear();
+    return timeOf([this] { fill(); });
 }
 
 double BareList::timeOfSelecting(const RowNumbers& rows) const

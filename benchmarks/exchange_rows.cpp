@@ -106,36 +106,34 @@ void importRow(const fs::path& folder)
     Workspace& workspace = window.workspace();
     workspace.favoritesFolder = (folder / L"favorites").wstring();
 
-    std::vector<double> times;
-    for (int run = 0; run < runs; ++run) {
+    std::string after;
+    const auto ours = [&] {
         overwrite(category, before);
         workspace.lstCategory.ItemClick(0);
         const ImportAll import;
         window.run(mnuImport);
-        times.push_back(import.milliseconds());
         if (workspace.lstInfo.count() != siteCount + shortcutCount) std::printf("import: wrong count\n");
-    }
-
-    const std::string after = readWhole(category.c_str());
-    const std::size_t added = (after.size() - before.size()) / shortcutCount;
+        after = readWhole(category.c_str());
+        return import.milliseconds();
+    };
+    // What the category has after each of the imports.
     const auto writeEach = [&](const std::function<void(std::size_t count)>& write) {
-        return timed(
-            [&] {
-                for (std::size_t i = 1; i <= shortcutCount; ++i) write(before.size() + i * added);
-            },
-            [] {}, runs);
+        const std::size_t added = (after.size() - before.size()) / shortcutCount;
+        for (std::size_t i = 1; i <= shortcutCount; ++i) write(before.size() + i * added);
     };
     const fs::path plain = folder / L"plain.txt";
-    const double floor = writeEach([&](std::size_t count) { overwrite(plain, after.data(), count); });
-    const double ours = median(times);
-    print({"import of 1,000 shortcuts into a category of 10,000 sites", "writing the same bytes as often",
-           ours, floor, "ms", 1.3});
     const fs::path beside = folder / L"beside.tmp";
-    const double safeFloor = writeEach([&](std::size_t count) {
+    const auto writePlain = [&](std::size_t count) { overwrite(plain, after.data(), count); };
+    const auto writeSafely = [&](std::size_t count) {
         overwrite(beside, after.data(), count);
         MoveFileExW(beside.c_str(), plain.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-    });
-    print({"the same", "writing each beside its target and moving it over", ours, safeFloor, "ms", 1.3});
+    };
+    const auto times = timedInTurn({ours, [&] { return timeOf([&] { writeEach(writePlain); }); },
+                                    [&] { return timeOf([&] { writeEach(writeSafely); }); }},
+                                   runs);
+    print({"import of 1,000 shortcuts into a category of 10,000 sites", "writing the same bytes as often",
+           times[0], times[1], "ms", 1.3});
+    print({"the same", "writing each beside its target and moving it over", times[0], times[2], "ms", 1.3});
 }
 
 } // namespace

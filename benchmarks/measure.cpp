@@ -23,16 +23,32 @@ double median(std::vector<double> values)
     return *middle;
 }
 
+double timeOf(const std::function<void()>& work)
+{
+    const double start = now();
+    work();
+    return now() - start;
+}
+
 double timed(const std::function<void()>& work, const std::function<void()>& before, int runs)
 {
     std::vector<double> times;
     for (int run = 0; run < runs; ++run) {
         before();
-        const double start = now();
-        work();
-        times.push_back(now() - start);
+        times.push_back(timeOf(work));
     }
     return median(times);
+}
+
+std::vector<double> timedInTurn(const std::vector<std::function<double()>>& works, int runs)
+{
+    std::vector<std::vector<double>> times(works.size());
+    for (int run = 0; run < runs; ++run) {
+        for (std::size_t i = 0; i < works.size(); ++i) times[i].push_back(works[i]());
+    }
+    std::vector<double> medians;
+    for (const std::vector<double>& ofOne : times) medians.push_back(median(ofOne));
+    return medians;
 }
 
 void printHeader()

@@ -15,6 +15,12 @@ double median(std::vector<double> values);
 double timed(
     const std::function<void()>& work, const std::function<void()>& before = [] {}, int runs = repetitions);
 
+// One run, in milliseconds.
+double timeOf(const std::function<void()>& work);
+// The medians of works that time themselves, run in turn: a machine that becomes faster or slower meanwhile does so for
+// all of them.
+std::vector<double> timedInTurn(const std::vector<std::function<double()>>& works, int runs = repetitions);
+
 // One line of the table: what was done, what it is compared with, and the aim for the ratio.
 struct Row {
     std::string work;

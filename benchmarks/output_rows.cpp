@@ -116,53 +116,48 @@ std::vector<fs::path> makeCategories(const fs::path& folder)
     return files;
 }
 
-double medianOf(frmMain& window, int entry, const fs::path& target)
-{
-    std::vector<double> times;
-    for (int run = 0; run < repetitions; ++run) {
-        times.push_back(OneCommand(window, entry, target).milliseconds());
-    }
-    return median(times);
-}
-
 void pageRow(frmMain& window, const std::vector<fs::path>& files, const fs::path& folder)
 {
     const fs::path page = folder / L"page.htm";
-    const double ours = medianOf(window, mnuAllCats, page);
-    const std::string bytes = readWhole(page.c_str());
-    const double floor = timed([&] {
+    std::string bytes;
+    const auto ours = [&] {
+        const double time = OneCommand(window, mnuAllCats, page).milliseconds();
+        bytes = readWhole(page.c_str());
+        return time;
+    };
+    const auto plain = [&] {
         for (const fs::path& file : files) readWhole(file.c_str());
         writeFile((folder / L"plain.htm").c_str(), bytes);
-    });
-    print({"a page of 100,000 sites in 50 categories", "reading the same files, writing the same bytes", ours,
-           floor, "ms", 3});
+    };
+    const auto times = timedInTurn({ours, [&] { return timeOf(plain); }});
+    print({"a page of 100,000 sites in 50 categories", "reading the same files, writing the same bytes",
+           times[0], times[1], "ms", 3});
 }
 
 void backupRow(frmMain& window, const std::vector<fs::path>& files, const fs::path& folder)
 {
     const fs::path copies = folder / L"backup";
     fs::create_directories(copies);
-    const double ours = medianOf(window, mnuBUAllCat, copies);
-    for (const fs::path& file : files) {
-        if (!fs::exists(copies / file.filename())) std::printf("backup: a copy is missing\n");
-    }
     const fs::path plain = folder / L"plain";
     fs::create_directories(plain);
-    const double floor = timed([&] {
-        for (const fs::path& file : files) {
-            CopyFileW(file.c_str(), (plain / file.filename()).c_str(), FALSE);
-        }
-    });
-    print({"backup of the 50 categories over an earlier one", "copying the same files", ours, floor, "ms",
-           1.3});
-    const double safeFloor = timed([&] {
+    const auto copyPlainly = [&] {
+        for (const fs::path& file : files) CopyFileW(file.c_str(), (plain / file.filename()).c_str(), FALSE);
+    };
+    const auto copySafely = [&] {
         const fs::path beside = plain / L"beside.tmp";
         for (const fs::path& file : files) {
             CopyFileW(file.c_str(), beside.c_str(), FALSE);
             MoveFileExW(beside.c_str(), (plain / file.filename()).c_str(), MOVEFILE_REPLACE_EXISTING);
         }
-    });
-    print({"the same", "copying each beside its target and moving it over", ours, safeFloor, "ms", 1.2});
+    };
+    const auto times = timedInTurn({[&] { return OneCommand(window, mnuBUAllCat, copies).milliseconds(); },
+                                    [&] { return timeOf(copyPlainly); }, [&] { return timeOf(copySafely); }});
+    for (const fs::path& file : files) {
+        if (!fs::exists(copies / file.filename())) std::printf("backup: a copy is missing\n");
+    }
+    print({"backup of the 50 categories over an earlier one", "copying the same files", times[0], times[1],
+           "ms", 1.3});
+    print({"the same", "copying each beside its target and moving it over", times[0], times[2], "ms", 1.2});
 }
 
 } // namespace

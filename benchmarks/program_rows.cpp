@@ -74,14 +74,10 @@ class Process {
 
 double startTime(const fs::path& program, const wchar_t* argument = L"")
 {
-    std::vector<double> times;
-    for (int run = 0; run < repetitions; ++run) {
-        const double start = now();
-        const Process process(program, argument);
-        process.waitUntilPainted();
-        times.push_back(now() - start);
-    }
-    return median(times);
+    const double start = now();
+    const Process process(program, argument);
+    process.waitUntilPainted();
+    return now() - start;
 }
 
 fs::path programIn(const wchar_t* folderName, int categories)
@@ -115,12 +111,15 @@ void programRows()
     const fs::path onEmptyFolder = programIn(L"start-empty", 0);
     const fs::path onThousand = programIn(L"start-1000", 1000);
     startTime(empty); // warms the system up
-    const double floor = startTime(empty);
-    const double bareControls = startTime(empty, L"controls");
-    const double start = startTime(onEmptyFolder);
+    const auto times = timedInTurn(
+        {[&] { return startTime(empty); }, [&] { return startTime(empty, L"controls"); },
+         [&] { return startTime(onEmptyFolder); }, [&] { return startTime(onThousand); }});
+    const double floor = times[0];
+    const double bareControls = times[1];
+    const double start = times[2];
+    const double startOnThousand = times[3];
     print({"start to a painted window, empty folder", "starting an empty window", start, floor, "ms", 1.3});
     print({"the same", "starting a window of bare controls", start, bareControls, "ms", 1.2});
-    const double startOnThousand = startTime(onThousand);
     print({"start to a painted window, 1,000 categories", "starting an empty window", startOnThousand, floor,
            "ms", 1.5});
     print({"the same", "starting a window of bare controls", startOnThousand, bareControls, "ms", 1.3});
