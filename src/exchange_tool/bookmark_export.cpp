@@ -116,8 +116,8 @@ ExportOutcome exportBookmarks(const std::wstring& folder, const std::wstring& fi
     const std::vector<std::wstring> titles = sortedTitles(folder);
     if (titles.empty())
         throw RuntimeError(error_number::fileNotFound, L"There are no categories in " + folder + L".");
-    removeLeftBehind(file.substr(0, file.find_last_of(L'\\')),
-                     files); // by an export that was ended in mid-work
+    // Of an export that was ended in mid-work.
+    removeLeftBehind(file.substr(0, file.find_last_of(L'\\')), files);
     Page page(folder, titles, progress);
     bool reading = false;
     try {
