@@ -128,9 +128,8 @@ void importRow(const fs::path& folder)
         overwrite(beside, after.data(), count);
         MoveFileExW(beside.c_str(), plain.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     };
-    const auto times = timedInTurn({ours, [&] { return timeOf([&] { writeEach(writePlain); }); },
-                                    [&] { return timeOf([&] { writeEach(writeSafely); }); }},
-                                   runs);
+    const auto times = timedInTurn(
+        {ours, timing([&] { writeEach(writePlain); }), timing([&] { writeEach(writeSafely); })}, runs);
     print({"import of 1,000 shortcuts into a category of 10,000 sites", "writing the same bytes as often",
            times[0], times[1], "ms", 1.3});
     print({"the same", "writing each beside its target and moving it over", times[0], times[2], "ms", 1.3});

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace vandrel::bench {
 
@@ -28,6 +29,11 @@ double timeOf(const std::function<void()>& work)
     const double start = now();
     work();
     return now() - start;
+}
+
+std::function<double()> timing(std::function<void()> work)
+{
+    return [work = std::move(work)] { return timeOf(work); };
 }
 
 double timed(const std::function<void()>& work, const std::function<void()>& before, int runs)

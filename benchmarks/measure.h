@@ -17,6 +17,8 @@ double timed(
 
 // One run, in milliseconds.
 double timeOf(const std::function<void()>& work);
+// A work that times itself so.
+std::function<double()> timing(std::function<void()> work);
 // The medians of works that time themselves, run in turn: a machine that becomes faster or slower meanwhile does so for
 // all of them.
 std::vector<double> timedInTurn(const std::vector<std::function<double()>>& works, int runs = repetitions);

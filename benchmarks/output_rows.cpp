@@ -129,7 +129,7 @@ void pageRow(frmMain& window, const std::vector<fs::path>& files, const fs::path
         for (const fs::path& file : files) readWhole(file.c_str());
         writeFile((folder / L"plain.htm").c_str(), bytes);
     };
-    const auto times = timedInTurn({ours, [&] { return timeOf(plain); }});
+    const auto times = timedInTurn({ours, timing(plain)});
     print({"a page of 100,000 sites in 50 categories", "reading the same files, writing the same bytes",
            times[0], times[1], "ms", 3});
 }
@@ -151,7 +151,7 @@ void backupRow(frmMain& window, const std::vector<fs::path>& files, const fs::pa
         }
     };
     const auto times = timedInTurn({[&] { return OneCommand(window, mnuBUAllCat, copies).milliseconds(); },
-                                    [&] { return timeOf(copyPlainly); }, [&] { return timeOf(copySafely); }});
+                                    timing(copyPlainly), timing(copySafely)});
     for (const fs::path& file : files) {
         if (!fs::exists(copies / file.filename())) std::printf("backup: a copy is missing\n");
     }

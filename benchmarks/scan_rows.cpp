@@ -112,17 +112,16 @@ void rateRow(frmMain& window, const std::wstring& url)
     const HINTERNET session = InternetOpenW(L"Plain", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
     const ScopeExit close([&] { InternetCloseHandle(session); });
     checkPlainly(session, url, 10);
-    const auto plain = [&] { return timeOf([&] { checkPlainly(session, url, checksAtOnce); }); };
+    const auto plain = timing([&] { checkPlainly(session, url, checksAtOnce); });
     InternetTransfer& transfer = window.workspace().inetScan;
     const auto openAll = [&] {
         for (std::size_t i = 0; i < checksAtOnce; ++i) transfer.OpenURL(url, InternetTransfer::Body::none);
     };
-    const auto opened = timedInTurn({[&] { return timeOf(openAll); }, plain}, runs);
+    const auto opened = timedInTurn({timing(openAll), plain}, runs);
     print({"opening 500 addresses that answer at once, on the second thread", "500 bare InternetOpenUrl",
            opened[0], opened[1], "ms", 1.5});
     clickCategory(window.workspace(), L"Quick");
-    const auto scanned = timedInTurn({[&] { return timeOf([&] { window.run(mnuScanAllURLs); }); }, plain},
-                                     runs);
+    const auto scanned = timedInTurn({timing([&] { window.run(mnuScanAllURLs); }), plain}, runs);
     print({"scanning 500 sites that answer at once", "500 bare InternetOpenUrl", scanned[0], scanned[1], "ms",
            1.2});
 }

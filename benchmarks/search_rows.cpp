@@ -80,8 +80,8 @@ double measuredBefore(const char* name)
 
 void searchRow(frmSearch& search, const char* work, const std::wstring& word, double aim)
 {
-    const auto times = timedInTurn({[&] { return timeOf([&] { search.DoSearch(word); }); },
-                                    [] { return timeOf([] { plainSearch(rareWord); }); }});
+    const auto times = timedInTurn(
+        {timing([&] { search.DoSearch(word); }), timing([] { plainSearch(rareWord); })});
     print({work, "reading, decoding, one plain pass", times[0], times[1], "ms", aim});
 }
 
@@ -120,8 +120,8 @@ void searchRows()
         print({"the same", "sqlite3 with the same rows, LIKE", again(), sqlite, "ms", 1});
     std::vector<char> memory;
     std::size_t found = 0;
-    const auto times = timedInTurn({[&] { return timeOf([&] { search.DoSearch(rareWord); }); },
-                                    [&] { return timeOf([&] { found = bareSearch("quetzal", memory); }); }});
+    const auto times = timedInTurn(
+        {timing([&] { search.DoSearch(rareWord); }), timing([&] { found = bareSearch("quetzal", memory); })});
     if (found % (1U << 24) < categoryCount * sitesInCategory) std::printf("bare search: wrong count\n");
     print({"the same", "reading, looking at the bytes, counting line ends", times[0], times[1], "ms", 2});
     searchRow(search, "a word that occurs nowhere", noWord, 0.8);

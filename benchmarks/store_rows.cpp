@@ -51,7 +51,7 @@ void openRow(Bench& bench)
         bench.clickEmpty();
         return timeOf([&] { bench.clickLarge(); });
     };
-    const auto read = [] { return timeOf([] { decodePlainly(readWhole(L"Large.udb")); }); };
+    const auto read = timing([] { decodePlainly(readWhole(L"Large.udb")); });
     const auto times = timedInTurn({click, read});
     print({"click on a category of 100,000 sites until painted", "reading and decoding the file", times[0],
            times[1], "ms", 1.4});
@@ -70,8 +70,8 @@ void openRow(Bench& bench)
 double saveRow(Bench& bench)
 {
     const std::wstring text = decodePlainly(readWhole(L"Large.udb"));
-    const auto times = timedInTurn({[&] { return timeOf([&] { SaveItems(bench.workspace()); }); },
-                                    [&] { return timeOf([&] { writePlainly(L"plain.txt", text); }); }});
+    const auto times = timedInTurn(
+        {timing([&] { SaveItems(bench.workspace()); }), timing([&] { writePlainly(L"plain.txt", text); })});
     print({"SaveItems of it", "encoding, plain overwriting, flushing", times[0], times[1], "ms", 1.3});
     return times[0];
 }
