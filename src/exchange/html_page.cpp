@@ -30,7 +30,7 @@ void HtmlPage::addTitle(std::wstring_view category)
     append(text_, {L"<tr><td colspan=3 align=center><b>", category, L"</b></td></tr>"});
 }
 
-void HtmlPage::addSite(std::wstring_view name, std::wstring_view url, std::wstring_view description)
+void HtmlPage::addSite(const CompactText& name, const CompactText& url, const CompactText& description)
 {
     // Contract: nothing is escaped.
     appendSiteRow(text_, name, url, description);

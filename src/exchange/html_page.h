@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/compact_text.h"
 #include "shared/options_state.h"
 
 #include <string>
@@ -11,9 +12,8 @@ inline constexpr std::size_t siteRowMarkup = 53; // units of a site's row withou
 
 // Adds the row of a site to a page, in letters or in the bytes of a code page that contains ASCII. Nothing is
 // escaped: a description may hold markup of its own.
-template <typename Unit>
-void appendSiteRow(std::basic_string<Unit>& page, std::basic_string_view<Unit> name,
-                   std::basic_string_view<Unit> url, std::basic_string_view<Unit> description)
+template <typename Page, typename Text>
+void appendSiteRow(Page& page, const Text& name, const Text& url, const Text& description)
 {
     const auto markup = [&page](std::string_view ascii) { page.append(ascii.begin(), ascii.end()); };
     markup("<tr><td>");
@@ -34,7 +34,7 @@ class HtmlPage {
     explicit HtmlPage(const OptionsState& options);
 
     void addTitle(std::wstring_view category); // a row across all columns
-    void addSite(std::wstring_view name, std::wstring_view url, std::wstring_view description);
+    void addSite(const CompactText& name, const CompactText& url, const CompactText& description);
     // Ends the page; `site` is the maker's web site.
     void end(std::wstring_view site);
 

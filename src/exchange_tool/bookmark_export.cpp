@@ -79,15 +79,16 @@ class Page {
     }
     void add(const RowTexts& texts, BookmarkWriter& page)
     {
-        const std::wstring_view date = texts[dateColumn];
-        const auto added = date.empty() ? std::nullopt : days_.noonOf(std::wstring(date));
-        page.addBookmark(texts[nameColumn], texts[urlColumn], texts[descriptionColumn], added);
+        const std::wstring date(texts[dateColumn]);
+        const auto added = date.empty() ? std::nullopt : days_.noonOf(date);
+        const std::wstring_view name = texts[nameColumn].wideIn(name_);
+        const std::wstring_view url = texts[urlColumn].wideIn(url_);
+        const std::wstring_view description = texts[descriptionColumn].wideIn(description_);
+        page.addBookmark(name, url, description, added);
         ++outcome_.sites;
         if (!date.empty() && !added) ++outcome_.sitesWithoutDate;
-        if (losesLetters(texts[nameColumn]) || losesLetters(texts[urlColumn]) ||
-            losesLetters(texts[descriptionColumn])) {
+        if (losesLetters(name) || losesLetters(url) || losesLetters(description))
             ++outcome_.sitesWithLostLetters;
-        }
     }
 
     const std::wstring& folder_;
@@ -95,6 +96,9 @@ class Page {
     Progress& progress_;
     LocalDays days_;
     ExportOutcome outcome_;
+    std::wstring name_; // memory for one site after the other
+    std::wstring url_;
+    std::wstring description_;
 };
 
 bool isCategoryFile(const std::wstring& path)

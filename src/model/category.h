@@ -19,7 +19,8 @@ struct Category {
     std::wstring title;
     RowTable sites; // in the file's order
     Reading reading = Reading::missing;
-    std::wstring_view text; // the decoded file, which holds the sites' texts; lives as long as they do
+    // The decoded file if the sites' texts are views of it, otherwise none. It lives as long as they do.
+    std::wstring_view text;
 };
 
 } // namespace vandrel

@@ -47,9 +47,9 @@ void RowTable::tellOf(std::size_t row) const
     if (observer_ != nullptr) observer_->rowChanged(row);
 }
 
-std::wstring_view RowTable::text(std::size_t row, std::size_t column) const
+CompactText RowTable::text(std::size_t row, std::size_t column) const
 {
-    return column < maxColumns ? rows_[row].texts[column] : std::wstring_view();
+    return column < maxColumns ? rows_[row].texts[column] : CompactText();
 }
 
 void RowTable::setMark(std::size_t row, Mark mark)
@@ -68,12 +68,11 @@ std::optional<std::size_t> RowTable::lastMarked(std::size_t before) const
 
 RowTexts RowTable::keep(const Texts& texts)
 {
-    // A forward_list never moves its elements, so the views stay valid.
-    std::wstring& line = kept_.emplace_front(RowTexts::lengthOf(texts), L'\0');
-    return RowTexts::written(texts, line.data());
+    if (!kept_) kept_ = std::make_unique<TextMemory>();
+    return RowTexts::written(texts, *kept_);
 }
 
-void RowTable::setText(std::size_t row, std::size_t column, std::wstring_view text)
+void RowTable::setText(std::size_t row, std::size_t column, const CompactText& text)
 {
     Texts texts = rows_[row].texts.views();
     texts[column] = text;
@@ -138,7 +137,7 @@ void RowTable::replace(std::vector<std::shared_ptr<const void>>& blocks, std::ve
     ++fillings_;
     rows_.swap(rows);
     identify(rows_);
-    kept_.clear();
+    kept_.reset();
     blocks_.swap(blocks);
     inOrder_ = 0;
 }
@@ -290,7 +289,7 @@ void RowTable::sort()
         std::rotate(std::upper_bound(rows_.begin(), end, *end, before), end, rows_.end());
         return;
     }
-    std::vector<std::wstring_view> keys(rows_.size());
+    std::vector<CompactText> keys(rows_.size());
     std::ranges::transform(rows_, keys.begin(), [this](const Row& row) { return row.texts[sortKey_]; });
     const std::vector<std::uint32_t> order = sortedOrder(keys, sortOrder_ == SortOrder::descending);
     std::vector<Row> sorted(rows_.size());

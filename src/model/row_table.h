@@ -1,12 +1,11 @@
 #pragma once
 
 #include "model/row_texts.h"
+#include "model/text_memory.h"
 #include "platform/controls/row_source.h"
 
-#include <forward_list>
 #include <memory>
 #include <span>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -46,7 +45,7 @@ class RowTable final : public RowSource {
     bool empty() const { return rows_.empty(); }
     const Row& operator[](std::size_t row) const { return rows_[row]; }
     std::span<const Row> all() const { return rows_; }
-    std::wstring_view text(std::size_t row, std::size_t column) const override;
+    CompactText text(std::size_t row, std::size_t column) const override;
     int image(std::size_t row) const override { return rows_[row].image; }
     Id id(std::size_t row) const override { return rows_[row].id; }
     std::optional<std::size_t> rowOf(Id id) const override;
@@ -60,7 +59,7 @@ class RowTable final : public RowSource {
     // Changes whenever the table is filled or cleared.
     unsigned fillings() const { return fillings_; }
 
-    void setText(std::size_t row, std::size_t column, std::wstring_view text);
+    void setText(std::size_t row, std::size_t column, const CompactText& text);
     void setTexts(std::size_t row, const Texts& texts); // all, or none if memory runs out
     // The same in two steps: the first may run out of memory, the second cannot fail.
     RowTexts keep(const Texts& texts);
@@ -113,7 +112,7 @@ class RowTable final : public RowSource {
     void tellOf(std::size_t row) const;
 
     std::vector<Row> rows_;
-    std::forward_list<std::wstring> kept_;
+    std::unique_ptr<TextMemory> kept_; // none while it would be empty
     std::vector<std::shared_ptr<const void>> blocks_;
     RowObserver* observer_ = nullptr;
     unsigned changes_ = 0;

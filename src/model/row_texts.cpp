@@ -1,54 +1,71 @@
 #include "model/row_texts.h"
 
 #include "model/site_record.h"
+#include "model/text_memory.h"
 
-#include <limits>
+#include <algorithm>
 #include <new>
+#include <string_view>
 
 namespace vandrel {
+namespace {
 
-void RowTexts::setEnd(std::size_t text, const wchar_t* end)
+bool fitLatin(const RowTexts::Views& texts)
 {
-    const auto units = static_cast<std::size_t>(end - begin_);
-    if (units >= std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
-    ends_[text] = static_cast<std::uint32_t>(units);
+    return std::ranges::all_of(texts, [](const CompactText& text) { return text.fitsLatin(); });
 }
+
+CompactText lineOf(std::string_view latin) { return CompactText::ofLatin(latin); }
+CompactText lineOf(std::wstring_view wide) { return wide; }
+
+template <typename Unit> RowTexts writtenIn(TextMemory& memory, const RowTexts::Views& texts)
+{
+    std::size_t units = RowTexts::count - 1;
+    for (const CompactText& text : texts) units += text.size();
+    auto* const line = reinterpret_cast<Unit*>(memory.room(units * sizeof(Unit)));
+    RowTexts::Ends ends{};
+    std::size_t end = 0;
+    for (std::size_t text = 0; text < texts.size(); ++text) {
+        if (text > 0) line[end++] = static_cast<Unit>(fieldSeparator);
+        if constexpr (sizeof(Unit) == 1) texts[text].copyLatin(line + end);
+        else texts[text].copy(line + end, texts[text].size());
+        ends[text] = end += texts[text].size();
+    }
+    const RowTexts row = RowTexts::ofLine(lineOf(std::basic_string_view<Unit>(line, units)), ends);
+    memory.take(units * sizeof(Unit));
+    return row;
+}
+
+} // namespace
+
+void RowTexts::refuse() { throw std::bad_alloc(); }
 
 RowTexts RowTexts::ofLine(const Views& texts)
 {
-    RowTexts row;
-    row.begin_ = texts[0].data();
-    const wchar_t* end = row.begin_;
+    const CompactText& first = texts[0];
+    const std::size_t unit = first.isLatin() ? sizeof(char) : sizeof(wchar_t);
+    Ends ends{};
+    std::size_t end = 0;
     for (std::size_t text = 0; text < count; ++text) {
-        if (texts[text].data() != nullptr) end = texts[text].data() + texts[text].size();
-        row.setEnd(text, end);
+        if (texts[text].data() != nullptr) {
+            const auto bytes = static_cast<const char*>(texts[text].data()) -
+                               static_cast<const char*>(first.data());
+            end = static_cast<std::size_t>(bytes) / unit + texts[text].size();
+        }
+        ends[text] = end;
     }
-    return row;
+    return ofLine(first, ends);
 }
 
-RowTexts RowTexts::written(const Views& texts, wchar_t* memory)
+RowTexts RowTexts::written(const Views& texts, TextMemory& memory)
 {
-    RowTexts row;
-    row.begin_ = memory;
-    for (std::size_t text = 0; text < count; ++text) {
-        if (text > 0) *memory++ = fieldSeparator;
-        memory += texts[text].copy(memory, texts[text].size());
-        row.setEnd(text, memory);
-    }
-    return row;
+    return fitLatin(texts) ? writtenIn<char>(memory, texts) : writtenIn<wchar_t>(memory, texts);
 }
 
-std::size_t RowTexts::lengthOf(const Views& texts)
+CompactText RowTexts::line() const
 {
-    std::size_t length = count - 1;
-    for (const std::wstring_view text : texts) length += text.size();
-    return length;
-}
-
-std::wstring_view RowTexts::line() const
-{
-    const bool whole = ends_[0] < ends_[1] && ends_[1] < ends_[2] && ends_[2] < ends_[3];
-    return whole ? std::wstring_view(begin_, ends_[3]) : std::wstring_view();
+    const bool whole = ends_[0] < ends_[1] && ends_[1] < ends_[2] && ends_[2] < lastEnd();
+    return whole ? view(0, lastEnd()) : CompactText();
 }
 
 } // namespace vandrel

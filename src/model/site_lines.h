@@ -3,7 +3,6 @@
 #include "model/row_table.h"
 
 #include <span>
-#include <string_view>
 
 namespace vandrel {
 
@@ -15,16 +14,16 @@ class SiteLines {
     explicit SiteLines(std::span<const RowTable::Row> rows) : rows_(rows) {}
 
     // Empty at the end.
-    std::wstring_view next();
+    CompactText next();
 
   private:
-    std::wstring_view piece() const;
+    CompactText piece() const;
     void passPiece();
-    std::wstring_view takeRun();
+    CompactText takeRun();
 
     std::span<const RowTable::Row> rows_;
-    std::size_t field_ = 0;       // of the first row, to be taken next
-    std::wstring_view separator_; // due after what was taken, unless it follows in memory
+    std::size_t field_ = 0; // of the first row, to be taken next
+    CompactText separator_; // due after what was taken, unless it follows in memory
 };
 
 } // namespace vandrel

@@ -4,7 +4,16 @@
 #include "platform/controls/list_view.h"
 #include "shared/workspace.h"
 
+#include <functional>
+#include <string_view>
+
 namespace vandrel {
+namespace {
+
+std::size_t hashOf(std::wstring_view text) { return std::hash<std::wstring_view>()(text); }
+
+} // namespace
+
 ScannedList::ScannedList(const Workspace& workspace, Which which)
     : workspace_(workspace),
       selectedOnly_(which == Which::selected),
@@ -29,7 +38,7 @@ void ScannedList::takeDown(Which which)
     for (std::size_t number = 0; number < rows.size(); ++number) {
         Site site{rows[number].id, which == Which::all || workspace_.lstInfo.isSelected(number), {}};
         for (const std::size_t column : {nameColumn, urlColumn, descriptionColumn}) {
-            const std::wstring_view text = rows[number].texts[column];
+            const CompactText text = rows[number].texts[column];
             texts_ += text;
             site.texts[column] = std::wstring_view(texts_).substr(texts_.size() - text.size());
         }
@@ -48,8 +57,9 @@ void ScannedList::index()
     rowsByUrl_.clear();
     const bool readAgain = isReadAgain();
     std::size_t number = 0;
+    std::wstring memory;
     for (const RowTable::Row& row : list.all()) {
-        if (readAgain) rowsByUrl_.emplace(row.texts[urlColumn], number);
+        if (readAgain) rowsByUrl_.emplace(hashOf(row.texts[urlColumn].wideIn(memory)), number);
         rowsById_[row.id] = number++;
     }
     changes_ = list.changes(); // now, because memory may run out before
@@ -75,7 +85,7 @@ std::vector<std::size_t> ScannedList::rowsOf(const ScannedTexts& texts)
     if (!isReadAgain() || workspace_.shown.row != category_) return {};
     if (workspace_.shown.sites.changes() != changes_) index();
     std::vector<std::size_t> rows;
-    const auto [first, last] = rowsByUrl_.equal_range(texts.url);
+    const auto [first, last] = rowsByUrl_.equal_range(hashOf(texts.url));
     for (auto found = first; found != last; ++found)
         if (textsAt(found->second) == texts) rows.push_back(found->second);
     return rows;

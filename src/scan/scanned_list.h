@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -78,7 +77,8 @@ class ScannedList {
 
     unsigned changes_ = 0; // of the list, when the rows below were looked up
     std::unordered_map<RowTable::Id, std::size_t> rowsById_;
-    std::unordered_multimap<std::wstring_view, std::size_t> rowsByUrl_; // of a list that was read again
+    // By the hash of the address; of a list that was read again.
+    std::unordered_multimap<std::size_t, std::size_t> rowsByUrl_;
 };
 
 } // namespace vandrel

@@ -1,8 +1,11 @@
 #include "search/byte_search.h"
 
 #include "model/site_count.h"
+#include "platform/text/simd_bytes.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 
 namespace vandrel {
 namespace {
@@ -23,8 +26,16 @@ std::size_t ByteSearch::lineEndFrom(std::size_t place) const
 std::size_t ByteSearch::lineBeginBefore(std::size_t place) const
 {
     const std::size_t first = this->place();
-    for (; place > first; --place) {
+    const ByteVector lineFeed = ByteVector::all('\n');
+    while (place > first) {
+        if (place - first >= bytesInVector) {
+            const auto found = ByteVector::load(bytes_.data() + place - bytesInVector).equal(lineFeed).mask();
+            // Behind the last LF among these bytes, or before all of them.
+            place -= static_cast<std::size_t>(std::countl_zero(static_cast<std::uint16_t>(found)));
+            if (found == 0) continue;
+        }
         if (bytes_[place - 1] == '\n' && place - first > 1 && bytes_[place - 2] == '\r') break;
+        --place;
     }
     return place;
 }

@@ -1,4 +1,6 @@
+#include "model/site_bytes.h"
 #include "model/site_count.h"
+#include "model/text_memory.h"
 #include "platform/base/runtime_error.h"
 #include "platform/base/scope_exit.h"
 #include "platform/files/file_bytes.h"
@@ -70,6 +72,7 @@ struct frmSearch::Search {
     std::optional<SiteMatcher> matcher; // none while no section is chosen
     HitList hits;
     FileBytes file;
+    TextMemory decoded; // of one site after the other
 };
 
 void frmSearch::DoSearch(const std::wstring& SearchString)
@@ -131,12 +134,14 @@ std::size_t frmSearch::searchBytes(const Remembered& category, Search& search, c
     if (!search.matcher) return countSites(bytes);
     const BytePattern pattern(search.matcher->widest(), letters);
     ByteSearch sites(bytes, pattern);
+    SiteDecoder decoder(letters, latinInAnsi(), search.decoded);
     bool followed = false;
     while (!sites.atEnd()) {
         const bool due = throttle_.due();
         const auto site = due ? sites.next() : sites.nextCandidate();
         if (!site) continue;
-        if (search.matcher->matches(search.hits.decode(*site, letters))) search.hits.addDecoded();
+        const SiteTexts texts = decoder.decode(*site).views();
+        if (search.matcher->matches(texts)) search.hits.add(texts);
         if (!due || sites.sites() % sitesBetweenTurns != 0) continue;
         takeTurn(category, search, sites.sites(), !std::exchange(followed, true));
         if (ended()) break;

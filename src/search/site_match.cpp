@@ -52,10 +52,10 @@ bool SiteSequence::matches(const SiteTexts& site)
 {
     std::size_t begin = npos;
     std::size_t end = 0;
-    for (const std::wstring_view field : site) {
+    for (const CompactText& field : site) {
         if (field.empty()) continue;
-        if (!isWithin(field, block_)) return matcher_.matches(site);
-        const auto start = static_cast<std::size_t>(field.data() - block_.data());
+        if (field.isLatin() || !isWithin(field.wide(), block_)) return matcher_.matches(site);
+        const auto start = static_cast<std::size_t>(field.wide().data() - block_.data());
         begin = std::min(begin, start);
         end = std::max(end, start + field.size());
     }

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "model/row_texts.h"
 #include "search/match.h"
 
-#include <array>
 #include <optional>
+#include <string_view>
 
 namespace vandrel {
 
 // Name, URL, description and date of a site.
-using SiteTexts = std::array<std::wstring_view, 4>;
+using SiteTexts = RowTexts::Views;
 
 // The fields to search.
 enum class SearchSection { all, name, url, description };

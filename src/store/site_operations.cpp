@@ -127,9 +127,9 @@ void EditSel(Workspace& workspace)
     if (!edited) return;
     SiteHandOff& site = workspace.site;
     const std::size_t before = *sites.rowOf(*edited);
-    site.SiteEditName = sites.text(before, nameColumn);
-    site.SiteEditURL = sites.text(before, urlColumn);
-    site.SiteEditDesc = sites.text(before, descriptionColumn);
+    site.SiteEditName = std::wstring(sites.text(before, nameColumn));
+    site.SiteEditURL = std::wstring(sites.text(before, urlColumn));
+    site.SiteEditDesc = std::wstring(sites.text(before, descriptionColumn));
     site.SiteEditMode = true;
     const ScopeExit endEditing([&site] { site.SiteEditMode = false; });
     {

@@ -15,18 +15,11 @@ using Strings = std::array<std::wstring, RowTable::maxColumns>;
 struct RowBlock {
     explicit RowBlock(const std::vector<Strings>& lines)
     {
-        std::size_t length = 0;
-        for (const Strings& line : lines) length += RowTexts::lengthOf(viewsOf(line));
-        text->resize(length);
-        wchar_t* memory = text->data();
-        for (const Strings& line : lines) {
-            rows.push_back({RowTexts::written(viewsOf(line), memory)});
-            memory += RowTexts::lengthOf(viewsOf(line));
-        }
+        for (const Strings& line : lines) rows.push_back({RowTexts::written(viewsOf(line), *text)});
     }
     static RowTexts::Views viewsOf(const Strings& line) { return {line[0], line[1], line[2], line[3]}; }
 
-    std::shared_ptr<std::wstring> text = std::make_shared<std::wstring>();
+    std::shared_ptr<TextMemory> text = std::make_shared<TextMemory>();
     std::vector<RowTable::Row> rows;
 };
 

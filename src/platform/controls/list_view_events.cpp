@@ -164,7 +164,7 @@ void ListView::answerDisplay(LVITEMW& item) const
     if (item.iItem < 0 || row >= count()) return;
     if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
         const auto column = static_cast<std::size_t>(item.iSubItem);
-        const std::wstring_view text = rows_.text(row, column);
+        const CompactText text = rows_.text(row, column);
         item.pszText[text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax - 1))] = L'\0';
     }
     if ((item.mask & LVIF_IMAGE) != 0) item.iImage = rows_.image(row) - 1;
@@ -178,10 +178,11 @@ LRESULT ListView::findRow(const NMLVFINDITEMW& wanted) const
     const bool wholeText = (wanted.lvfi.flags & beginning) == 0;
     if ((wanted.lvfi.flags & (LVFI_STRING | beginning)) == 0 || wanted.lvfi.psz == nullptr) return -1;
     const std::wstring_view typed(wanted.lvfi.psz);
+    std::wstring memory;
     for (std::size_t step = 0; step < count(); ++step) {
         const std::size_t row = (static_cast<std::size_t>(std::max(wanted.iStart, 0)) + step) % count();
-        std::wstring_view text = rows_.text(row, 0);
-        if (!wholeText) text = text.substr(0, typed.size());
+        const CompactText whole = rows_.text(row, 0);
+        const std::wstring_view text = (wholeText ? whole : whole.substr(0, typed.size())).wideIn(memory);
         if (CompareStringOrdinal(text.data(), static_cast<int>(text.size()), typed.data(),
                                  static_cast<int>(typed.size()), TRUE) == CSTR_EQUAL) {
             return static_cast<LRESULT>(row);

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "platform/text/compact_text.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 namespace vandrel {
 
@@ -44,9 +45,8 @@ class RowSource {
     };
 
     virtual std::size_t size() const = 0;
-    virtual std::wstring_view text(std::size_t row,
-                                   std::size_t column) const = 0; // empty beyond the last column
-    virtual int image(std::size_t row) const = 0;                 // Contract: images count from 1
+    virtual CompactText text(std::size_t row, std::size_t column) const = 0; // empty beyond the last column
+    virtual int image(std::size_t row) const = 0;                            // Contract: images count from 1
     virtual Id id(std::size_t row) const = 0;
     virtual std::optional<std::size_t> rowOf(Id id) const = 0; // no value once it has gone
     virtual std::optional<Order> order() const = 0;            // no value while the rows are not sorted

@@ -3,6 +3,7 @@
 #include "platform/text/ansi_text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vandrel {
 namespace {
@@ -32,12 +33,34 @@ AnsiTextWriter::AnsiTextWriter(const WritePart& write)
     makeRoom(usualRoom);
 }
 
-bool AnsiTextWriter::add(std::wstring_view piece)
+bool AnsiTextWriter::add(const CompactText& piece)
 {
-    if (piece.empty() || gather(piece)) return good_;
-    encode(waiting_, piece.front());
-    waiting_ = {};
+    if (piece.empty()) return good_;
+    return piece.isLatin() ? addLatin(piece.latin()) : addWide(piece.wide());
+}
+
+bool AnsiTextWriter::addWide(std::wstring_view piece)
+{
+    if (gather(piece)) return good_;
+    encodeWaiting(piece.front());
     if (!gather(piece)) waiting_ = piece;
+    return good_;
+}
+
+bool AnsiTextWriter::addLatin(std::string_view piece)
+{
+    encodeWaiting(static_cast<unsigned char>(piece.front()));
+    while (!piece.empty() && good_) {
+        const std::size_t same = latinInAnsi().prefixOf(piece.substr(0, usualRoom));
+        copy(piece.substr(0, same));
+        piece.remove_prefix(same);
+        if (same > 0) continue;
+        std::array<wchar_t, 64> letters{}; // No letter of Latin-1 is encoded differently for its neighbours.
+        const std::string_view others = piece.substr(0, letters.size());
+        CompactText::ofLatin(others).copy(letters.data(), letters.size());
+        encode({letters.data(), others.size()}, L'\0');
+        piece.remove_prefix(others.size());
+    }
     return good_;
 }
 
@@ -54,10 +77,25 @@ bool AnsiTextWriter::gather(std::wstring_view piece)
 
 bool AnsiTextWriter::end()
 {
-    encode(waiting_, L'\0');
-    waiting_ = {};
+    encodeWaiting(L'\0');
     writeOut();
     return good_;
+}
+
+void AnsiTextWriter::encodeWaiting(wchar_t behind)
+{
+    encode(waiting_, behind);
+    waiting_ = {};
+}
+
+void AnsiTextWriter::copy(std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        if (used_ == room_) writeOut();
+        const std::size_t count = bytes.copy(bytes_.get() + used_, room_ - used_);
+        used_ += count;
+        bytes.remove_prefix(count);
+    }
 }
 
 void AnsiTextWriter::encode(std::wstring_view text, wchar_t behind)

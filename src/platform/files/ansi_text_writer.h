@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files/file_layer.h"
+#include "platform/text/compact_text.h"
 
 #include <memory>
 #include <string_view>
@@ -9,19 +10,23 @@ namespace vandrel {
 
 // Encodes a long text in the ANSI code page part by part (see encodeAnsi), reusing its memory: touching new
 // memory for all of a large file takes longer than writing the file. Short pieces are gathered first, because
-// encoding each by itself takes several times as long.
+// encoding each by itself takes several times as long. What is the same in Latin-1 is not encoded at all.
 class AnsiTextWriter {
   public:
     explicit AnsiTextWriter(const WritePart& write);
 
     // Adds a piece of the text, which must stay valid until the next call: how its end is encoded may depend
     // on what follows. False once a part could not be written; further calls are pointless then.
-    bool add(std::wstring_view piece);
+    bool add(const CompactText& piece);
     // To be called once, after the last piece.
     bool end();
 
   private:
+    bool addWide(std::wstring_view piece);
+    bool addLatin(std::string_view piece);
     bool gather(std::wstring_view piece);
+    void encodeWaiting(wchar_t behind);
+    void copy(std::string_view bytes);
     void encode(std::wstring_view text, wchar_t behind);
     void makeRoom(std::size_t bytes);
     void writeOut();

@@ -147,6 +147,22 @@ bool ansiLettersAreBytes() { return codePage().singleByte; }
 
 const CodePageLetters* ansiLetters() { return codePage().singleByte ? &codePage().letters : nullptr; }
 
+const LatinBytes& latinInAnsi()
+{
+    static const LatinBytes bytes = [] {
+        std::array<bool, 256> same{};
+        for (std::size_t byte = 0; byte < same.size(); ++byte) {
+            const auto letter = static_cast<wchar_t>(byte);
+            std::string encoded;
+            if (codePage().singleByte && codePage().letters[byte] == letter)
+                encodeAnsi({&letter, 1}, encoded);
+            same[byte] = byte < 0x80 || encoded == std::string(1, static_cast<char>(byte));
+        }
+        return LatinBytes(same);
+    }();
+    return bytes;
+}
+
 std::size_t decodeAnsi(std::string_view bytes, wchar_t* text)
 {
     if (bytes.empty()) return 0;

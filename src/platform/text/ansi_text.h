@@ -19,6 +19,9 @@ bool ansiLettersAreBytes();
 // Those characters; null where one may have several bytes.
 const CodePageLetters* ansiLetters();
 
+// The letters that are the same byte in the ANSI code page and in Latin-1: ASCII at least.
+const LatinBytes& latinInAnsi();
+
 // Appends `text` in the ANSI code page. A character that the code page lacks becomes "?", never a
 // look-alike: a full-width bar must not turn into the bar that separates fields. `behind` is the unit that
 // will be written next: an undecodable byte at the end of `text` must not form a character with it.

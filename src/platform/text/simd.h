@@ -69,6 +69,12 @@ class PlainUnits {
         for (std::size_t i = 0; i < unitsInVector; ++i) text[i] = static_cast<wchar_t>(bytes[i]);
         return true;
     }
+    // The same for letters of Latin-1, which are all converted.
+    static void widenLatin(const char* bytes, wchar_t* text)
+    {
+        for (std::size_t i = 0; i < unitsInVector; ++i)
+            text[i] = static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]));
+    }
     static bool narrowAscii(const wchar_t* text, char* bytes)
     {
         for (std::size_t i = 0; i < unitsInVector; ++i) {
@@ -138,6 +144,12 @@ class SseUnits {
         if (_mm_movemask_epi8(some) != 0) return false;
         _mm_storeu_si128(reinterpret_cast<__m128i*>(text), _mm_unpacklo_epi8(some, _mm_setzero_si128()));
         return true;
+    }
+    static void widenLatin(const char* bytes, wchar_t* text)
+    {
+        if constexpr (!twoBytes) return PlainUnits::widenLatin(bytes, text);
+        const __m128i some = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(text), _mm_unpacklo_epi8(some, _mm_setzero_si128()));
     }
     static bool narrowAscii(const wchar_t* text, char* bytes)
     {

@@ -1,8 +1,9 @@
 #include "platform/text/single_bytes.h"
 
-#include "platform/text/simd.h"
+#include "platform/text/simd_bytes.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace vandrel {
 
@@ -19,6 +20,20 @@ void decodeSingleBytes(std::string_view bytes, wchar_t* text, const CodePageLett
         const char* const blockEnd = at + std::min(block, end - at);
         while (at != blockEnd) *text++ = letters[static_cast<unsigned char>(*at++)];
     }
+}
+
+std::size_t LatinBytes::prefixOf(std::string_view bytes) const
+{
+    const auto isSame = [this](char byte) { return same_[static_cast<unsigned char>(byte)]; };
+    std::size_t at = 0;
+    for (; bytes.size() - at >= bytesInVector; at += bytesInVector) {
+        for (auto others = ByteVector::load(bytes.data() + at).mask(); others != 0; others &= others - 1) {
+            const std::size_t byte = at + static_cast<std::size_t>(std::countr_zero(others));
+            if (!isSame(bytes[byte])) return byte;
+        }
+    }
+    while (at < bytes.size() && isSame(bytes[at])) ++at;
+    return at;
 }
 
 } // namespace vandrel

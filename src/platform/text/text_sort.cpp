@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <utility>
 
 namespace vandrel {
@@ -23,7 +22,7 @@ constexpr std::ptrdiff_t ahead = 16;
 
 class Sorter {
   public:
-    Sorter(std::span<const std::wstring_view> texts, bool descending)
+    Sorter(std::span<const CompactText> texts, bool descending)
         : texts_(texts), flipped_(descending ? ~std::uint64_t{} : 0)
     {}
 
@@ -46,7 +45,9 @@ class Sorter {
   private:
     void fetchText(std::uint32_t index, std::size_t depth) const
     {
-        prefetch(reinterpret_cast<std::uintptr_t>(texts_[index].data()) + depth * sizeof(wchar_t));
+        const CompactText& text = texts_[index];
+        const std::size_t unit = text.isLatin() ? sizeof(char) : sizeof(wchar_t);
+        prefetch(reinterpret_cast<std::uintptr_t>(text.data()) + depth * unit);
     }
 
     void split(Entry* first, Entry* last, std::size_t depth, std::uint64_t differences)
@@ -100,20 +101,21 @@ class Sorter {
         if (from != first) std::copy(from, from + count, first);
     }
 
-    std::span<const std::wstring_view> texts_;
+    std::span<const CompactText> texts_;
     std::uint64_t flipped_; // all bits for a descending order
     std::vector<Entry> other_;
 };
 
-bool inOrder(std::span<const std::wstring_view> texts, bool descending)
+bool inOrder(std::span<const CompactText> texts, bool descending)
 {
-    return descending ? std::is_sorted(texts.begin(), texts.end(), std::greater<>{})
-                      : std::is_sorted(texts.begin(), texts.end());
+    return std::is_sorted(texts.begin(), texts.end(), [=](const CompactText& a, const CompactText& b) {
+        return descending ? a.compare(b) > 0 : a.compare(b) < 0;
+    });
 }
 
 } // namespace
 
-std::vector<std::uint32_t> sortedOrder(std::span<const std::wstring_view> texts, bool descending)
+std::vector<std::uint32_t> sortedOrder(std::span<const CompactText> texts, bool descending)
 {
     std::vector<Entry> entries(texts.size());
     for (std::uint32_t i = 0; i < entries.size(); ++i) entries[i] = {0, i};

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/text/compact_text.h"
+
 #include <cstdint>
 #include <span>
-#include <string_view>
 #include <vector>
 
 namespace vandrel {
@@ -13,6 +14,6 @@ namespace vandrel {
 // Addresses share long prefixes ("https://www."), which a comparison sort would walk again for every
 // comparison. This reads each text eight units at a time, once for each depth at which it still ties with
 // others, and compares these at once or, where there are many, not at all.
-std::vector<std::uint32_t> sortedOrder(std::span<const std::wstring_view> texts, bool descending);
+std::vector<std::uint32_t> sortedOrder(std::span<const CompactText> texts, bool descending);
 
 } // namespace vandrel

@@ -127,7 +127,8 @@ TEST(HtmlPage, WhatHasBeenTakenIsNotReturnedAgain)
 TEST(SiteRow, HasAsMuchMarkupAsItSays)
 {
     std::string page;
-    appendSiteRow<char>(page, "", "", "");
+    const std::string_view none;
+    appendSiteRow(page, none, none, none);
     EXPECT_EQ(page.size(), siteRowMarkup);
 }
 

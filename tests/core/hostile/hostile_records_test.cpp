@@ -45,7 +45,7 @@ std::wstring saved(const RowTable& list)
 {
     std::wstring text;
     SiteLines lines(list.all());
-    for (std::wstring_view piece = lines.next(); !piece.empty(); piece = lines.next()) text += piece;
+    for (CompactText piece = lines.next(); !piece.empty(); piece = lines.next()) text += piece;
     return text;
 }
 
@@ -144,7 +144,7 @@ class HostileRecords : public testing::Test {
         for (std::size_t row = 0; row < list.size(); ++row) {
             std::optional<wchar_t> line;
             for (std::size_t field = 0; field < RowTable::maxColumns; ++field) {
-                const std::wstring_view text = list.text(row, field);
+                const std::wstring text(list.text(row, field));
                 for (const wchar_t unit : text) {
                     if (isLineMark(unit) && line.value_or(unit) != unit) {
                         return testing::AssertionFailure() << "record " << row << " holds two lines";

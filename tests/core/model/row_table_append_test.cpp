@@ -41,8 +41,8 @@ TEST(AppendedRows, KeepTheirTextsAliveUntilTheListIsCleared)
     RowTable list;
     std::optional<RowBlock> first(batchOf({L"one"}));
     std::optional<RowBlock> second(batchOf({L"two"}));
-    const std::weak_ptr<const std::wstring> firstText = first->text;
-    const std::weak_ptr<const std::wstring> secondText = second->text;
+    const std::weak_ptr<const TextMemory> firstText = first->text;
+    const std::weak_ptr<const TextMemory> secondText = second->text;
     list.append(first->text, first->rows);
     list.append(second->text, second->rows);
     first.reset();

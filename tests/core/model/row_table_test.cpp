@@ -100,7 +100,7 @@ TEST(RowTable, TextsSurviveManyEdits)
 {
     RowTable list = filled({{L"block", L"https://www.example.com/"}});
     list.add({L"kept", std::wstring(100, L'k')}, 1);
-    const std::wstring_view early = list.text(1, urlColumn);
+    const CompactText early = list.text(1, urlColumn);
     for (std::size_t i = 0; i < 5000; ++i) {
         list.setText(0, 2, std::wstring(i % 50, L'e'));
         list.add({std::to_wstring(i), std::wstring(i % 40, L'u')}, 1);

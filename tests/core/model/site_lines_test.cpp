@@ -1,10 +1,11 @@
 #include "model/site_lines.h"
 
 #include "model/site_record.h"
+#include "model/text_memory.h"
 
 #include <gtest/gtest.h>
 
-#include <deque>
+#include <cstring>
 #include <random>
 #include <string>
 
@@ -12,7 +13,7 @@ namespace vandrel::test {
 namespace {
 
 using Rows = std::vector<RowTable::Row>;
-using Pieces = std::vector<std::wstring_view>;
+using Pieces = std::vector<CompactText>;
 
 // The rows are views into the text.
 Rows rowsOf(std::wstring_view text)
@@ -25,21 +26,35 @@ Rows rowsOf(std::wstring_view text)
     return rows;
 }
 
+// The same of text in Latin-1.
+Rows latinRowsOf(std::string_view text)
+{
+    Rows rows;
+    BasicSiteRecordReader<char> reader(text);
+    while (const auto site = reader.next()) {
+        RowTexts::Views views;
+        for (std::size_t i = 0;
+             const std::string_view field : {site->name, site->url, site->description, site->date}) {
+            views[i++] = CompactText::ofLatin(field);
+        }
+        rows.push_back({RowTexts::ofLine(views)});
+    }
+    return rows;
+}
+
 // Gives the row another text, as an edit does. Its texts are in `kept` from then on.
-void edit(RowTable::Row& row, std::size_t field, const wchar_t* text, std::deque<std::wstring>& kept)
+void edit(RowTable::Row& row, std::size_t field, const wchar_t* text, TextMemory& kept)
 {
     RowTexts::Views texts = row.texts.views();
     texts[field] = text;
-    std::wstring& line = kept.emplace_back(RowTexts::lengthOf(texts), L'\0');
-    row.texts = RowTexts::written(texts, line.data());
+    row.texts = RowTexts::written(texts, kept);
 }
 
 Pieces linesOf(const Rows& rows)
 {
     Pieces pieces;
     SiteLines lines(rows);
-    for (std::wstring_view piece = lines.next(); !piece.empty(); piece = lines.next())
-        pieces.push_back(piece);
+    for (CompactText piece = lines.next(); !piece.empty(); piece = lines.next()) pieces.push_back(piece);
     EXPECT_TRUE(lines.next().empty()) << "the end stays the end";
     return pieces;
 }
@@ -47,7 +62,7 @@ Pieces linesOf(const Rows& rows)
 std::wstring joined(const Pieces& pieces)
 {
     std::wstring text;
-    for (const std::wstring_view piece : pieces) text += piece;
+    for (const CompactText& piece : pieces) text += piece;
     return text;
 }
 
@@ -84,10 +99,36 @@ TEST(SiteLines, OfASiteThatHasLeftItsPlaceAreItsOwn)
 TEST(SiteLines, OfAnEditedSiteAreItsOwn)
 {
     Rows rows = rowsOf(file);
-    std::deque<std::wstring> kept;
+    TextMemory kept;
     edit(rows[0], 2, L"other", kept);
     EXPECT_EQ(linesOf(rows),
               (Pieces{L"a|http://a/|other|1/1/2001", L"\r\n", L"b||| \r\nc|http://c/||", L"\r\n"}));
+}
+
+TEST(SiteLines, OfAFileInLatin1AreOneViewAsWell)
+{
+    const std::string latin(file.begin(), file.end());
+    Rows rows = latinRowsOf(latin);
+    const CompactText all = CompactText::ofLatin(latin).substr(0, latin.size() - 2);
+    EXPECT_EQ(linesOf(rows), (Pieces{all, L"\r\n"}));
+    EXPECT_EQ(linesOf(rows)[0].data(), latin.data());
+    EXPECT_TRUE(linesOf(rows)[1].isLatin());
+    TextMemory kept;
+    edit(rows[1], 0, L"\u20AC", kept);
+    EXPECT_EQ(linesOf(rows), (Pieces{L"a|http://a/|first|1/1/2001", L"\r\n", L"\u20AC||| ", L"\r\n",
+                                     L"c|http://c/||", L"\r\n"}));
+}
+
+TEST(SiteLines, OfTextOfBothKindsThatAdjoinAreApart)
+{
+    const std::wstring wide = L"a|b|c|d\r\n";
+    std::string memory(reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(wchar_t));
+    memory += "e|f|g|h";
+    std::vector<wchar_t> aligned(memory.size());
+    std::memcpy(aligned.data(), memory.data(), memory.size());
+    const Rows first = rowsOf({aligned.data(), wide.size()});
+    const Rows second = latinRowsOf({reinterpret_cast<const char*>(aligned.data() + wide.size()), 7});
+    EXPECT_EQ(linesOf({first[0], second[0]}), (Pieces{L"a|b|c|d", L"\r\n", L"e|f|g|h", L"\r\n"}));
 }
 
 TEST(SiteLines, WhatTheLineHeldBesideTheFieldsIsNotTaken)
@@ -121,13 +162,14 @@ TEST(SiteLines, AreTheSameAsFieldByFieldAfterAnyChanges)
             if (below(6) == 0) text += L"\r\n";
             else text += letters[below(letters.size())];
         }
-        Rows rows = rowsOf(text);
-        std::deque<std::wstring> kept;
+        const std::string latin(text.begin(), text.end());
+        Rows rows = round % 2 == 0 ? rowsOf(text) : latinRowsOf(latin);
+        TextMemory kept;
         for (std::size_t change = below(4); change > 0 && !rows.empty(); --change) {
             const std::size_t row = below(rows.size());
             switch (below(3)) {
             case 0: rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(row)); break;
-            case 1: edit(rows[row], below(4), L"typed|by hand", kept); break;
+            case 1: edit(rows[row], below(4), below(2) == 0 ? L"typed|by hand" : L"10 \u20AC", kept); break;
             default: std::swap(rows[row], rows[below(rows.size())]);
             }
         }

@@ -167,5 +167,35 @@ TEST(ByteSearch, PassesTheSitesThatCannotHoldTheTerm)
     EXPECT_EQ(search.sites(), 4U);
 }
 
+TEST(BytePattern, LooksAtEveryLetter)
+{
+    const CaseFolding folding = testFolding();
+    const BytePattern pattern(Matcher(L"tHe", folding), someLetters());
+    EXPECT_EQ(pattern.candidate("tie toe tee ThE the", 0), 12U);
+    EXPECT_EQ(pattern.candidate("tie toe tee ThE the", 13), 16U);
+    EXPECT_EQ(pattern.candidate("tie toe tee", 0), std::string_view::npos);
+    EXPECT_EQ(pattern.candidate("th", 0), std::string_view::npos);
+}
+
+TEST(BytePattern, FindsALetterThatCountsAsSeveralWhereverItIs)
+{
+    const CaseFolding folding = testFolding();
+    const BytePattern pattern(Matcher(L"xaby", folding), someLetters());
+    EXPECT_EQ(pattern.candidate("xaay xqy", 0), 6U) << "the q";
+    EXPECT_EQ(pattern.candidate("xaby", 0), 0U);
+}
+
+TEST(BytePattern, FindsLongTerms)
+{
+    for (const std::size_t length : {62, 63, 64, 65, 200}) {
+        const std::string term(length, 'a');
+        const BytePattern pattern(Matcher(std::wstring(term.begin(), term.end())), someLetters());
+        EXPECT_EQ(pattern.candidate("ab" + term, 0), 2U) << length;
+        EXPECT_EQ(pattern.candidate("ab" + term.substr(1), 0), std::string_view::npos) << length;
+        EXPECT_EQ(pattern.candidate("a" + std::string(3, 'b') + term.substr(4) + "b", 0),
+                  std::string_view::npos);
+    }
+}
+
 } // namespace
 } // namespace vandrel

@@ -27,14 +27,6 @@ class Hits : public testing::Test {
     HitList hits;
 };
 
-CodePageLetters latinLetters()
-{
-    CodePageLetters letters;
-    for (std::size_t byte = 0; byte < letters.size(); ++byte) letters[byte] = static_cast<wchar_t>(byte);
-    letters[0x80] = L'\u20AC';
-    return letters;
-}
-
 TEST_F(Hits, BecomeRowsOfNameAddressCategoryAndDescription)
 {
     for (const std::size_t count : {1U, 100U}) {
@@ -77,7 +69,7 @@ TEST_F(Hits, HaveTextsOfTheirOwn)
 
 TEST_F(Hits, StayGoodHoweverManyFollow)
 {
-    hits.add({std::wstring_view(names[0]), L"first", L"", L""});
+    hits.add({names[0], L"first", L"", L""});
     const RowTable::Block first = hits.take();
     const std::wstring longText(200'000, L'x'); // more than a piece of memory has
     for (int i = 0; i < 3; ++i) hits.add({longText, L"", L"", L""});
@@ -113,30 +105,24 @@ TEST_F(Hits, WithoutAnyTextAreRowsAllTheSame)
     empty.add({});
     const RowTable::Block block = empty.take();
     ASSERT_EQ(block.rows.size(), 2U);
-    for (const std::wstring_view text : block.rows[1].texts.views()) EXPECT_TRUE(text.empty());
+    for (const CompactText& text : block.rows[1].texts.views()) EXPECT_TRUE(text.empty());
 }
 
-TEST_F(Hits, AreDecodedWhereASiteIsOnlyBytes)
+TEST_F(Hits, TakeAByteALetterWhereNoneOfTheirsIsBeyondLatin1)
 {
-    const CodePageLetters letters = latinLetters();
-    const ByteSearch::Site noHit{"no hit", "no", "no", ""};
-    const ByteSearch::Site hit{"Caf\xE9", "http://caf\xE9/", "10 \x80", "1/1/2001"};
-    for (int i = 0; i < 2; ++i) {
-        hits.decode(noHit, letters);
-        const SiteTexts texts = hits.decode(hit, letters);
-        EXPECT_EQ(texts[0], L"Caf\u00E9");
-        EXPECT_EQ(texts[1], L"http://caf\u00E9/");
-        EXPECT_EQ(texts[2], L"10 \u20AC");
-        hits.addDecoded();
-    }
+    add(0, 1);
+    hits.add({L"Caf\u00E9", CompactText::ofLatin("http://caf\xE9/"), L"\u00FF", L"date"});
+    hits.add({L"10 \u20AC", CompactText::ofLatin("http://caf\xE9/"), L"", L"date"});
+    hits.setCategory(L"\u0141");
+    add(1, 1);
     const RowTable::Block block = hits.take();
-    ASSERT_EQ(block.rows.size(), 2U);
-    for (const RowTable::Row& row : block.rows) {
-        EXPECT_EQ(row.texts[0], L"Caf\u00E9");
-        EXPECT_EQ(row.texts[1], L"http://caf\u00E9/");
-        EXPECT_EQ(row.texts[2], L"Papers");
-        EXPECT_EQ(row.texts[3], L"10 \u20AC");
-    }
+    ASSERT_EQ(block.rows.size(), 4U);
+    for (std::size_t row = 0; row < 4; ++row) EXPECT_EQ(block.rows[row].texts.isLatin(), row < 2) << row;
+    EXPECT_EQ(block.rows[1].texts.views(),
+              (RowTexts::Views{L"Caf\u00E9", L"http://caf\u00E9/", L"Papers", L"\u00FF"}));
+    EXPECT_EQ(block.rows[2].texts.views(),
+              (RowTexts::Views{L"10 \u20AC", L"http://caf\u00E9/", L"Papers", L""}));
+    EXPECT_EQ(block.rows[3].texts.views(), (RowTexts::Views{L"name1", L"url", L"\u0141", L"text"}));
 }
 
 } // namespace

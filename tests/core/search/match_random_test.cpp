@@ -85,6 +85,10 @@ TEST_P(MatchRandom, FindsATermExactlyWhereItOccurs)
             ASSERT_EQ(matcher.occursIn(text.view()), expected)
                 << "seed " << seed << ", case " << i << ": <" << shown(term) << "> in <" << shown(text.view())
                 << (mode == nullptr ? ">, letter by letter" : ">");
+            const ExactLatin latin(text.view());
+            ASSERT_EQ(matcher.occursIn(latin.view()), expected)
+                << "seed " << seed << ", case " << i << ": <" << shown(term) << "> in <" << shown(text.view())
+                << "> in Latin-1";
         }
     }
     EXPECT_GT(found, cases / 10) << "the texts hold the terms too seldom";

@@ -7,17 +7,27 @@
 namespace vandrel {
 namespace {
 
+// In the text as it is and, if it has no other letters, in Latin-1.
+bool findsInBoth(const Matcher& matcher, std::wstring_view text)
+{
+    const ExactText exact(text);
+    const bool finds = matcher.occursIn(exact.view());
+    if (CompactText(text).fitsLatin()) {
+        const ExactLatin latin(text);
+        EXPECT_EQ(matcher.occursIn(latin.view()), finds) << shown(text);
+    }
+    return finds;
+}
+
 class Match : public testing::Test {
   protected:
     bool finds(std::wstring_view term, std::wstring_view text) const
     {
-        const ExactText exact(text);
-        return Matcher(term, folding).occursIn(exact.view());
+        return findsInBoth(Matcher(term, folding), text);
     }
     static bool findsExactly(std::wstring_view term, std::wstring_view text)
     {
-        const ExactText exact(text);
-        return Matcher(term).occursIn(exact.view());
+        return findsInBoth(Matcher(term), text);
     }
 
     const CaseFolding folding = testFolding();

@@ -31,6 +31,20 @@ class ExactText {
     std::vector<wchar_t> units_;
 };
 
+// The same in Latin-1, for text without other letters.
+class ExactLatin {
+  public:
+    explicit ExactLatin(std::wstring_view text) : letters_(text.size())
+    {
+        CompactText(text).copyLatin(letters_.data());
+        letters_.shrink_to_fit();
+    }
+    CompactText view() const { return CompactText::ofLatin({letters_.data(), letters_.size()}); }
+
+  private:
+    std::vector<char> letters_;
+};
+
 inline std::string shown(std::wstring_view text) { return {text.begin(), text.end()}; }
 
 } // namespace vandrel

@@ -19,4 +19,12 @@ inline Answers& expectRefusal(Answers& answers)
     return answers.expectBox(invalidTitle, refusedCharacters, IDOK, MB_ICONHAND);
 }
 
+// The notice that there is no category for a site.
+inline Answers& expectNoCategories(Answers& answers)
+{
+    return answers.expectBox(L"No Categories",
+                             L"There are no categories. Please make a category before adding a site.", IDOK,
+                             MB_ICONASTERISK);
+}
+
 } // namespace vandrel::test

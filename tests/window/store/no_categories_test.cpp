@@ -1,23 +1,17 @@
 #include "mainwindow/menu_entries.h"
 #include "tests/support/site_editor.h"
 #include "tests/support/store_test.h"
+#include "tests/window/store/category_operations.h"
 
 namespace vandrel::test {
 namespace {
 
-constexpr const wchar_t* noCategories =
-    L"There are no categories. Please make a category before adding a site.";
-
 class NoCategories : public StoreTest {
   protected:
-    Answers& expectTheNotice(Answers& answers)
-    {
-        return answers.expectBox(L"No Categories", noCategories, IDOK, MB_ICONASTERISK);
-    }
     Answers& expectTheNoticeAndAnswer(Answers& answers, const std::wstring& title)
     {
-        return expectTheNotice(answers).expectInput(L"Category Name",
-                                                    L"Please enter a title for the new category.", title);
+        return expectNoCategories(answers).expectInput(L"Category Name",
+                                                       L"Please enter a title for the new category.", title);
     }
 };
 
@@ -67,7 +61,7 @@ TEST_F(NoCategories, WhenTheQuestionIsCancelledTheSiteStaysInTheListAndNothingIs
     start();
     Answers answers;
     answers.expect(addCaption, typeSite(L"A", L"http://a/", L""));
-    expectTheNotice(answers).cancelInput(L"Category Name");
+    expectNoCategories(answers).cancelInput(L"Category Name");
     choose(mnuAddWebsite);
     EXPECT_ANSWERED(answers);
     EXPECT_EQ(sites(), Lines{L"A|http://a/||11/16/2002"});
@@ -80,7 +74,7 @@ TEST_F(NoCategories, TheNextSaveAsksAgainAndWritesAllSites)
     start();
     Answers answers;
     answers.expect(addCaption, typeSite(L"A", L"http://a/", L""));
-    expectTheNotice(answers).cancelInput(L"Category Name");
+    expectNoCategories(answers).cancelInput(L"Category Name");
     choose(mnuAddWebsite);
     answers.expect(addCaption, typeSite(L"B", L"http://b/", L""));
     expectTheNoticeAndAnswer(answers, L"Late");

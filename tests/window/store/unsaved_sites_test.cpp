@@ -5,19 +5,12 @@
 namespace vandrel::test {
 namespace {
 
-constexpr const wchar_t* noCategories =
-    L"There are no categories. Please make a category before adding a site.";
-
 // Nothing that was entered disappears from the screen unsaved.
 class UnsavedSites : public StoreTest {
   protected:
     Answers& expectSite(Answers& answers, const std::wstring& name)
     {
         return answers.expect(addCaption, typeSite(name, L"http://" + name + L"/", L""));
-    }
-    Answers& expectNotice(Answers& answers)
-    {
-        return answers.expectBox(L"No Categories", noCategories, IDOK, MB_ICONASTERISK);
     }
     Answers& expectQuestion(Answers& answers, const std::wstring& text, int button)
     {
@@ -27,7 +20,7 @@ class UnsavedSites : public StoreTest {
     void addStraySite(const std::wstring& name)
     {
         Answers answers;
-        expectNotice(expectSite(answers, name)).cancelInput(L"Category Name");
+        expectNoCategories(expectSite(answers, name)).cancelInput(L"Category Name");
         choose(mnuAddWebsite);
         EXPECT_ANSWERED(answers);
     }
@@ -126,7 +119,7 @@ TEST_F(UnsavedSites, ARefusedTitleIsAskedForAgain)
 {
     start();
     Answers answers;
-    expectNotice(expectSite(answers, L"a"));
+    expectNoCategories(expectSite(answers, L"a"));
     expectRefusal(expectTitle(answers, L"a*b"));
     expectTitle(answers, L"First");
     choose(mnuAddWebsite);
@@ -140,7 +133,7 @@ TEST_F(UnsavedSites, ATitleThatTheSystemRefusesIsAskedForAgain)
 {
     start();
     Answers answers;
-    expectNotice(expectSite(answers, L"a"));
+    expectNoCategories(expectSite(answers, L"a"));
     expectTitle(answers, L"a<b");
     expectErrorBox(answers, 52, L"Bad file name or number");
     expectTitle(answers, L"First");
@@ -200,7 +193,7 @@ TEST_F(UnsavedSites, RemovingThemLeavesNothingToSave)
     selectSites({0});
     Answers answers;
     answers.expectBox(L"Remove site(s)", L"Remove selected site(s)?", IDYES, MB_ICONASTERISK);
-    expectNotice(answers).cancelInput(L"Category Name");
+    expectNoCategories(answers).cancelInput(L"Category Name");
     choose(mnuRemoveWebsite);
     EXPECT_ANSWERED(answers);
     stop(); // asks nothing
@@ -214,7 +207,7 @@ TEST_F(UnsavedSites, ClosingAsksAndYesMakesACategory)
     addStraySite(L"a");
     Answers answers;
     expectQuestion(answers, L"1 site is not saved. Make a category for it?", IDYES);
-    expectNotice(answers);
+    expectNoCategories(answers);
     expectTitle(answers, L"Last");
     stop();
     EXPECT_ANSWERED(answers);
@@ -229,7 +222,7 @@ TEST_F(UnsavedSites, ClosingAsksAgainWhenNoCategoryWasMadeAndNoClosesWithoutThem
     Answers answers;
     const wchar_t* const question = L"2 sites are not saved. Make a category for them?";
     expectQuestion(answers, question, IDYES);
-    expectNotice(answers).cancelInput(L"Category Name");
+    expectNoCategories(answers).cancelInput(L"Category Name");
     expectQuestion(answers, question, IDNO);
     stop();
     EXPECT_ANSWERED(answers);

@@ -39,6 +39,22 @@ TEST(SortKeys, AreTheSameWithAndWithoutVectors)
     }
 }
 
+TEST(SortKeys, AreTheSameForLatinAndForWideText)
+{
+    std::mt19937 random(10);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string latin(random() % 20, '\0');
+        std::wstring wide;
+        for (char& letter : latin) {
+            letter = "ab\0\x7F\x80\xFD\xFE\xFF"[random() % 8];
+            wide += static_cast<wchar_t>(static_cast<unsigned char>(letter));
+        }
+        const std::size_t depth = random() % 22;
+        ASSERT_EQ(SortKey::of(CompactText::ofLatin(latin), depth), SortKey::of(wide, depth));
+        ASSERT_EQ(SortKey::plainOf(CompactText::ofLatin(latin), depth), SortKey::plainOf(wide, depth));
+    }
+}
+
 TEST(SortKeys, CompareAsTheirTextsDo)
 {
     std::mt19937 random(9);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <deque>
 #include <random>
 #include <string>
 #include <vector>
@@ -21,7 +22,10 @@ struct Written {
     std::vector<std::size_t> parts;
 };
 
-Written written(const Texts& pieces)
+enum class Form { wide, latinIfPossible, either };
+
+// Every piece is in memory that ends where it ends.
+Written written(const Texts& pieces, Form form = Form::wide)
 {
     Written all;
     const WritePart write = [&](std::string_view bytes) {
@@ -30,7 +34,17 @@ Written written(const Texts& pieces)
         return true;
     };
     AnsiTextWriter text(write);
-    for (const std::wstring& piece : pieces) EXPECT_TRUE(text.add(piece));
+    std::deque<std::vector<char>> latin;
+    for (const std::wstring& piece : pieces) {
+        const bool wide = form == Form::wide || (form == Form::either && latin.size() % 2 == 1);
+        latin.emplace_back(piece.size());
+        if (wide || !CompactText(piece).fitsLatin()) {
+            EXPECT_TRUE(text.add(piece));
+        } else {
+            CompactText(piece).copyLatin(latin.back().data());
+            EXPECT_TRUE(text.add(CompactText::ofLatin({latin.back().data(), piece.size()})));
+        }
+    }
     EXPECT_TRUE(text.end());
     return all;
 }
@@ -47,8 +61,9 @@ std::string atOnce(const Texts& pieces)
 // Letters inside and outside the code page, surrogate pairs, and bytes that were no letters.
 Texts randomPieces(std::mt19937& random, std::size_t longest)
 {
-    const Texts letters = {L"a",      L"|",      L"\r\n",         L"caf\u00E9",   L"\u20AC", L"\u672C\u8868",
-                           L"\xDC85", L"\xDCE0", L"\xD83D\xDE00", L"\xDC83\xDC40"};
+    const Texts letters = {
+        L"a",      L"|",      L"\r\n",         L"caf\u00E9",   L"\u0080\u00FF", L"\u20AC", L"\u672C\u8868",
+        L"\xDC85", L"\xDCE0", L"\xD83D\xDE00", L"\xDC83\xDC40"};
     const auto below = [&](std::size_t end) {
         return std::uniform_int_distribution<std::size_t>(0, end - 1)(random);
     };
@@ -67,7 +82,9 @@ void expectWhatEncodingAtOnceGives()
     for (const std::size_t longest : {5, 50, 200'000}) {
         for (int round = 0; round < (longest > 1000 ? 10 : 1000); ++round) {
             const Texts pieces = randomPieces(random, longest);
-            ASSERT_TRUE(written(pieces).bytes == atOnce(pieces)) << longest << ", round " << round;
+            for (const Form form : {Form::wide, Form::latinIfPossible, Form::either}) {
+                ASSERT_TRUE(written(pieces, form).bytes == atOnce(pieces)) << longest << ", round " << round;
+            }
         }
     }
 }
@@ -89,10 +106,12 @@ TEST(AnsiWriter, NothingIsWrittenForNothing)
 
 TEST(AnsiWriter, ALongTextIsWrittenInPartsOfSomeHundredKilobytes)
 {
-    const Written all = written({std::wstring(3'000'000, L'x'), L"|", std::wstring(100, L'y')});
-    EXPECT_EQ(all.bytes.size(), 3'000'101U);
-    EXPECT_GE(all.parts.size(), 10U);
-    EXPECT_LE(std::ranges::max(all.parts), 300'000U);
+    for (const Form form : {Form::wide, Form::latinIfPossible}) {
+        const Written all = written({std::wstring(3'000'000, L'x'), L"|", std::wstring(100, L'y')}, form);
+        EXPECT_EQ(all.bytes.size(), 3'000'101U);
+        EXPECT_GE(all.parts.size(), 10U);
+        EXPECT_LE(std::ranges::max(all.parts), 300'000U);
+    }
 }
 
 TEST(AnsiWriter, ALongTextWithoutALetterOfAsciiStaysWhole)
@@ -104,15 +123,18 @@ TEST(AnsiWriter, ALongTextWithoutALetterOfAsciiStaysWhole)
 
 TEST(AnsiWriter, AfterAFailureNothingMoreIsWritten)
 {
-    int writes = 0;
-    const WritePart write = [&](std::string_view) { return ++writes < 2; };
-    const std::wstring piece(400'000, L'x');
-    AnsiTextWriter text(write);
-    bool good = true;
-    for (int i = 0; i < 5; ++i) good = text.add(piece);
-    EXPECT_FALSE(good);
-    EXPECT_FALSE(text.end());
-    EXPECT_EQ(writes, 2);
+    const std::wstring wide(400'000, L'x');
+    const std::string latin(400'000, 'x');
+    for (const CompactText& piece : {CompactText(wide), CompactText::ofLatin(latin)}) {
+        int writes = 0;
+        const WritePart write = [&](std::string_view) { return ++writes < 2; };
+        AnsiTextWriter text(write);
+        bool good = true;
+        for (int i = 0; i < 5; ++i) good = text.add(piece);
+        EXPECT_FALSE(good);
+        EXPECT_FALSE(text.end());
+        EXPECT_EQ(writes, 2);
+    }
 }
 
 } // namespace
