@@ -28,7 +28,9 @@ std::size_t endOfPart(std::wstring_view text)
 } // namespace
 
 AnsiTextWriter::AnsiTextWriter(const WritePart& write)
-    : write_(write), gathered_(std::make_unique_for_overwrite<wchar_t[]>(gatheredUnits))
+    : write_(write),
+      latin_(latinInAnsi()),
+      gathered_(std::make_unique_for_overwrite<wchar_t[]>(gatheredUnits))
 {
     makeRoom(usualRoom);
 }
@@ -49,17 +51,19 @@ bool AnsiTextWriter::addWide(std::wstring_view piece)
 
 bool AnsiTextWriter::addLatin(std::string_view piece)
 {
-    encodeWaiting(static_cast<unsigned char>(piece.front()));
+    if (!waiting_.empty()) encodeWaiting(static_cast<unsigned char>(piece.front()));
     while (!piece.empty() && good_) {
-        const std::size_t same = latinInAnsi().prefixOf(piece.substr(0, usualRoom));
-        copy(piece.substr(0, same));
+        if (used_ == room_) writeOut();
+        const std::string_view part = piece.substr(0, room_ - used_);
+        const std::size_t same = latin_.copyPrefix(part, bytes_.get() + used_);
+        used_ += same;
         piece.remove_prefix(same);
-        if (same > 0) continue;
-        std::array<wchar_t, 64> letters{}; // No letter of Latin-1 is encoded differently for its neighbours.
-        const std::string_view others = piece.substr(0, letters.size());
-        CompactText::ofLatin(others).copy(letters.data(), letters.size());
-        encode({letters.data(), others.size()}, L'\0');
-        piece.remove_prefix(others.size());
+        if (same == part.size()) continue;
+        // No letter of Latin-1 is encoded differently for its neighbours.
+        std::array<wchar_t, 64> letters{};
+        const std::size_t others = CompactText::ofLatin(piece).copy(letters.data(), letters.size());
+        encode({letters.data(), others}, L'\0');
+        piece.remove_prefix(others);
     }
     return good_;
 }
@@ -86,16 +90,6 @@ void AnsiTextWriter::encodeWaiting(wchar_t behind)
 {
     encode(waiting_, behind);
     waiting_ = {};
-}
-
-void AnsiTextWriter::copy(std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        if (used_ == room_) writeOut();
-        const std::size_t count = bytes.copy(bytes_.get() + used_, room_ - used_);
-        used_ += count;
-        bytes.remove_prefix(count);
-    }
 }
 
 void AnsiTextWriter::encode(std::wstring_view text, wchar_t behind)

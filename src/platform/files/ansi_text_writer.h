@@ -2,6 +2,7 @@
 
 #include "platform/files/file_layer.h"
 #include "platform/text/compact_text.h"
+#include "platform/text/single_bytes.h"
 
 #include <memory>
 #include <string_view>
@@ -26,12 +27,12 @@ class AnsiTextWriter {
     bool addLatin(std::string_view piece);
     bool gather(std::wstring_view piece);
     void encodeWaiting(wchar_t behind);
-    void copy(std::string_view bytes);
     void encode(std::wstring_view text, wchar_t behind);
     void makeRoom(std::size_t bytes);
     void writeOut();
 
     const WritePart& write_;
+    const LatinBytes& latin_;
     std::wstring_view waiting_; // what was gathered, or a long piece
     std::unique_ptr<wchar_t[]> gathered_;
     std::unique_ptr<char[]> bytes_;

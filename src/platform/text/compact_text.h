@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/copy_bytes.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -41,7 +43,7 @@ class CompactText {
     bool fitsLatin() const { return isLatin() || wideFitsLatin(); }
     void copyLatin(char* to) const
     {
-        if (isLatin()) latin().copy(to, size());
+        if (isLatin()) copyBytes(to, latin());
         else narrow(to);
     }
 

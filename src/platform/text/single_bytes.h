@@ -20,8 +20,12 @@ class LatinBytes {
     // How many bytes, from the first, are such letters.
     std::size_t prefixOf(std::string_view bytes) const;
     bool areAll(std::string_view bytes) const { return prefixOf(bytes) == bytes.size(); }
+    // The same, and copies them. Of the memory at `to` as much as there are bytes may be written to.
+    std::size_t copyPrefix(std::string_view bytes, char* to) const;
 
   private:
+    template <typename Take> std::size_t passPrefix(std::string_view bytes, Take take) const;
+
     std::array<bool, 256> same_;
 };
 

@@ -1,6 +1,7 @@
 #include "model/site_bytes.h"
 
 #include "model/text_memory.h"
+#include "western_letters.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +10,6 @@
 
 namespace vandrel {
 namespace {
-
-// A code page like those of Western Europe, with a letter above U+00FF and a byte that spells nothing.
-CodePageLetters someLetters()
-{
-    CodePageLetters letters;
-    for (std::size_t byte = 0; byte < letters.size(); ++byte) letters[byte] = static_cast<wchar_t>(byte);
-    letters[0x80] = L'\u20AC';
-    letters[0x81] = static_cast<wchar_t>(0xDC81);
-    return letters;
-}
 
 LatinBytes sameIn(const CodePageLetters& letters)
 {
@@ -36,7 +27,7 @@ class SiteBytesOf : public testing::Test {
         return decoder.decode(*reader.next());
     }
 
-    const CodePageLetters letters = someLetters();
+    const CodePageLetters letters = westernLetters();
     const LatinBytes latin = sameIn(letters);
     TextMemory memory;
     SiteDecoder decoder{letters, latin, memory};

@@ -2,6 +2,7 @@
 
 #include "search/site_match.h"
 #include "test_folding.h"
+#include "western_letters.h"
 
 #include <gtest/gtest.h>
 
@@ -11,21 +12,9 @@
 namespace vandrel {
 namespace {
 
-// A code page like those of Western Europe, with a letter above U+00FF and a byte that spells nothing.
-CodePageLetters someLetters()
-{
-    CodePageLetters letters;
-    for (std::size_t byte = 0; byte < letters.size(); ++byte) letters[byte] = static_cast<wchar_t>(byte);
-    letters[0x80] = L'\u20AC';
-    letters[0x81] = L'\xDC81';
-    letters[0x8C] = L'\u0152';
-    letters[0x9C] = L'\u0153';
-    return letters;
-}
-
 std::wstring decoded(std::string_view bytes)
 {
-    const CodePageLetters letters = someLetters();
+    const CodePageLetters letters = westernLetters();
     std::wstring text(bytes.size(), L'\0');
     decodeSingleBytes(bytes, text.data(), letters);
     return text;
@@ -55,7 +44,7 @@ Found plainly(std::string_view bytes, const SiteMatcher& matcher)
 template <typename OneByOne>
 Found inBytes(std::string_view bytes, const SiteMatcher& matcher, OneByOne oneByOne)
 {
-    const BytePattern pattern(matcher.widest(), someLetters());
+    const BytePattern pattern(matcher.widest(), westernLetters());
     const std::vector<char> exact(bytes.begin(), bytes.end()); // so that reading beyond the end is detected
     ByteSearch search({exact.data(), exact.size()}, pattern);
     Found found;
@@ -144,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(Sections, ByteSearches,
 TEST(ByteSearch, OfNoBytesIsAtItsEnd)
 {
     const Matcher matcher(L"a");
-    const BytePattern pattern(matcher, someLetters());
+    const BytePattern pattern(matcher, westernLetters());
     ByteSearch search("", pattern);
     EXPECT_TRUE(search.atEnd());
     EXPECT_FALSE(search.next());
@@ -155,7 +144,7 @@ TEST(ByteSearch, OfNoBytesIsAtItsEnd)
 TEST(ByteSearch, PassesTheSitesThatCannotHoldTheTerm)
 {
     const Matcher matcher(L"needle");
-    const BytePattern pattern(matcher, someLetters());
+    const BytePattern pattern(matcher, westernLetters());
     ByteSearch search("hay|1\r\nhay|2\r\nneedle|3\r\nhay|4\r\n", pattern);
     const auto site = search.nextCandidate();
     ASSERT_TRUE(site);
@@ -170,7 +159,7 @@ TEST(ByteSearch, PassesTheSitesThatCannotHoldTheTerm)
 TEST(BytePattern, LooksAtEveryLetter)
 {
     const CaseFolding folding = testFolding();
-    const BytePattern pattern(Matcher(L"tHe", folding), someLetters());
+    const BytePattern pattern(Matcher(L"tHe", folding), westernLetters());
     EXPECT_EQ(pattern.candidate("tie toe tee ThE the", 0), 12U);
     EXPECT_EQ(pattern.candidate("tie toe tee ThE the", 13), 16U);
     EXPECT_EQ(pattern.candidate("tie toe tee", 0), std::string_view::npos);
@@ -180,7 +169,7 @@ TEST(BytePattern, LooksAtEveryLetter)
 TEST(BytePattern, FindsALetterThatCountsAsSeveralWhereverItIs)
 {
     const CaseFolding folding = testFolding();
-    const BytePattern pattern(Matcher(L"xaby", folding), someLetters());
+    const BytePattern pattern(Matcher(L"xaby", folding), westernLetters());
     EXPECT_EQ(pattern.candidate("xaay xqy", 0), 6U) << "the q";
     EXPECT_EQ(pattern.candidate("xaby", 0), 0U);
 }
@@ -189,7 +178,7 @@ TEST(BytePattern, FindsLongTerms)
 {
     for (const std::size_t length : {62, 63, 64, 65, 200}) {
         const std::string term(length, 'a');
-        const BytePattern pattern(Matcher(std::wstring(term.begin(), term.end())), someLetters());
+        const BytePattern pattern(Matcher(std::wstring(term.begin(), term.end())), westernLetters());
         EXPECT_EQ(pattern.candidate("ab" + term, 0), 2U) << length;
         EXPECT_EQ(pattern.candidate("ab" + term.substr(1), 0), std::string_view::npos) << length;
         EXPECT_EQ(pattern.candidate("a" + std::string(3, 'b') + term.substr(4) + "b", 0),

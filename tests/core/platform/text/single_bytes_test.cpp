@@ -37,6 +37,9 @@ TEST(LatinBytes, EndBeforeTheFirstOther)
         const std::string_view text(bytes.data(), bytes.size());
         ASSERT_EQ(latin.prefixOf(text), plainPrefix(text));
         ASSERT_EQ(latin.areAll(text), plainPrefix(text) == text.size());
+        std::vector<char> copy(bytes.size());
+        ASSERT_EQ(latin.copyPrefix(text, copy.data()), plainPrefix(text));
+        ASSERT_EQ(std::string_view(copy.data(), plainPrefix(text)), text.substr(0, plainPrefix(text)));
     }
     EXPECT_EQ(latin.prefixOf({}), 0U);
 }
