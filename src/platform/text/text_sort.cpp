@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 namespace vandrel {
@@ -85,9 +86,12 @@ class Sorter {
     void sortByBytes(Entry* first, Entry* last, std::uint64_t differences)
     {
         const auto count = static_cast<std::size_t>(last - first);
-        if (other_.size() < count) other_.resize(count);
+        if (otherSize_ < count) {
+            other_ = std::make_unique_for_overwrite<Entry[]>(count);
+            otherSize_ = count;
+        }
         Entry* from = first;
-        Entry* to = other_.data();
+        Entry* to = other_.get();
         for (unsigned shift = 0; shift < 64; shift += 8) {
             const auto byteOf = [shift](const Entry& e) { return e.key >> shift & 0xFF; };
             if ((differences >> shift & 0xFF) == 0) continue;
@@ -103,7 +107,8 @@ class Sorter {
 
     std::span<const CompactText> texts_;
     std::uint64_t flipped_; // all bits for a descending order
-    std::vector<Entry> other_;
+    std::unique_ptr<Entry[]> other_;
+    std::size_t otherSize_ = 0;
 };
 
 bool inOrder(std::span<const CompactText> texts, bool descending)
@@ -117,8 +122,9 @@ bool inOrder(std::span<const CompactText> texts, bool descending)
 
 std::vector<std::uint32_t> sortedOrder(std::span<const CompactText> texts, bool descending)
 {
-    std::vector<Entry> entries(texts.size());
-    for (std::uint32_t i = 0; i < entries.size(); ++i) entries[i] = {0, i};
+    std::vector<Entry> entries;
+    entries.reserve(texts.size());
+    for (std::uint32_t i = 0; i < texts.size(); ++i) entries.push_back({0, i});
     if (!inOrder(texts, descending)) {
         Sorter(texts, descending).sort(entries.data(), entries.data() + entries.size(), 0);
     }
