@@ -43,10 +43,10 @@ TEST_F(CategoryFile, InLatin1HasTextsOfAByteALetter)
 TEST_F(CategoryFile, WithSomeOtherLettersHasTheirSitesDecoded)
 {
     std::string bytes = "10 \x80|http://a/||1/1/2001\r\n";
-    for (int site = 0; site < 1000; ++site)
-        bytes += "Caf\xE9|http://a/|a \x96 b|1/1/2001\r\nplain|http://b/||\r\n"
-                 "plain|http://b/||\r\nplain|http://b/||\r\nplain|http://b/||\r\n"
-                 "plain|http://b/||\r\nplain|http://b/||\r\nplain|http://b/||\r\n";
+    for (int site = 0; site < 1000; ++site) {
+        bytes += "Caf\xE9|http://a/|a \x96 b|1/1/2001\r\n";
+        for (int other = 0; other < 7; ++other) bytes += "plain|http://b/||\r\n";
+    }
     const Category category = readAndWritten(bytes);
     ASSERT_EQ(category.sites.size(), 8001U);
     EXPECT_TRUE(category.text.empty());
