@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+
 namespace vandrel {
 
 // Users run the program on Windows; Wine is only its test bench. Whatever is done for Wine alone is in this
@@ -18,6 +20,11 @@ void putInLayerUnderWine(HWND window, HWND layer) noexcept;
 // Wine 8.0: selecting thousands of rows of a list one by one takes seconds while the list is painted, so it is
 // not painted during a press with the Shift key. On Windows the control waits for the release during a press.
 bool pausesPressesUnderWine() noexcept;
+
+// Wine 8.0: a row of a list that is selected beside a selected one takes longer the more blocks of selected rows there
+// are. How many rows could be selected in the time that this adds, if `rows` rows in `blocks` blocks are selected one
+// by one.
+std::size_t callsLostToBlocksUnderWine(std::size_t rows, std::size_t blocks) noexcept;
 
 // For tests: while one lives, the program behaves as on Windows.
 class WineDisregarded {

@@ -122,6 +122,15 @@ class ListView : public Control, private RowObserver {
     void markSelection();
     void dropSelection();
     void giveSelection();
+    struct Block {
+        std::size_t begin;
+        std::size_t end;
+        bool selected;
+    };
+    // The marked rows, or those that are not marked, of which the last is before `end`.
+    Block markedBlock(std::size_t end) const;
+    bool selectsFasterFromAll() const;
+    void giveManyRows();
     void setState(int row, UINT state, UINT mask);
     void updateCount(DWORD flags);
     void showSortOrder();
