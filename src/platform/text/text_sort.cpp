@@ -5,8 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <memory>
-#include <utility>
+#include <numeric>
 
 namespace vandrel {
 namespace {
@@ -17,7 +18,7 @@ struct Entry {
 };
 
 // From this many entries on, sorting by the keys' bytes is faster than comparing keys.
-constexpr std::ptrdiff_t manyEntries = 1000;
+constexpr std::ptrdiff_t manyEntries = 256;
 // Of entries, whose texts are anywhere in memory: so many are fetched while the ones before are read.
 constexpr std::ptrdiff_t ahead = 16;
 
@@ -33,6 +34,7 @@ class Sorter {
         while (last - first > 1) {
             std::uint64_t differences = 0;
             for (Entry* e = first; e != last; ++e) {
+                if (last - e > 2 * ahead) prefetch(addressOf(texts_[e[2 * ahead].index]));
                 if (last - e > ahead) fetchText(e[ahead].index, depth);
                 e->key = SortKey::of(texts_[e->index], depth) ^ flipped_;
                 differences |= e->key ^ first->key;
@@ -44,6 +46,11 @@ class Sorter {
     }
 
   private:
+    static std::uintptr_t addressOf(const CompactText& text)
+    {
+        return reinterpret_cast<std::uintptr_t>(&text);
+    }
+
     void fetchText(std::uint32_t index, std::size_t depth) const
     {
         const CompactText& text = texts_[index];
@@ -53,8 +60,7 @@ class Sorter {
 
     void split(Entry* first, Entry* last, std::size_t depth, std::uint64_t differences)
     {
-        if (last - first >= manyEntries) sortByBytes(first, last, differences);
-        else sortByKeys(first, last);
+        sortByKeys(first, last, differences);
         while (first != last) {
             Entry* const end = std::find_if(first + 1, last,
                                             [&](const Entry& e) { return e.key != first->key; });
@@ -75,14 +81,17 @@ class Sorter {
         return false;
     }
 
-    static void sortByKeys(Entry* first, Entry* last)
+    // `differences` has the bits in which the keys differ.
+    void sortByKeys(Entry* first, Entry* last, std::uint64_t differences)
     {
+        if (last - first >= manyEntries) return sortByBytes(first, last, differences);
         std::sort(first, last, [](const Entry& a, const Entry& b) {
             return a.key != b.key ? a.key < b.key : a.index < b.index;
         });
     }
 
-    // Stable, from the lowest byte to the highest; bytes in which no keys differ are left out.
+    // By the highest byte in which keys differ, which keeps the order of equal ones; then those with the same byte by
+    // the others. So entries soon move only among neighbours that the cache holds.
     void sortByBytes(Entry* first, Entry* last, std::uint64_t differences)
     {
         const auto count = static_cast<std::size_t>(last - first);
@@ -90,19 +99,27 @@ class Sorter {
             other_ = std::make_unique_for_overwrite<Entry[]>(count);
             otherSize_ = count;
         }
-        Entry* from = first;
-        Entry* to = other_.get();
-        for (unsigned shift = 0; shift < 64; shift += 8) {
-            const auto byteOf = [shift](const Entry& e) { return e.key >> shift & 0xFF; };
-            if ((differences >> shift & 0xFF) == 0) continue;
-            std::array<std::uint32_t, 256> places{};
-            for (std::size_t i = 0; i < count; ++i) ++places[byteOf(from[i])];
-            std::uint32_t before = 0;
-            for (std::uint32_t& place : places) place = std::exchange(before, before + place);
-            for (std::size_t i = 0; i < count; ++i) to[places[byteOf(from[i])]++] = from[i];
-            std::swap(from, to);
+        const unsigned shift = (63U - static_cast<unsigned>(std::countl_zero(differences))) / 8 * 8;
+        const auto byteOf = [shift](const Entry& e) { return e.key >> shift & 0xFF; };
+        std::array<std::uint32_t, 256> ends{};
+        for (const Entry* e = first; e != last; ++e) ++ends[byteOf(*e)];
+        std::exclusive_scan(ends.begin(), ends.end(), ends.begin(), std::uint32_t{0});
+        for (const Entry* e = first; e != last; ++e) other_[ends[byteOf(*e)]++] = *e;
+        std::copy(other_.get(), other_.get() + count, first);
+        Entry* begin = first;
+        for (const std::uint32_t end : ends) {
+            Entry* const next = first + end;
+            sortTheSame(begin, next);
+            begin = next;
         }
-        if (from != first) std::copy(from, from + count, first);
+    }
+
+    // Entries that agree in a byte, in order of index.
+    void sortTheSame(Entry* first, Entry* last)
+    {
+        std::uint64_t differences = 0;
+        for (const Entry* e = first; e != last; ++e) differences |= e->key ^ first->key;
+        if (differences != 0) sortByKeys(first, last, differences);
     }
 
     std::span<const CompactText> texts_;
