@@ -3,6 +3,7 @@
 #include "platform/text/simd.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
 
@@ -18,6 +19,24 @@ void widen(std::string_view latin, wchar_t* text)
     for (; end - at >= static_cast<std::ptrdiff_t>(unitsInVector); at += unitsInVector, text += unitsInVector)
         UnitVector::widenLatin(at, text);
     while (at != end) *text++ = static_cast<wchar_t>(static_cast<unsigned char>(*at++));
+}
+
+// As memcmp, which takes longer to call than most texts take to compare.
+int compareLatin(std::string_view a, std::string_view b)
+{
+    const std::size_t both = std::min(a.size(), b.size());
+    std::size_t at = 0;
+    for (std::uint64_t one = 0, other = 0; at + sizeof one <= both; at += sizeof one) {
+        std::memcpy(&one, a.data() + at, sizeof one);
+        std::memcpy(&other, b.data() + at, sizeof other);
+        if (one != other) break;
+    }
+    for (; at < both; ++at) {
+        const auto one = static_cast<unsigned char>(a[at]);
+        const auto other = static_cast<unsigned char>(b[at]);
+        if (one != other) return one < other ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
 }
 
 } // namespace
@@ -62,7 +81,7 @@ void CompactText::narrow(char* to) const
 
 int CompactText::compare(const CompactText& other) const
 {
-    if (isLatin() && other.isLatin()) return latin().compare(other.latin()); // as unsigned bytes
+    if (isLatin() && other.isLatin()) return compareLatin(latin(), other.latin());
     if (!isLatin() && !other.isLatin()) return wide().compare(other.wide());
     const std::size_t both = std::min(size(), other.size());
     for (std::size_t unit = 0; unit < both; ++unit) {

@@ -98,6 +98,10 @@ TEST(CompactTexts, CompareByUnitsInWhicheverForms)
         const std::wstring first = randomText(random);
         std::wstring second = random() % 2 == 0 ? first.substr(0, random() % 40) : randomText(random);
         if (random() % 2 == 0) second = first.substr(0, random() % 4) + second;
+        if (random() % 4 == 0 && !first.empty()) {
+            second = first;
+            second[random() % second.size()] = L'\xFF';
+        }
         const Both a(first);
         const Both b(second);
         equal += first == second ? 1 : 0;
