@@ -127,7 +127,7 @@ class ListView : public Control, private RowObserver {
         std::size_t end;
         bool selected;
     };
-    // The marked rows, or those that are not marked, of which the last is before `end`.
+    // The rows just before `end` (above 0) that are all marked, or all not marked.
     Block markedBlock(std::size_t end) const;
     bool selectsFasterFromAll() const;
     void giveManyRows();
